@@ -1,0 +1,190 @@
+#include "dispatcher.h"
+
+#include "engine/numeric.h"
+
+#include <array>
+#include <cmath>
+
+namespace quellpad {
+
+namespace {
+
+// Extended Command2 values that the sequences write.
+constexpr std::uint8_t kSetPreset = 3;
+constexpr std::uint8_t kSetAux = 9;
+constexpr std::uint8_t kClearAux = 11;
+constexpr std::uint8_t kZoneEndMark = 19;
+constexpr std::uint8_t kZoneStore = 17;
+constexpr std::uint8_t kWriteCharacter = 21;
+constexpr std::uint8_t kZoneEndFinish = 27;
+constexpr std::uint8_t kZoneStartBegin = 29;
+
+void Load(Quellpad_Support_Func& k, std::uint8_t command1, std::uint8_t command2,
+          std::uint8_t data1, std::uint8_t data2) {
+    k.Command1 = command1;
+    k.Command2 = command2;
+    k.Data1 = data1;
+    k.Data2 = data2;
+}
+
+// The character code of character `position` (1-based) of the label, a blank past its end.
+std::uint8_t LabelCharacter(const QString& label, int position) {
+    return position >= 1 && position <= label.size()
+               ? ToByte(label[position - 1].unicode())
+               : std::uint8_t{32};
+}
+
+// Digits weighted by powers of ten from the right, each as its code minus 48, so that
+// any character counts as the keyboard has always counted it.
+double SpelledNumber(const QString& characters) {
+    double value = 0;
+    const auto count = characters.size();
+    for (qsizetype i = 0; i < count; ++i) {
+        value += (characters[i].unicode() - 48) * std::pow(10.0, static_cast<double>(count - 1 - i));
+    }
+    return value;
+}
+
+bool RegistersUnchanged(const Quellpad_Support_Func& k) {
+    return k.AuxToggleRequest == 0 && k.Command1 == k.LastCommand1 &&
+           k.Command2 == k.LastCommand2 && k.Data1 == k.LastData1 && k.Data2 == k.LastData2;
+}
+
+bool FramePart(Quellpad_Support_Func& k, const DispatchInputs& in) {
+    if (k.PresetSetStep == 0 && k.ZoneRequest == 0 && RegistersUnchanged(k)) {
+        return false;
+    }
+    if (k.AuxToggleRequest == 2 || k.AuxToggleRequest == 1) {
+        k.Command2 = k.AuxToggleRequest == 2 ? kSetAux : kClearAux;
+        k.Data2 = ToByte(k.AuxNumber);
+        --k.AuxToggleRequest;
+    }
+    if (in.zoneStartSelected) {
+        if (k.ZoneRequest == 1) {
+            Load(k, 0, kZoneStartBegin, 0, 0);
+            k.ZoneRequest = 2;
+        } else if (k.ZoneRequest >= 2 && k.ZoneRequest <= 21) {
+            Load(k, 0, kWriteCharacter, ToByte(k.ZoneRequest - 2),
+                 LabelCharacter(k.LabelText, k.ZoneRequest - 1));
+            k.ZoneRequest = ToByte(k.ZoneRequest + 1);
+        } else if (k.ZoneRequest == 22) {
+            Load(k, 0, kZoneStore, 0, k.ZoneNumber);
+            k.ZoneRequest = 0;
+        }
+    }
+    if (in.zoneEndSelected) {
+        if (k.ZoneRequest == 1) {
+            Load(k, 0, kZoneEndMark, 0, k.ZoneNumber);
+            k.ZoneRequest = 2;
+        } else if (k.ZoneRequest == 2) {
+            Load(k, 0, kZoneEndFinish, 0, 0);
+            k.ZoneRequest = 0;
+        }
+    }
+    if (k.PresetSetStep >= 20 && k.PresetSetStep <= 39) {
+        Load(k, 0, kWriteCharacter, k.PresetSetStep,
+             LabelCharacter(k.LabelText, k.PresetSetStep - 19));
+        k.PresetSetStep = ToByte(k.PresetSetStep + 1);
+    } else if (k.PresetSetStep == 40) {
+        Load(k, 0, kSetPreset, 0, ToByte(k.PresetNumber));
+        k.PresetSetStep = 0;
+    }
+    return true;
+}
+
+bool AsciiPart(Quellpad_Support_Func& k, const DispatchInputs& in, DispatchOutcome& outcome) {
+    const bool registersZero = k.Command1 == 0 && k.Command2 == 0 && k.Data1 == 0 && k.Data2 == 0;
+    // Releasing the last motion control turns the last motion text into the stop-all.
+    if ((!IsNonMotionCommand(k.AsciiCommand) || !k.AnyPortOpen()) && registersZero) {
+        k.AsciiCommand = QStringLiteral("sa");
+    }
+    const bool send = k.GpiToggleRequest != 0 || k.AuxToggleRequest != 0 ||
+                      k.AsciiCommand != k.LastAsciiCommand || k.AlarmTriggerPending ||
+                      k.AlarmResetPending;
+    if (send) {
+        if (k.AlarmRangeStart != 0 && k.AlarmRangeStart <= k.AlarmRangeEnd) {
+            const QString digits = Digits(k.AlarmRangeStart);
+            if (k.AlarmTriggerPending) {
+                k.AsciiCommand = digits + QStringLiteral("Ea");
+            }
+            if (k.AlarmResetPending) {
+                k.AsciiCommand = digits + QStringLiteral("Ia");
+            }
+        }
+        if (k.AuxToggleRequest == 2 || k.AuxToggleRequest == 1) {
+            k.AsciiCommand = Digits(k.AuxNumber) +
+                             (k.AuxToggleRequest == 2 ? QStringLiteral("Aa") : QStringLiteral("Ba"));
+            --k.AuxToggleRequest;
+        }
+        if (k.GpiToggleRequest == 2 || k.GpiToggleRequest == 1) {
+            k.AsciiCommand = Digits(k.AuxNumber) +
+                             (k.GpiToggleRequest == 2 ? QStringLiteral("xa") : QStringLiteral("~xa"));
+            --k.GpiToggleRequest;
+        }
+    }
+    if (k.AlarmTriggerPending || k.AlarmResetPending) {
+        if (k.AlarmRangeStart == 0 || k.AlarmRangeStart > k.AlarmRangeEnd) {
+            k.AlarmTriggerPending = false;
+            k.AlarmResetPending = false;
+            outcome.newInterval = kAsciiModeTick;
+            ParseAlarmRange(k, in.alarmNumberText);
+        } else {
+            k.AlarmRangeStart = ToInt16(k.AlarmRangeStart + 1.0);
+        }
+    }
+    return send;
+}
+
+} // namespace
+
+bool IsNonMotionCommand(const QString& text) {
+    if (text.contains(QLatin1String("la"))) {
+        return true;
+    }
+    static const std::array<QLatin1String, 14> motion{
+        QLatin1String("Da"),  QLatin1String("Ua"),  QLatin1String("La"),  QLatin1String("Ra"),
+        QLatin1String("Wa"),  QLatin1String("Ta"),  QLatin1String("Na"),  QLatin1String("Fa"),
+        QLatin1String("Oa"),  QLatin1String("Ca"),  QLatin1String("dLm"), QLatin1String("dRm"),
+        QLatin1String("dUm"), QLatin1String("dDm")};
+    for (const QLatin1String& mnemonic : motion) {
+        if (text.contains(mnemonic)) {
+            return false;
+        }
+    }
+    return !text.contains(QLatin1String("sa"));
+}
+
+void ParseAlarmRange(Quellpad_Support_Func& k, const QString& text) {
+    const qsizetype position = text.indexOf(QLatin1String("..")) + 1; // 1-based, 0 when absent
+    if (position < 2 || position > 5) {
+        return;
+    }
+    const qsizetype firstPoint = text.indexOf(u'.');
+    const qsizetype lastPoint = text.lastIndexOf(u'.');
+    k.AlarmRangeStart = ToInt16(SpelledNumber(text.left(firstPoint)));
+    k.AlarmRangeEnd = ToInt16(SpelledNumber(text.mid(lastPoint + 1)));
+}
+
+DispatchOutcome CommandChangeTick(Quellpad_Support_Func& k, const DispatchInputs& in) {
+    DispatchOutcome outcome;
+    bool send = false;
+    if (IsFrameMode(k.CurrentMode)) {
+        send = FramePart(k, in);
+    } else if (k.CurrentMode == kModeAscii) {
+        send = AsciiPart(k, in, outcome);
+    } else if (k.CurrentMode == kModeMuxAscii) {
+        send = k.AsciiCommand != k.LastAsciiCommand;
+    }
+    if (send) {
+        k.SendCommand();
+        k.LastCommand1 = k.Command1;
+        k.LastCommand2 = k.Command2;
+        k.LastData1 = k.Data1;
+        k.LastData2 = k.Data2;
+        k.LastAsciiCommand = k.AsciiCommand;
+        outcome.sent = true;
+    }
+    return outcome;
+}
+
+} // namespace quellpad

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "engine/keyboard_state.h"
+
+#include <QString>
+
+#include <optional>
+
+namespace quellpad {
+
+// The motion dispatcher's periods, in milliseconds.
+inline constexpr int kFrameModeTick = 100;
+inline constexpr int kAsciiModeTick = 200;
+inline constexpr int kAlarmRangeTick = 500;
+
+// What the tick reads from the main window's controls.
+struct DispatchInputs {
+    bool zoneStartSelected = false;
+    bool zoneEndSelected = false;
+    QString alarmNumberText;
+};
+
+struct DispatchOutcome {
+    bool sent = false;
+    // The tick's new period, when it changes (an alarm range has finished).
+    std::optional<int> newInterval;
+};
+
+// True for a text that is not a motion command, so that the ASCII stop substitution
+// leaves it alone. "la" marks a label, whose free text may hold any mnemonic by chance.
+bool IsNonMotionCommand(const QString& text);
+
+// Reads an alarm range "a..b" (one to four characters before "..") into
+// AlarmRangeStart and AlarmRangeEnd; any other text changes nothing.
+void ParseAlarmRange(Quellpad_Support_Func& keyboard, const QString& alarmNumberText);
+
+// One tick of CommandChangeTimer: sends the registers or the ASCII text when they differ
+// from what it last sent, or while a multi-frame sequence runs; at most one send.
+DispatchOutcome CommandChangeTick(Quellpad_Support_Func& keyboard, const DispatchInputs& inputs);
+
+} // namespace quellpad

@@ -1,0 +1,224 @@
+#pragma once
+
+#include "console/joystick.h"
+#include "console/lens.h"
+#include "engine/keyboard_state.h"
+#include "ui/error_boundary.h"
+#include "ui/proportional_layout.h"
+
+#include <QMainWindow>
+#include <QPointer>
+
+#include <array>
+
+class QAction;
+class QGroupBox;
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QMenu;
+class QPlainTextEdit;
+class QPushButton;
+class QRadioButton;
+class QTimer;
+
+namespace quellpad {
+
+class FrmTypeCmnds;
+class JoystickBall;
+class JoystickSquare;
+
+// The keyboard's main window: the joystick, the lens buttons, the number boxes and the
+// menus. Its controls only load the keyboard state; CommandChangeTimer sends.
+class FrmMain : public QMainWindow {
+    Q_OBJECT
+public:
+    explicit FrmMain(Quellpad_Support_Func& keyboard, QWidget* parent = nullptr);
+    ~FrmMain() override;
+
+    // Brings the keyboard into a working state: settings, ports, mode, captions, lists and
+    // the dispatcher. Problems that do not stop the start are told once the window shows.
+    void Form_Load();
+
+    // The per-mode visibility and captions of the controls and menus.
+    void ApplyModeControls();
+
+    // The knob back at the rest point.
+    void CentreJoystickBall();
+
+    // The joystick's geometry at this moment, in twips of the window's client area.
+    JoystickGeometry CurrentJoystickGeometry() const;
+    // Twips of the client area for a point of the window's central area.
+    QPointF ToTwips(QPointF canvasPoint) const;
+    // The point of the central area at the given twips of the client area.
+    QPointF FromTwips(QPointF twips) const;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void BuildMenus();
+    void BuildControls();
+    void ConnectHandlers();
+    void LayOut();
+
+    // Options menu.
+    void Com1Option_Click();
+    void Com2Option_Click();
+    void ComOption_Click(int portNumber);
+    void Settings_Menu_Option_Click();
+    void RetransmitTimerOption_Click();
+    void ControlLock_Click();
+    void MenuControlOption_Click();
+    void Type_Commands_Option_Click();
+    void AdvancedCommandsOption_Click();
+    void ExtendedCommands_Click();
+    void SetLabelOption_Click();
+    void AboutOption_Click();
+    void ExitOption_Click();
+
+    // Mode menu.
+    void ASCII_Menu_Option_Click();
+    void MUX_ASCII_Option_Click();
+    void D_Protocol_Menu_Option_Click();
+    void P_Protocol_Menu_Option_Click();
+    void SwitchMode(const QString& mode, QAction* item);
+
+    // Timers.
+    void CommandChangeTimer_Timer();
+    void RetransmitTimer_Timer();
+
+    // Retransmit Time box.
+    void RetransmitTimeTextBox_Change();
+
+    // Lens buttons.
+    void Lens_MouseDown(LensButton button);
+    void Lens_MouseUp(LensButton button);
+    void Lens_Click(LensButton button);
+
+    // Joystick: mouse events of the window.
+    void Form_MouseDown(int button, QPointF canvasPoint);
+    void Form_MouseMove(int buttons, QPointF canvasPoint);
+    void Form_MouseUp();
+    void PlaceBallAt(QPointF twips);
+
+    // Replies from the equipment.
+    void MSComm_OnComm(int portNumber, int eventCode);
+    void Port_LineFailed(int portNumber, const QString& message);
+
+    void RunModalWindow(QDialog& window, bool pauseTimers);
+    void UpdateWindowTitle();
+    void UpdatePortBindings();
+    QPushButton* LensControl(LensButton button) const;
+
+    Quellpad_Support_Func& keyboard_;
+    ui::ErrorBoundary boundary_;
+    ui::ProportionalLayout layout_;
+    JoystickState joystick_;
+    QPointer<FrmTypeCmnds> typeCommands_;
+
+    QWidget* canvas_ = nullptr;
+    JoystickSquare* square_ = nullptr;
+    JoystickBall* ball_ = nullptr;
+    QLabel* portBindings_ = nullptr;
+
+    // Timers.
+    QTimer* CommandChangeTimer = nullptr;
+    QTimer* RetransmitTimer = nullptr;
+    QTimer* HernisPollTimer = nullptr;
+
+    // Menus and items.
+    QMenu* OptionsMenu = nullptr;
+    QMenu* ModeMenu = nullptr;
+    QMenu* AuxMenu = nullptr;
+    QMenu* MacroMenu = nullptr;
+    QMenu* CamLock_Menu = nullptr;
+    QMenu* MuxMenu = nullptr;
+    QMenu* VCR_Menu = nullptr;
+    QMenu* MoreCommandsMenu = nullptr;
+    QAction* Com1Option = nullptr;
+    QAction* Com2Option = nullptr;
+    QAction* RetransmitTimerOption = nullptr;
+    QAction* ControlLock = nullptr;
+    QAction* MenuControlOption = nullptr;
+    QAction* AdvancedCommandsOption = nullptr;
+    QAction* ExtendedCommands = nullptr;
+    QAction* SetLabelOption = nullptr;
+    QAction* Time_Update_Option = nullptr;
+    QAction* SendCameraTitleOption = nullptr;
+    QAction* ASCII_CommandDisplayOption = nullptr;
+    QAction* T_ProtocolCommandsOption = nullptr;
+    QAction* H_Protocol_Poll = nullptr;
+    QAction* D_Protocol_Menu_Option = nullptr;
+    QAction* P_Protocol_Menu_Option = nullptr;
+    QAction* ASCII_Menu_Option = nullptr;
+    QAction* MUX_ASCII_Option = nullptr;
+    QAction* HernisProtocolOption = nullptr;
+    QAction* T_Protocol_Option = nullptr;
+    std::array<QAction*, 6> auxItems_{};   // Aux ON, Aux OFF, Toggle Aux, GPI ON, GPI OFF, Toggle GPI
+    std::array<QAction*, 6> macroItems_{}; // start and halt of macro, sequence, tour
+    QList<QAction*> unofferedItems_;       // entries of features this keyboard does not offer
+
+    // Controls.
+    QLabel* AddressCOM1Label = nullptr;
+    QLineEdit* AddressCOM1_TextBox = nullptr;
+    QLabel* AddressCOM2Label = nullptr;
+    QLineEdit* AddressCOM2_TextBox = nullptr;
+    QLabel* COM1CommandLabel = nullptr;
+    QLabel* COM2CommandLabel = nullptr;
+    QLabel* AccessResponseLabel = nullptr;
+    QPlainTextEdit* AccessResponseTextBox = nullptr;
+    QLabel* RetransmitTimeLabel = nullptr;
+    QLineEdit* RetransmitTimeTextBox = nullptr;
+    QLabel* LensSpeedLabel = nullptr;
+    QListWidget* LensSpeedList = nullptr;
+    std::array<QPushButton*, 6> lensButtons_{};
+    QLabel* PresetNumberLabel = nullptr;
+    QLineEdit* PresetNumberTextBox = nullptr;
+    QPushButton* PresetGoButton = nullptr;
+    QPushButton* PresetSetButton = nullptr;
+    QPushButton* PresetClearButton = nullptr;
+    QLabel* PatternNumberLabel = nullptr;
+    QListWidget* PatternNumberListBox = nullptr;
+    QPushButton* StartPatternButton = nullptr;
+    QPushButton* EndPatternButton = nullptr;
+    QPushButton* RunPatternButton = nullptr;
+    QLabel* AuxNumberLabel = nullptr;
+    QLineEdit* AuxNumberTextBox = nullptr;
+    QLabel* MacroNumberLabel = nullptr;
+    QLineEdit* MacroNumberTextBox = nullptr;
+    QLabel* CameraNumberLabel = nullptr;
+    QLineEdit* CameraNumberTextBox = nullptr;
+    QPushButton* CameraButton = nullptr;
+    QPushButton* CamBackwardStepButton = nullptr;
+    QPushButton* CamForwardStepButton = nullptr;
+    QLabel* MonitorNumberLabel = nullptr;
+    QLineEdit* MonitorNumberTextBox = nullptr;
+    QPushButton* MonitorButton = nullptr;
+    QLabel* AlarmNumberLabel = nullptr;
+    QLineEdit* AlarmNumberTextBox = nullptr;
+    QPushButton* TriggerAlarmButton = nullptr;
+    QPushButton* ResetAlarmButton = nullptr;
+    QPushButton* Alarm_Backward_Step_Button = nullptr;
+    QPushButton* Alarm_Forward_Step_Button = nullptr;
+    QGroupBox* ZoneFrame = nullptr;
+    QRadioButton* ZoneStartOption = nullptr;
+    QRadioButton* ZoneEndOption = nullptr;
+    QRadioButton* ZoneScanOnOption = nullptr;
+    QRadioButton* ZoneScanOffOption = nullptr;
+    QLabel* ZoneNumberLabel = nullptr;
+    QListWidget* ZoneNumberList = nullptr;
+    QPushButton* ZoneButton = nullptr;
+    QGroupBox* MiscFrame = nullptr;
+    QRadioButton* FlipOption = nullptr;
+    QRadioButton* RemoteResetOption = nullptr;
+    QRadioButton* ClearScreenOption = nullptr;
+    QRadioButton* ZoomSpeedOption = nullptr;
+    QRadioButton* FocusSpeedOption = nullptr;
+    QPushButton* MiscSendButton = nullptr;
+    QGroupBox* HernisDataFrame = nullptr;
+    QList<QWidget*> hernisControls_; // arrows, wipers and poll: never shown by this keyboard
+};
+
+} // namespace quellpad

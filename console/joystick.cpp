@@ -1,0 +1,157 @@
+#include "joystick.h"
+
+#include "engine/numeric.h"
+
+#include <algorithm>
+#include <array>
+
+namespace quellpad {
+
+namespace {
+
+enum class Axis { Pan, Tilt };
+
+struct Direction {
+    Axis axis;
+    int sign; // +1 when the distance grows with the coordinate (right, down)
+    double scale;
+    int limit;
+    std::uint8_t bit;
+    QLatin1String ascii;
+    QLatin1String asciiStop;
+    QLatin1String mux;
+    QLatin1String muxStop;
+};
+
+// In this order: the stop texts of left and right replace each other, those of down and
+// up follow them.
+const std::array<Direction, 4> kDirections{{
+    {Axis::Pan, -1, 60, 64, 0x04, QLatin1String("La"), QLatin1String("~La"), QLatin1String("dLm"),
+     QLatin1String("~dLm")},
+    {Axis::Pan, +1, 60, 64, 0x02, QLatin1String("Ra"), QLatin1String("~Ra"), QLatin1String("dRm"),
+     QLatin1String("~dRm")},
+    {Axis::Tilt, +1, 59, 63, 0x10, QLatin1String("Da"), QLatin1String("~Da"), QLatin1String("dDm"),
+     QLatin1String("~dDm")},
+    {Axis::Tilt, -1, 59, 63, 0x08, QLatin1String("Ua"), QLatin1String("~Ua"), QLatin1String("dUm"),
+     QLatin1String("~dUm")},
+}};
+
+} // namespace
+
+int JoystickSpeed(double distance, double halfSize, double deadSize, double scale, int limit) {
+    if (distance <= deadSize) {
+        return 0;
+    }
+    const double speed = IntPart(scale / (halfSize - deadSize) * (distance - deadSize)) + 7;
+    return speed > limit ? limit : static_cast<int>(speed);
+}
+
+QPointF JoystickRestPoint(const JoystickGeometry& g) {
+    return {g.windowWidth / 2, g.windowHeight / 2};
+}
+
+bool UpdateJoystick(Quellpad_Support_Func& k, JoystickState& state, int button, double x,
+                    double y, const JoystickGeometry& g) {
+    QString stops;
+    if (button == kLeftButton) {
+        state.JoystickLatched = false;
+    }
+    if (button == kRightButton) {
+        state.JoystickLatched = !state.JoystickLatched;
+    }
+    if (button != kLeftButton && !state.JoystickLatched) {
+        return false;
+    }
+    const double squareRight = g.squareLeft + g.squareWidth;
+    const double squareBottom = g.squareTop + g.squareHeight;
+    if (!(g.squareLeft < x && x < squareRight && g.squareTop < y && y < squareBottom)) {
+        return false;
+    }
+    if (k.Command2 & 0x01) {
+        k.Command1 = k.Command2 = k.Data1 = k.Data2 = 0;
+    }
+    state.JoystickDragging = true;
+
+    const double restX = ToInt16(g.windowWidth / 2);
+    const double restY = ToInt16(g.windowHeight / 2);
+    const double deadX = IntPart((g.squareLeft + g.squareWidth - RoundHalfEven(g.squareLeft)) / 20);
+    const double deadY = IntPart((g.squareTop + g.squareHeight - RoundHalfEven(g.squareTop)) / 20);
+    k.AsciiCommand.clear();
+
+    std::array<bool, 4> idle{};
+    for (std::size_t i = 0; i < kDirections.size(); ++i) {
+        const Direction& d = kDirections[i];
+        const bool pan = d.axis == Axis::Pan;
+        const double distance = pan ? d.sign * (x - restX) : d.sign * (y - restY);
+        const double halfSize = pan ? squareRight - restX : squareBottom - restY;
+        const double dead = pan ? deadX : deadY;
+        if (distance <= dead) {
+            k.Command2 &= static_cast<std::uint8_t>(~d.bit);
+            idle[i] = true;
+            QString stop;
+            if (k.CurrentMode == kModeAscii && k.LastAsciiCommand.contains(d.ascii) &&
+                !k.LastAsciiCommand.contains(d.asciiStop)) {
+                stop = d.asciiStop;
+            } else if (k.CurrentMode == kModeMuxAscii && k.LastAsciiCommand.contains(d.mux) &&
+                       !k.LastAsciiCommand.contains(d.muxStop)) {
+                stop = d.muxStop;
+            }
+            if (!stop.isEmpty()) {
+                stops = pan ? stop : stops + stop;
+            }
+            continue;
+        }
+        // Within the square the speed never passes its limit; clamping before the byte
+        // conversion keeps a window laid out off-centre from overflowing all the same.
+        const int speed = JoystickSpeed(distance, halfSize, dead, d.scale, d.limit);
+        (pan ? k.Data1 : k.Data2) = ToByte(speed);
+        if (k.Command2 & 0x01) {
+            k.Command2 = 0;
+        }
+        if (IsFrameMode(k.CurrentMode)) {
+            k.Command2 |= d.bit;
+        } else if (k.CurrentMode == kModeAscii) {
+            k.AsciiCommand += QString::number(speed) + d.ascii;
+        } else if (k.CurrentMode == kModeMuxAscii) {
+            k.AsciiCommand = i == 0 ? QString(d.mux) : k.AsciiCommand + d.mux;
+        }
+    }
+    if (IsAsciiMode(k.CurrentMode)) {
+        k.AsciiCommand = stops + k.AsciiCommand;
+    }
+    const bool panIdle = idle[0] && idle[1];
+    const bool tiltIdle = idle[2] && idle[3];
+    if (panIdle) {
+        k.Data1 = 0;
+    }
+    if (tiltIdle) {
+        k.Data2 = 0;
+    }
+    if (panIdle && tiltIdle && k.CurrentMode == kModeAscii) {
+        k.AsciiCommand = QStringLiteral("sa");
+    }
+    return true;
+}
+
+bool ReleaseJoystick(Quellpad_Support_Func& k, JoystickState& state) {
+    if (k.ControlLockOn || !state.JoystickDragging || state.JoystickLatched) {
+        return false;
+    }
+    state.JoystickDragging = false;
+    // Pan, tilt and any one-shot bit go; zoom and focus-far stay with their buttons.
+    k.Command2 &= 0xE0;
+    k.Data1 = 0;
+    k.Data2 = 0;
+    if (k.CurrentMode == kModeMuxAscii) {
+        k.AsciiCommand.clear();
+        for (const Direction* d : {&kDirections[0], &kDirections[1], &kDirections[3],
+                                   &kDirections[2]}) {
+            if (k.LastAsciiCommand.contains(d->mux)) {
+                k.AsciiCommand += d->muxStop;
+            }
+        }
+    }
+    return true;
+}
+
+} // namespace quellpad

@@ -1,0 +1,98 @@
+#include "lens.h"
+
+#include <array>
+
+namespace quellpad {
+
+namespace {
+
+enum class Register { Command1, Command2 };
+
+struct Bits {
+    Register setRegister;
+    std::uint8_t setBit;
+    Register clearRegister; // the partner's bit, cleared in the same step
+    std::uint8_t clearBit;
+};
+
+struct LensAction {
+    const char* name;
+    const char* caption;
+    LensButton partner;
+    Bits d;
+    Bits p; // also what "ASCII" sets, so that the dispatcher sees when all has stopped
+    const char* asciiOn;
+    const char* asciiOff;
+    bool zoom; // zoom bits change in every mode, even where no text is sent
+};
+
+using R = Register;
+const std::array<LensAction, 6> kActions{{
+    {"FocusNear", "Focus Near", LensButton::FocusFar, {R::Command1, 0x01, R::Command2, 0x80},
+     {R::Command1, 0x02, R::Command1, 0x01}, "Na", "~Na", false},
+    {"FocusFar", "Focus Far", LensButton::FocusNear, {R::Command2, 0x80, R::Command1, 0x01},
+     {R::Command1, 0x01, R::Command1, 0x02}, "Fa", "~Fa", false},
+    {"IrisOpen", "Iris Open", LensButton::IrisClose, {R::Command1, 0x02, R::Command1, 0x04},
+     {R::Command1, 0x04, R::Command1, 0x08}, "Oa", "~Oa", false},
+    {"IrisClose", "Iris Close", LensButton::IrisOpen, {R::Command1, 0x04, R::Command1, 0x02},
+     {R::Command1, 0x08, R::Command1, 0x04}, "Ca", "~Ca", false},
+    {"ZoomIn", "Zoom In", LensButton::ZoomOut, {R::Command2, 0x20, R::Command2, 0x40},
+     {R::Command2, 0x20, R::Command2, 0x40}, "Ta", "~Ta", true},
+    {"ZoomOut", "Zoom Out", LensButton::ZoomIn, {R::Command2, 0x40, R::Command2, 0x20},
+     {R::Command2, 0x40, R::Command2, 0x20}, "Wa", "~Wa", true},
+}};
+
+const LensAction& ActionOf(LensButton button) {
+    return kActions[static_cast<std::size_t>(button)];
+}
+
+std::uint8_t& RegisterOf(Quellpad_Support_Func& k, Register r) {
+    return r == Register::Command1 ? k.Command1 : k.Command2;
+}
+
+// The bits that apply in the current mode, or none where the button does nothing.
+const Bits* BitsFor(const Quellpad_Support_Func& k, const LensAction& action) {
+    if (k.CurrentMode == kModeD) {
+        return &action.d;
+    }
+    if (k.CurrentMode == kModeP || k.CurrentMode == kModeAscii) {
+        return &action.p;
+    }
+    return action.zoom ? &action.d : nullptr;
+}
+
+} // namespace
+
+const char* LensButtonName(LensButton button) { return ActionOf(button).name; }
+
+QString LensPlainCaption(LensButton button) {
+    return QString::fromLatin1(ActionOf(button).caption);
+}
+
+LensButton LensPartner(LensButton button) { return ActionOf(button).partner; }
+
+void SwitchLensOn(Quellpad_Support_Func& k, LensButton button) {
+    if (k.Command2 & 0x01) {
+        k.Command1 = k.Command2 = k.Data1 = k.Data2 = 0;
+    }
+    const LensAction& action = ActionOf(button);
+    if (const Bits* bits = BitsFor(k, action)) {
+        RegisterOf(k, bits->setRegister) |= bits->setBit;
+        RegisterOf(k, bits->clearRegister) &= static_cast<std::uint8_t>(~bits->clearBit);
+    }
+    if (k.CurrentMode == kModeAscii) {
+        k.AsciiCommand = QString::fromLatin1(action.asciiOn);
+    }
+}
+
+void SwitchLensOff(Quellpad_Support_Func& k, LensButton button) {
+    const LensAction& action = ActionOf(button);
+    if (const Bits* bits = BitsFor(k, action)) {
+        RegisterOf(k, bits->setRegister) &= static_cast<std::uint8_t>(~bits->setBit);
+    }
+    if (k.CurrentMode == kModeAscii) {
+        k.AsciiCommand = QString::fromLatin1(action.asciiOff);
+    }
+}
+
+} // namespace quellpad

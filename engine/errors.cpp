@@ -1,0 +1,39 @@
+#include "errors.h"
+
+namespace quellpad {
+
+namespace {
+
+QString Describe(int portNumber, const QString& device, PortFailure failure,
+                 const QString& reason) {
+    const QString port = QStringLiteral("COM %1 (%2)").arg(portNumber).arg(device);
+    switch (failure) {
+    case PortFailure::NoSuchPort:
+        return QStringLiteral("%1 could not be opened: there is no such port (%2).")
+            .arg(port, reason);
+    case PortFailure::InUse:
+        return QStringLiteral("%1 could not be opened: it is in use by another program (%2).")
+            .arg(port, reason);
+    case PortFailure::NotSerial:
+        return QStringLiteral("%1 could not be opened: the device is not a serial port (%2).")
+            .arg(port, reason);
+    case PortFailure::BadSettings:
+        return QStringLiteral("%1: %2").arg(port, reason);
+    case PortFailure::WriteFailed:
+        return QStringLiteral("%1 could not be written: %2.").arg(port, reason);
+    case PortFailure::Vanished:
+        return QStringLiteral("%1 stopped working and has been closed: %2.").arg(port, reason);
+    case PortFailure::Other:
+        break;
+    }
+    return QStringLiteral("%1: %2.").arg(port, reason);
+}
+
+} // namespace
+
+PortError::PortError(int portNumber, const QString& device, PortFailure failure,
+                     const QString& reason)
+    : QuellpadError(Describe(portNumber, device, failure, reason)), portNumber_(portNumber),
+      device_(device), failure_(failure), reason_(reason) {}
+
+} // namespace quellpad

@@ -1,0 +1,183 @@
+#include "keyboard_state.h"
+
+#include "errors.h"
+#include "settings_file.h"
+
+#include <array>
+
+namespace quellpad {
+
+namespace {
+
+// The frames are built in working arrays of this size; only 7 or 8 bytes are used.
+constexpr std::size_t kFrameCapacity = 15;
+using Frame = std::array<std::uint8_t, kFrameCapacity>;
+
+Frame BuildDFrame(std::uint8_t address, const Quellpad_Support_Func& k) {
+    Frame f{};
+    f[0] = 0xFF;
+    f[1] = address;
+    f[2] = k.Command1;
+    f[3] = k.Command2;
+    f[4] = k.Data1;
+    f[5] = k.Data2;
+    int sum = f[1] + f[2] + f[3] + f[4] + f[5];
+    while (sum >= 256) {
+        sum -= 256;
+    }
+    f[6] = static_cast<std::uint8_t>(sum);
+    return f;
+}
+
+Frame BuildPFrame(std::uint8_t address, const Quellpad_Support_Func& k) {
+    Frame f{};
+    f[0] = 0xA0;
+    // Address 0 has no P form: this conversion fails before anything is written.
+    f[1] = ToByte(address - 1.0);
+    f[2] = k.Command1;
+    f[3] = k.Command2;
+    f[4] = k.Data1;
+    f[5] = k.Data2;
+    f[6] = 0xAF;
+    std::uint8_t check = 0;
+    for (std::size_t i = 0; i < 7; ++i) {
+        check ^= f[i];
+    }
+    f[7] = check;
+    return f;
+}
+
+QString SplitLongEcho(const QString& text) {
+    return text.size() >= 14 ? text.left(13) + QStringLiteral("\r\n") + text.mid(13) : text;
+}
+
+QString LeftTrimmed(const QString& text) {
+    qsizetype i = 0;
+    while (i < text.size() && text[i] == u' ') {
+        ++i;
+    }
+    return text.mid(i);
+}
+
+} // namespace
+
+bool IsAsciiMode(const QString& mode) { return mode == kModeAscii || mode == kModeMuxAscii; }
+bool IsFrameMode(const QString& mode) { return mode == kModeD || mode == kModeP; }
+
+QString HexByte(std::uint8_t value) {
+    return QStringLiteral("%1").arg(value, 2, 16, QLatin1Char('0')).toUpper();
+}
+
+Quellpad_Support_Func::Quellpad_Support_Func(LineFactory makeLine, QObject* parent)
+    : QObject(parent), SettingsPath(SettingsFilePath()), com1_(makeLine(1)),
+      com2_(makeLine(2)) {}
+
+Quellpad_Support_Func::~Quellpad_Support_Func() = default;
+
+void Quellpad_Support_Func::SetCommandBytes(LooseNumber command1, LooseNumber command2,
+                                            LooseNumber data1, LooseNumber data2) {
+    LastCommand1 = 0;
+    LastCommand2 = 0;
+    LastData1 = 0;
+    LastData2 = 0;
+    Command1 = ToByte(command1.Value());
+    Command2 = ToByte(command2.Value());
+    Data1 = ToByte(data1.Value());
+    Data2 = ToByte(data2.Value());
+}
+
+void Quellpad_Support_Func::ClearCommandBytes() {
+    LastCommand1 = LastCommand2 = LastData1 = LastData2 = 0;
+    Command1 = Command2 = Data1 = Data2 = 0;
+}
+
+bool Quellpad_Support_Func::AnyPortOpen() const {
+    const bool com1 = com1_->IsOpen();
+    const bool com2 = com2_->IsOpen();
+    return com1 || com2;
+}
+
+void Quellpad_Support_Func::SendCommand() {
+    if (IsAsciiMode(CurrentMode)) {
+        AsciiCommand = LeftTrimmed(AsciiCommand);
+        // Every character is converted before the first is written, so a text that
+        // cannot be sent puts nothing at all on the wire.
+        QByteArray bytes;
+        bytes.reserve(AsciiCommand.size());
+        for (const QChar c : AsciiCommand) {
+            bytes.append(static_cast<char>(ToByte(c.unicode())));
+        }
+        for (const char c : bytes) {
+            const auto byte = static_cast<std::uint8_t>(c);
+            if (com1_->IsOpen()) {
+                Com1OutByte = byte;
+                com1_->Output(Com1OutByte);
+            }
+            if (com2_->IsOpen()) {
+                Com2OutByte = byte;
+                com2_->Output(Com2OutByte);
+            }
+        }
+        emit CommandEchoed(com1_->IsOpen() ? SplitLongEcho(AsciiCommand) : QString(),
+                           com2_->IsOpen() ? SplitLongEcho(AsciiCommand) : QString());
+        return;
+    }
+    if (!IsFrameMode(CurrentMode)) {
+        return;
+    }
+    const bool p = CurrentMode == kModeP;
+    const Frame frame1 = p ? BuildPFrame(AddressCOM1, *this) : BuildDFrame(AddressCOM1, *this);
+    const Frame frame2 = p ? BuildPFrame(AddressCOM2, *this) : BuildDFrame(AddressCOM2, *this);
+    const std::size_t length = p ? 8 : 7;
+    for (std::size_t i = 0; i < length; ++i) {
+        if (com1_->IsOpen()) {
+            Com1OutByte = frame1[i];
+            com1_->Output(Com1OutByte);
+        }
+        if (com2_->IsOpen()) {
+            Com2OutByte = frame2[i];
+            com2_->Output(Com2OutByte);
+        }
+    }
+    emit CommandEchoed(com1_->IsOpen() ? FormatFrameHex(frame1) : QString(),
+                       com2_->IsOpen() ? FormatFrameHex(frame2) : QString());
+}
+
+QString Quellpad_Support_Func::FormatFrameHex(std::span<const std::uint8_t> frame) const {
+    const std::size_t length = CurrentMode == kModeD ? 7 : CurrentMode == kModeP ? 8 : 0;
+    QString text;
+    for (std::size_t i = 0; i < length && i < frame.size(); ++i) {
+        text += HexByte(frame[i]) + u' ';
+    }
+    return text;
+}
+
+QString Quellpad_Support_Func::LineSettingsText() const {
+    return BaudRate + u',' + Parity + QStringLiteral(",8,1");
+}
+
+void Quellpad_Support_Func::SaveSettings() const {
+    WriteSettingsFile(SettingsPath,
+                      {BaudRate, Parity, HoldRts, AvailablePorts, CurrentMode, EnabledPorts});
+}
+
+void Quellpad_Support_Func::DetectPorts() {
+    AvailablePorts.clear();
+    for (int number = 1; number <= 2; ++number) {
+        SerialLine& port = Port(number);
+        bool exists = false;
+        try {
+            port.Open();
+            exists = port.IsOpen();
+        } catch (const PortError& error) {
+            // A port held by another program exists all the same.
+            exists = error.Failure() == PortFailure::InUse;
+        }
+        port.Close();
+        if (exists) {
+            AvailablePorts += number == 1 ? QStringLiteral("1") : QStringLiteral(" 2");
+        }
+    }
+}
+
+} // namespace quellpad

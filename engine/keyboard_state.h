@@ -1,0 +1,125 @@
+#pragma once
+
+#include "numeric.h"
+#include "serial_device.h"
+#include "serial_line.h"
+
+#include <QObject>
+#include <QString>
+
+#include <cstdint>
+#include <memory>
+#include <span>
+
+namespace quellpad {
+
+inline const QString kModeAscii = QStringLiteral("ASCII");
+inline const QString kModeMuxAscii = QStringLiteral("MUX ASCII");
+inline const QString kModeD = QStringLiteral("D");
+inline const QString kModeP = QStringLiteral("P");
+
+bool IsAsciiMode(const QString& mode);   // "ASCII" or "MUX ASCII"
+bool IsFrameMode(const QString& mode);   // "D" or "P"
+
+// The byte in upper-case hexadecimal, always two characters ("0F", "AF").
+QString HexByte(std::uint8_t value);
+
+// The keyboard's one block of shared state, with the procedures that every window uses:
+// the command registers, the ASCII command, the serial settings mirrored in
+// Settings.dat, the two COM ports, and the one routine that puts a command on the wire.
+// Fields are read and written directly by the windows; there are no accessors.
+class Quellpad_Support_Func : public QObject {
+    Q_OBJECT
+public:
+    explicit Quellpad_Support_Func(LineFactory makeLine = &MakeDeviceLine,
+                                   QObject* parent = nullptr);
+    ~Quellpad_Support_Func() override;
+
+    // Command registers.
+    QString CurrentMode;
+    std::uint8_t AddressCOM1 = 1;
+    std::uint8_t AddressCOM2 = 1;
+    std::uint8_t Command1 = 0;
+    // Bit 0 set marks a one-shot command that retransmission must not repeat.
+    std::uint8_t Command2 = 0;
+    std::uint8_t Data1 = 0;
+    std::uint8_t Data2 = 0;
+    std::uint8_t LastCommand1 = 0;
+    std::uint8_t LastCommand2 = 0;
+    std::uint8_t LastData1 = 0;
+    std::uint8_t LastData2 = 0;
+    QString AsciiCommand;
+    QString LastAsciiCommand;
+
+    // Serial settings, the lines of Settings.dat.
+    QString BaudRate;
+    QString Parity;
+    QString HoldRts;
+    QString AvailablePorts;
+    QString EnabledPorts;
+
+    // Flags and values of the main window.
+    bool RetransmitOn = false;
+    std::int32_t RetransmitInterval = 1000;
+    bool ControlLockOn = false;
+    std::int16_t PresetNumber = 1;
+    QString Com1Response;
+    QString Com2Response;
+    std::uint8_t Com1OutByte = 0;
+    std::uint8_t Com2OutByte = 0;
+
+    // Numbered-target requests, armed by the operator's commands and stepped by the
+    // motion dispatcher one frame per tick.
+    std::uint8_t AuxToggleRequest = 0;
+    std::uint8_t GpiToggleRequest = 0;
+    std::int32_t AuxNumber = 0;
+    std::uint8_t ZoneRequest = 0;
+    std::uint8_t ZoneNumber = 0;
+    std::uint8_t PresetSetStep = 0;
+    QString LabelText;
+    std::int16_t MacroNumber = 0;
+    std::int16_t AlarmRangeStart = 0;
+    std::int16_t AlarmRangeEnd = 0;
+    bool AlarmTriggerPending = false;
+    bool AlarmResetPending = false;
+
+    // Where Settings.dat is read and written.
+    QString SettingsPath;
+
+    SerialLine& MSComm1() { return *com1_; }
+    SerialLine& MSComm2() { return *com2_; }
+    SerialLine& Port(int portNumber) { return portNumber == 1 ? *com1_ : *com2_; }
+    const SerialLine& Port(int portNumber) const { return portNumber == 1 ? *com1_ : *com2_; }
+
+    // Zeroes the last-sent copies, then stores the four values as bytes, so that the
+    // dispatcher sends them at its next tick. Fails with OverflowError outside 0..255;
+    // the registers stored before the failing one keep their new values.
+    void SetCommandBytes(LooseNumber command1, LooseNumber command2, LooseNumber data1,
+                         LooseNumber data2);
+    void ClearCommandBytes();
+    bool AnyPortOpen() const;
+
+    // Builds the frame or text of the current mode for each port and writes it byte by
+    // byte to every open port, COM 1 first, then echoes it (CommandEchoed).
+    void SendCommand();
+    // The frame as the operator reads it: 7 bytes in "D", 8 in "P", each as two hex
+    // digits and a blank; "" in other modes.
+    QString FormatFrameHex(std::span<const std::uint8_t> frame) const;
+
+    // The line settings text of both ports, such as "2400,n,8,1".
+    QString LineSettingsText() const;
+    // Writes the six settings to Settings.dat; fails with SettingsError.
+    void SaveSettings() const;
+    // Finds which of COM 1 and COM 2 exist: "", "1", " 2" or "1 2" in AvailablePorts.
+    void DetectPorts();
+
+signals:
+    // The echo captions under COM 1 and COM 2 after a command was sent.
+    void CommandEchoed(const QString& com1, const QString& com2);
+
+private:
+    std::unique_ptr<SerialLine> com1_;
+    std::unique_ptr<SerialLine> com2_;
+};
+
+} // namespace quellpad

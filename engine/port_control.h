@@ -1,0 +1,35 @@
+#pragma once
+
+#include "keyboard_state.h"
+
+#include <QStringList>
+
+namespace quellpad {
+
+// The Options menu's COM n item: opens the port when it is closed, closes it when it is
+// open (its real state decides, not the menu's check mark), records the enabled ports
+// and saves the settings. otherPortChecked is the other COM item's check mark.
+// Returns whether the port is now open. An open that fails raises PortError before
+// anything is recorded or saved.
+bool TogglePort(Quellpad_Support_Func& keyboard, int portNumber, bool otherPortChecked);
+
+// Gives every available port the current line settings and RTS, closing and reopening a
+// port that is open; a port not listed in AvailablePorts keeps its old parameters.
+void ApplyLineSettings(Quellpad_Support_Func& keyboard);
+
+// The reset of the shared state at start-up, before Settings.dat is read.
+void ResetKeyboardState(Quellpad_Support_Func& keyboard);
+
+// Start-up of the command engine: resets the state, reads or creates Settings.dat,
+// completes it with defaults, replaces the unselectable modes "T" and "H" by "D",
+// configures both ports and opens the enabled ones. A port that will not open, or a
+// file that cannot be written, does not stop the start: each is one line of the result,
+// for the operator to read once the window is up.
+QStringList StartKeyboard(Quellpad_Support_Func& keyboard);
+
+// Raises the system timer resolution to 1 ms, and restores it, where the platform has
+// such a setting (elsewhere timers are already this fine).
+void RaiseTimerResolution();
+void RestoreTimerResolution();
+
+} // namespace quellpad

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QByteArray>
+#include <QObject>
+#include <QString>
+
+#include <cstdint>
+
+namespace quellpad {
+
+// One COM port of the keyboard as the program sees it. The windows and the command
+// engine talk only to this interface, so a COM port can be bound to something other
+// than a local device (a simulated line, a network serial server) without touching them.
+class SerialLine : public QObject {
+    Q_OBJECT
+public:
+    // Event code of CommEvent when bytes have arrived.
+    static constexpr int kDataReceived = 2;
+
+    using QObject::QObject;
+
+    virtual int PortNumber() const = 0;
+    // What the port is bound to, as the operator should read it ("/dev/ttyUSB0").
+    virtual QString Device() const = 0;
+
+    // Line settings text such as "9600,e,8,1"; fails with PortError (BadSettings) when
+    // the text cannot be applied. Takes effect at once on an open port.
+    virtual void SetSettings(const QString& settings) = 0;
+    virtual void SetRtsEnable(bool enable) = 0;
+    virtual void SetBufferSizes(int inputBytes, int outputBytes) = 0;
+    // Most bytes that one Input() returns.
+    virtual void SetInputLength(int bytes) = 0;
+
+    // Fails with PortError; a port that is already open stays open.
+    virtual void Open() = 0;
+    virtual void Close() = 0;
+    virtual bool IsOpen() const = 0;
+
+    // Hands one byte to the driver at once; fails with PortError.
+    virtual void Output(std::uint8_t byte) = 0;
+    // The bytes waiting, up to the input length.
+    virtual QByteArray Input() = 0;
+
+signals:
+    // A communications event; kDataReceived when bytes are waiting for Input().
+    void CommEvent(int code);
+    // The line failed while open (a device that vanished) and has been closed.
+    // Raised once per failure, however many errors the driver reports.
+    void LineFailed(const QString& message);
+};
+
+} // namespace quellpad

@@ -1,0 +1,53 @@
+#include "fixtures.h"
+
+#include <QFile>
+
+namespace quellpad::test {
+
+QList<ui::Message>& ShownMessages() {
+    static QList<ui::Message> messages;
+    return messages;
+}
+
+void KeyboardFixture::SetUp() {
+    ShownMessages().clear();
+    qputenv("QUELLPAD_SETTINGS_DIR", dir_.path().toLocal8Bit());
+    Bind(1, com1_.SlavePath());
+    Bind(2, com2_.SlavePath());
+    MakeKeyboard();
+}
+
+void KeyboardFixture::TearDown() { keyboard_.reset(); }
+
+void KeyboardFixture::Bind(int portNumber, const QString& device) {
+    qputenv(portNumber == 1 ? "QUELLPAD_COM1" : "QUELLPAD_COM2", device.toLocal8Bit());
+}
+
+void KeyboardFixture::MakeKeyboard() {
+    keyboard_.reset();
+    keyboard_ = std::make_unique<Quellpad_Support_Func>();
+}
+
+QString KeyboardFixture::SettingsPath() const { return dir_.filePath(QStringLiteral("Settings.dat")); }
+
+void KeyboardFixture::WriteSettings(const QByteArray& content) const {
+    QFile file(SettingsPath());
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(content);
+}
+
+QByteArray KeyboardFixture::ReadSettings() const {
+    QFile file(SettingsPath());
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<missing>");
+}
+
+void KeyboardFixture::OpenPorts(bool com1, bool com2) {
+    if (com1) {
+        keyboard_->MSComm1().Open();
+    }
+    if (com2) {
+        keyboard_->MSComm2().Open();
+    }
+}
+
+} // namespace quellpad::test

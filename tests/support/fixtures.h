@@ -1,0 +1,54 @@
+#pragma once
+
+#include "pseudo_terminal.h"
+
+#include "engine/keyboard_state.h"
+#include "ui/messages.h"
+
+#include <QList>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <ostream>
+
+// Readable failures: texts as text, bytes as hexadecimal.
+QT_BEGIN_NAMESPACE
+inline void PrintTo(const QString& text, std::ostream* out) {
+    *out << '"' << text.toStdString() << '"';
+}
+inline void PrintTo(const QByteArray& bytes, std::ostream* out) {
+    *out << '[' << bytes.toHex(' ').toStdString() << ']';
+}
+QT_END_NAMESPACE
+
+namespace quellpad::test {
+
+// Messages the program showed the operator during a test, in order.
+QList<ui::Message>& ShownMessages();
+
+// Settings.dat in a fresh folder, COM 1 and COM 2 bound to fresh pseudo-terminals (or to
+// paths where nothing answers), and the keyboard state built on them.
+class KeyboardFixture : public ::testing::Test {
+protected:
+    void SetUp() override;
+    void TearDown() override;
+
+    // Binds COM n to a device path; takes effect for the next keyboard made.
+    static void Bind(int portNumber, const QString& device);
+    // Makes the keyboard on the current bindings (SetUp binds both to ptys).
+    void MakeKeyboard();
+    QString SettingsPath() const;
+    void WriteSettings(const QByteArray& content) const;
+    QByteArray ReadSettings() const;
+    // Opens the ports as the Options menu would.
+    void OpenPorts(bool com1, bool com2);
+
+    QTemporaryDir dir_;
+    PseudoTerminal com1_;
+    PseudoTerminal com2_;
+    std::unique_ptr<Quellpad_Support_Func> keyboard_;
+};
+
+} // namespace quellpad::test

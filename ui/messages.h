@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+class QWidget;
+
+namespace quellpad::ui {
+
+enum class MessageButtons { Ok, OkCancel };
+
+struct Message {
+    QString text;
+    QString title; // empty: the program's own name
+    MessageButtons buttons = MessageButtons::Ok;
+};
+
+// Shows a modal message to the operator and waits until it is closed.
+void ShowMessage(QWidget* parent, const Message& message);
+
+// Replaces how messages are shown (tests record them instead of waiting for a click);
+// returns the one that was in force.
+using MessagePresenter = std::function<void(QWidget* parent, const Message& message)>;
+MessagePresenter SetMessagePresenter(MessagePresenter presenter);
+
+} // namespace quellpad::ui
