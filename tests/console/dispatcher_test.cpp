@@ -1,0 +1,173 @@
+#include "fixtures.h"
+
+#include "console/dispatcher.h"
+
+namespace quellpad::test {
+namespace {
+
+TEST(NonMotionCommand, LabelsAndNonMotionTextsAreLeftAlone) {
+    const std::pair<const char*, bool> cases[] = {
+        {"1Ma", true},  {"25La", false}, {"~Fa", false},     {"sa", false},
+        {"dLm", false}, {"ym", true},    {"la Ra!a", true},  {"", true},
+        {"3Ea", true},  {"95^a", true},  {"20Ra15Da", false}};
+    for (const auto& [text, nonMotion] : cases) {
+        EXPECT_EQ(IsNonMotionCommand(QString::fromLatin1(text)), nonMotion) << text;
+    }
+}
+
+class DispatcherTest : public KeyboardFixture {
+protected:
+    void SetUp() override {
+        KeyboardFixture::SetUp();
+        OpenPorts(true, false);
+    }
+    DispatchOutcome Tick() { return CommandChangeTick(*keyboard_, inputs_); }
+    // The (Command2, Data1, Data2) of every D frame that `ticks` ticks put on the wire.
+    QList<std::array<int, 3>> FramesOfTicks(int ticks) {
+        QList<std::array<int, 3>> frames;
+        for (int i = 0; i < ticks; ++i) {
+            Tick();
+        }
+        const QByteArray wire = com1_.Drain(10);
+        for (qsizetype at = 0; at + 7 <= wire.size(); at += 7) {
+            frames.append({static_cast<std::uint8_t>(wire[at + 3]),
+                           static_cast<std::uint8_t>(wire[at + 4]),
+                           static_cast<std::uint8_t>(wire[at + 5])});
+        }
+        return frames;
+    }
+    DispatchInputs inputs_{true, false, QString()};
+};
+
+TEST_F(DispatcherTest, AlarmRangeTextIsReadOnlyWithOneToFourCharactersBeforeTheDots) {
+    const std::tuple<const char*, int, int> cases[] = {
+        {"3..12", 3, 12}, {"9999..1", 9999, 1}, {"123456..7", -1, -1}, {"..5", -1, -1},
+        {"12", -1, -1},   {"1.2..15", 1, 15}};
+    for (const auto& [text, start, end] : cases) {
+        keyboard_->AlarmRangeStart = -1;
+        keyboard_->AlarmRangeEnd = -1;
+        ParseAlarmRange(*keyboard_, QString::fromLatin1(text));
+        EXPECT_EQ(keyboard_->AlarmRangeStart, start) << text;
+        EXPECT_EQ(keyboard_->AlarmRangeEnd, end) << text;
+    }
+}
+
+TEST_F(DispatcherTest, FrameModesSendOnlyWhenTheRegistersChange) {
+    keyboard_->CurrentMode = kModeD;
+    EXPECT_FALSE(Tick().sent);
+    keyboard_->Data1 = 20;
+    keyboard_->Command2 = 0x02;
+    EXPECT_TRUE(Tick().sent);
+    EXPECT_FALSE(Tick().sent);
+    keyboard_->Data1 = 21;
+    EXPECT_TRUE(Tick().sent);
+    EXPECT_EQ(com1_.Drain(10), QByteArray::fromHex("ff010002140017" "ff010002150018"));
+}
+
+TEST_F(DispatcherTest, ZoneStartWritesTheLabelInTwentyTwoFrames) {
+    keyboard_->CurrentMode = kModeP;
+    keyboard_->LabelText = QStringLiteral("GATE");
+    keyboard_->ZoneNumber = 5;
+    keyboard_->ZoneRequest = 1;
+    QList<std::array<int, 3>> expected{{29, 0, 0}};
+    for (int column = 0; column < 20; ++column) {
+        expected.append({21, column, column < 4 ? "GATE"[column] : ' '});
+    }
+    expected.append({17, 0, 5});
+    // P frames: read Command2, Data1, Data2 at the same offsets of an 8-byte frame.
+    for (int i = 0; i < 23; ++i) {
+        Tick();
+    }
+    const QByteArray wire = com1_.Drain(10);
+    ASSERT_EQ(wire.size(), 22 * 8);
+    for (qsizetype f = 0; f < 22; ++f) {
+        const std::array<int, 3> got{static_cast<std::uint8_t>(wire[f * 8 + 3]),
+                                     static_cast<std::uint8_t>(wire[f * 8 + 4]),
+                                     static_cast<std::uint8_t>(wire[f * 8 + 5])};
+        EXPECT_EQ(got, expected[f]) << "frame " << f;
+    }
+}
+
+TEST_F(DispatcherTest, ZoneEndAndPresetLabelSequences) {
+    keyboard_->CurrentMode = kModeD;
+    inputs_ = {false, true, QString()};
+    keyboard_->ZoneNumber = 3;
+    keyboard_->ZoneRequest = 1;
+    EXPECT_EQ(FramesOfTicks(3), (QList<std::array<int, 3>>{{19, 0, 3}, {27, 0, 0}}));
+
+    keyboard_->PresetNumber = 12;
+    keyboard_->LabelText = QString();
+    keyboard_->PresetSetStep = 40;
+    EXPECT_EQ(FramesOfTicks(2), (QList<std::array<int, 3>>{{3, 0, 12}}));
+
+    keyboard_->LabelText = QStringLiteral("DOOR");
+    keyboard_->PresetSetStep = 20;
+    const auto frames = FramesOfTicks(22);
+    ASSERT_EQ(frames.size(), 21);
+    EXPECT_EQ(frames[0], (std::array<int, 3>{21, 20, 'D'}));
+    EXPECT_EQ(frames[4], (std::array<int, 3>{21, 24, ' '}));
+    EXPECT_EQ(frames[19], (std::array<int, 3>{21, 39, ' '}));
+    EXPECT_EQ(frames[20], (std::array<int, 3>{3, 0, 12}));
+}
+
+TEST_F(DispatcherTest, AuxPulseSetsThenClearsTheAux) {
+    keyboard_->CurrentMode = kModeD;
+    keyboard_->AuxNumber = 4;
+    keyboard_->AuxToggleRequest = 2;
+    EXPECT_EQ(FramesOfTicks(3), (QList<std::array<int, 3>>{{9, 0, 4}, {11, 0, 4}}));
+}
+
+TEST_F(DispatcherTest, AsciiStopSubstitution) {
+    struct Case {
+        const char* name;
+        const char* command;
+        bool portOpen;
+        const char* after;
+        QByteArray sentTwice; // what two ticks put on the wire
+    };
+    const Case cases[] = {
+        {"motion text becomes the stop, sent once", "25La", true, "sa", "sa"},
+        {"a switcher command stays and is not re-sent", "1Ma", true, "1Ma", ""},
+        {"no port open: anything becomes the stop", "1Ma", false, "sa", ""},
+    };
+    keyboard_->CurrentMode = kModeAscii;
+    for (const Case& c : cases) {
+        c.portOpen ? keyboard_->MSComm1().Open() : keyboard_->MSComm1().Close();
+        keyboard_->AsciiCommand = QLatin1String(c.command);
+        keyboard_->LastAsciiCommand = QLatin1String(c.command);
+        Tick();
+        Tick();
+        EXPECT_EQ(keyboard_->AsciiCommand, QLatin1String(c.after)) << c.name;
+        EXPECT_EQ(com1_.Drain(10), c.sentTwice) << c.name;
+    }
+}
+
+TEST_F(DispatcherTest, AlarmRangeIsSteppedThenRestored) {
+    keyboard_->CurrentMode = kModeAscii;
+    inputs_.alarmNumberText = QStringLiteral("3..5");
+    ParseAlarmRange(*keyboard_, inputs_.alarmNumberText);
+    keyboard_->AlarmTriggerPending = true;
+    std::optional<int> restored;
+    for (int i = 0; i < 5; ++i) {
+        if (const auto interval = Tick().newInterval) {
+            restored = interval;
+        }
+    }
+    // The tick that finds the range done still sends (the flags clear after the send is
+    // decided), so the last alarm goes out twice; the fifth tick sends nothing.
+    EXPECT_EQ(com1_.Drain(10), QByteArray("3Ea4Ea5Ea5Ea"));
+    EXPECT_EQ(restored, kAsciiModeTick);
+    EXPECT_FALSE(keyboard_->AlarmTriggerPending);
+    EXPECT_EQ(keyboard_->AlarmRangeStart, 3);
+}
+
+TEST_F(DispatcherTest, MuxAsciiSendsChangesOnlyWithNoStopOfItsOwn) {
+    keyboard_->CurrentMode = kModeMuxAscii;
+    keyboard_->AsciiCommand = QStringLiteral("dLm");
+    Tick();
+    Tick();
+    EXPECT_EQ(com1_.Drain(10), QByteArray("dLm"));
+}
+
+} // namespace
+} // namespace quellpad::test
