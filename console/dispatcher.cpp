@@ -29,9 +29,8 @@ void Load(Quellpad_Support_Func& k, std::uint8_t command1, std::uint8_t command2
 
 // The character code of character `position` (1-based) of the label, a blank past its end.
 std::uint8_t LabelCharacter(const QString& label, int position) {
-    return position >= 1 && position <= label.size()
-               ? ToByte(label[position - 1].unicode())
-               : std::uint8_t{32};
+    return position >= 1 && position <= label.size() ? ToByte(label[position - 1].unicode())
+                                                     : std::uint8_t{32};
 }
 
 // Digits weighted by powers of ten from the right, each as its code minus 48, so that
@@ -40,7 +39,8 @@ double SpelledNumber(const QString& characters) {
     double value = 0;
     const auto count = characters.size();
     for (qsizetype i = 0; i < count; ++i) {
-        value += (characters[i].unicode() - 48) * std::pow(10.0, static_cast<double>(count - 1 - i));
+        value +=
+            (characters[i].unicode() - 48) * std::pow(10.0, static_cast<double>(count - 1 - i));
     }
     return value;
 }
@@ -112,13 +112,14 @@ bool AsciiPart(Quellpad_Support_Func& k, const DispatchInputs& in, DispatchOutco
             }
         }
         if (k.AuxToggleRequest == 2 || k.AuxToggleRequest == 1) {
-            k.AsciiCommand = Digits(k.AuxNumber) +
-                             (k.AuxToggleRequest == 2 ? QStringLiteral("Aa") : QStringLiteral("Ba"));
+            k.AsciiCommand = Digits(k.AuxNumber) + (k.AuxToggleRequest == 2 ? QStringLiteral("Aa")
+                                                                            : QStringLiteral("Ba"));
             --k.AuxToggleRequest;
         }
         if (k.GpiToggleRequest == 2 || k.GpiToggleRequest == 1) {
-            k.AsciiCommand = Digits(k.AuxNumber) +
-                             (k.GpiToggleRequest == 2 ? QStringLiteral("xa") : QStringLiteral("~xa"));
+            k.AsciiCommand =
+                Digits(k.AuxNumber) +
+                (k.GpiToggleRequest == 2 ? QStringLiteral("xa") : QStringLiteral("~xa"));
             --k.GpiToggleRequest;
         }
     }
@@ -142,9 +143,9 @@ bool IsNonMotionCommand(const QString& text) {
         return true;
     }
     static const std::array<QLatin1String, 14> motion{
-        QLatin1String("Da"),  QLatin1String("Ua"),  QLatin1String("La"),  QLatin1String("Ra"),
-        QLatin1String("Wa"),  QLatin1String("Ta"),  QLatin1String("Na"),  QLatin1String("Fa"),
-        QLatin1String("Oa"),  QLatin1String("Ca"),  QLatin1String("dLm"), QLatin1String("dRm"),
+        QLatin1String("Da"),  QLatin1String("Ua"), QLatin1String("La"),  QLatin1String("Ra"),
+        QLatin1String("Wa"),  QLatin1String("Ta"), QLatin1String("Na"),  QLatin1String("Fa"),
+        QLatin1String("Oa"),  QLatin1String("Ca"), QLatin1String("dLm"), QLatin1String("dRm"),
         QLatin1String("dUm"), QLatin1String("dDm")};
     for (const QLatin1String& mnemonic : motion) {
         if (text.contains(mnemonic)) {

@@ -42,14 +42,20 @@ constexpr QSizeF kDesignSize{576, 390};
 constexpr double kMinimumWidthTwips = 8640;
 constexpr double kMinimumHeightTwips = 6480;
 // The joystick square's side and the knob's diameter, in design units.
-constexpr double kSquareSide = 140;
+constexpr double kSquareSide = 160;
 constexpr double kBallSide = 20;
 
 const QString kNumber = QStringLiteral("Number");
 
-void Show(QWidget* control, bool shown) { control->setVisible(shown); }
-void Show(QAction* item, bool shown) { item->setVisible(shown); }
-void Enable(QMenu* menu, bool enabled) { menu->menuAction()->setEnabled(enabled); }
+void Show(QWidget* control, bool shown) {
+    control->setVisible(shown);
+}
+void Show(QAction* item, bool shown) {
+    item->setVisible(shown);
+}
+void Enable(QMenu* menu, bool enabled) {
+    menu->menuAction()->setEnabled(enabled);
+}
 
 int ButtonCode(Qt::MouseButtons buttons) {
     int code = 0;
@@ -98,8 +104,8 @@ void FrmMain::BuildMenus() {
     Com2Option = ui::MakeItem(OptionsMenu, "Com2Option", QStringLiteral("COM 2"), true);
     ui::MakeItem(OptionsMenu, "Settings_Menu_Option", QStringLiteral("Settings..."));
     OptionsMenu->addSeparator();
-    RetransmitTimerOption =
-        ui::MakeItem(OptionsMenu, "RetransmitTimerOption", QStringLiteral("Retransmit Timer"), true);
+    RetransmitTimerOption = ui::MakeItem(OptionsMenu, "RetransmitTimerOption",
+                                         QStringLiteral("Retransmit Timer"), true);
     ControlLock = ui::MakeItem(OptionsMenu, "ControlLock", QStringLiteral("Control Lock"), true);
     MenuControlOption =
         ui::MakeItem(OptionsMenu, "MenuControlOption", QStringLiteral("Arrow/Menu Control"));
@@ -115,12 +121,14 @@ void FrmMain::BuildMenus() {
         ui::MakeItem(OptionsMenu, "SendCameraTitleOption", QStringLiteral("Send Camera Title"));
     ASCII_CommandDisplayOption = ui::MakeItem(OptionsMenu, "ASCII_CommandDisplayOption",
                                               QStringLiteral("ASCII Command Display"), true);
-    T_ProtocolCommandsOption =
-        ui::MakeItem(OptionsMenu, "T_ProtocolCommandsOption", QStringLiteral("T Protocol Commands"));
-    H_Protocol_Poll = ui::MakeItem(OptionsMenu, "H_Protocol_Poll", QStringLiteral("H Protocol Poll"), true);
+    T_ProtocolCommandsOption = ui::MakeItem(OptionsMenu, "T_ProtocolCommandsOption",
+                                            QStringLiteral("T Protocol Commands"));
+    H_Protocol_Poll =
+        ui::MakeItem(OptionsMenu, "H_Protocol_Poll", QStringLiteral("H Protocol Poll"), true);
     unofferedItems_ = {
         T_ProtocolCommandsOption,
-        ui::MakeItem(OptionsMenu, "FactoryCalibrationOption", QStringLiteral("Factory Calibration")),
+        ui::MakeItem(OptionsMenu, "FactoryCalibrationOption",
+                     QStringLiteral("Factory Calibration")),
         ui::MakeItem(OptionsMenu, "CommandScriptOption", QStringLiteral("Command Script")),
         ui::MakeItem(OptionsMenu, "LogFileOption", QStringLiteral("Log File"), true)};
     OptionsMenu->addSeparator();
@@ -133,14 +141,16 @@ void FrmMain::BuildMenus() {
     P_Protocol_Menu_Option =
         ui::MakeItem(ModeMenu, "P_Protocol_Menu_Option", QStringLiteral("P Protocol"), true);
     ASCII_Menu_Option = ui::MakeItem(ModeMenu, "ASCII_Menu_Option", QStringLiteral("ASCII"), true);
-    MUX_ASCII_Option = ui::MakeItem(ModeMenu, "MUX_ASCII_Option", QStringLiteral("MUX ASCII"), true);
+    MUX_ASCII_Option =
+        ui::MakeItem(ModeMenu, "MUX_ASCII_Option", QStringLiteral("MUX ASCII"), true);
     HernisProtocolOption =
         ui::MakeItem(ModeMenu, "HernisProtocolOption", QStringLiteral("H Protocol"), true);
-    T_Protocol_Option = ui::MakeItem(ModeMenu, "T_Protocol_Option", QStringLiteral("T Protocol"), true);
+    T_Protocol_Option =
+        ui::MakeItem(ModeMenu, "T_Protocol_Option", QStringLiteral("T Protocol"), true);
 
     AuxMenu = ui::MakeMenu(this, "AuxMenu", QStringLiteral("&Aux"));
-    const char* const auxNames[] = {"AuxOnOption",   "AuxOffOption",   "ToggleAuxOption",
-                                    "GPI_OnOption",  "GPI_OffOption",  "ToggleGPI_Option"};
+    const char* const auxNames[] = {"AuxOnOption",  "AuxOffOption",  "ToggleAuxOption",
+                                    "GPI_OnOption", "GPI_OffOption", "ToggleGPI_Option"};
     const char* const auxCaptions[] = {"Aux ON", "Aux OFF", "Toggle Aux",
                                        "GPI ON", "GPI OFF", "Toggle GPI"};
     for (std::size_t i = 0; i < auxItems_.size(); ++i) {
@@ -152,7 +162,7 @@ void FrmMain::BuildMenus() {
     const char* const macroNames[] = {"StartMacroOption",    "HaltMacroOption",
                                       "StartSequenceOption", "HaltSequenceOption",
                                       "StartTourOption",     "HaltTourOption"};
-    const char* const macroCaptions[] = {"Start Macro",    "Halt Macro", "Start Sequence",
+    const char* const macroCaptions[] = {"Start Macro",   "Halt Macro", "Start Sequence",
                                          "Halt Sequence", "Start Tour", "Halt Tour"};
     for (std::size_t i = 0; i < macroItems_.size(); ++i) {
         macroItems_[i] = ui::MakeItem(MacroMenu, macroNames[i], QLatin1String(macroCaptions[i]));
@@ -173,7 +183,8 @@ void FrmMain::BuildMenus() {
     QMenu* muxCameras = ui::MakeMenu(MuxMenu, "MuxCam_Option", QStringLiteral("Mux Camera"));
     MuxMenu->addMenu(muxCameras);
     for (int index = 0; index < 16; ++index) {
-        QAction* camera = ui::MakeItem(muxCameras, "MuxCam", QStringLiteral("Cam %1").arg(index + 1));
+        QAction* camera =
+            ui::MakeItem(muxCameras, "MuxCam", QStringLiteral("Cam %1").arg(index + 1));
         camera->setData(index);
     }
 
@@ -187,8 +198,8 @@ void FrmMain::BuildMenus() {
     ui::MakeItem(VCR_Menu, "Play_Option", QStringLiteral("Play"));
 
     MoreCommandsMenu = ui::MakeMenu(this, "MoreCommandsMenu", QStringLiteral("Mo&re Commands"));
-    unofferedItems_.append(
-        ui::MakeItem(MoreCommandsMenu, "Constant_Motion_Option", QStringLiteral("Constant Motion")));
+    unofferedItems_.append(ui::MakeItem(MoreCommandsMenu, "Constant_Motion_Option",
+                                        QStringLiteral("Constant Motion")));
 
     for (QMenu* menu : {OptionsMenu, ModeMenu, AuxMenu, MacroMenu, CamLock_Menu, MuxMenu, VCR_Menu,
                         MoreCommandsMenu}) {
@@ -222,7 +233,8 @@ void FrmMain::BuildControls() {
         echo->setFrameShape(QFrame::StyledPanel);
         echo->setFrameShadow(QFrame::Sunken);
         echo->setAutoFillBackground(true);
-        echo->setStyleSheet(QStringLiteral("background: #1e2328; color: #8fe388; padding: 1px 4px;"));
+        echo->setStyleSheet(
+            QStringLiteral("background: #1e2328; color: #8fe388; padding: 1px 4px;"));
     }
     place(AddressCOM1Label, 6, 4, 50, 28);
     place(AddressCOM1_TextBox, 58, 8, 38, 20);
@@ -244,31 +256,32 @@ void FrmMain::BuildControls() {
     RetransmitTimeLabel = ui::MakeLabel(c, "RetransmitTimeLabel", TwoLines("Retransmit", "Time"));
     RetransmitTimeTextBox =
         ui::MakeTextBox(c, "RetransmitTimeTextBox", QStringLiteral("Retransmit Time"));
-    RetransmitTimeTextBox->setToolTip(QStringLiteral("Seconds between repeats, above .05 and below 61"));
+    RetransmitTimeTextBox->setToolTip(
+        QStringLiteral("Seconds between repeats, above .05 and below 61"));
     LensSpeedLabel = ui::MakeLabel(c, "LensSpeedLabel", TwoLines("Lens", "Speed"));
     LensSpeedList = ui::MakeList(c, "LensSpeedList", QStringLiteral("Lens Speed"));
     place(RetransmitTimeLabel, 182, 74, 62, 28);
     place(RetransmitTimeTextBox, 246, 78, 40, 20);
     place(LensSpeedLabel, 300, 74, 44, 28);
-    place(LensSpeedList, 346, 76, 40, 24);
+    place(LensSpeedList, 346, 78, 40, 20);
 
     // Lens buttons, under the joystick: zoom, focus and iris, each pair in a column.
     const double lensX[] = {180, 252, 180, 252, 324, 324};
     const double lensY[] = {0, 0, 1, 1, 0, 1};
-    const LensButton lensOrder[] = {LensButton::ZoomIn,    LensButton::FocusNear,
-                                    LensButton::ZoomOut,   LensButton::FocusFar,
-                                    LensButton::IrisOpen,  LensButton::IrisClose};
+    const LensButton lensOrder[] = {LensButton::ZoomIn,   LensButton::FocusNear,
+                                    LensButton::ZoomOut,  LensButton::FocusFar,
+                                    LensButton::IrisOpen, LensButton::IrisClose};
     for (std::size_t i = 0; i < 6; ++i) {
         const LensButton button = lensOrder[i];
-        QPushButton* control =
-            ui::MakeButton(c, LensButtonName(button), LensPlainCaption(button));
+        QPushButton* control = ui::MakeButton(c, LensButtonName(button), LensPlainCaption(button));
         lensButtons_[static_cast<std::size_t>(button)] = control;
         place(control, lensX[i], 326 + lensY[i] * 30, 70, 26);
     }
 
     // Left column: preset, pattern, aux, macro and zone.
     PresetNumberLabel = ui::MakeLabel(c, "PresetNumberLabel", TwoLines("Preset", kNumber));
-    PresetNumberTextBox = ui::MakeTextBox(c, "PresetNumberTextBox", QStringLiteral("Preset Number"));
+    PresetNumberTextBox =
+        ui::MakeTextBox(c, "PresetNumberTextBox", QStringLiteral("Preset Number"));
     PresetGoButton = ui::MakeButton(c, "PresetGoButton", QStringLiteral("Go"));
     PresetSetButton = ui::MakeButton(c, "PresetSetButton", QStringLiteral("Set"));
     PresetClearButton = ui::MakeButton(c, "PresetClearButton", QStringLiteral("Clear"));
@@ -285,7 +298,7 @@ void FrmMain::BuildControls() {
     EndPatternButton = ui::MakeButton(c, "EndPatternButton", QStringLiteral("End"));
     RunPatternButton = ui::MakeButton(c, "RunPatternButton", QStringLiteral("Run"));
     place(PatternNumberLabel, 6, 126, 50, 28);
-    place(PatternNumberListBox, 58, 128, 40, 24);
+    place(PatternNumberListBox, 58, 130, 40, 20);
     place(StartPatternButton, 6, 158, 52, 22);
     place(EndPatternButton, 61, 158, 52, 22);
     place(RunPatternButton, 116, 158, 54, 22);
@@ -303,7 +316,8 @@ void FrmMain::BuildControls() {
     ZoneFrame = ui::MakeFrame(c, "ZoneFrame", QStringLiteral("Zone"));
     ZoneStartOption = ui::MakeOption(ZoneFrame, "ZoneStartOption", QStringLiteral("Zone Start"));
     ZoneEndOption = ui::MakeOption(ZoneFrame, "ZoneEndOption", QStringLiteral("Zone End"));
-    ZoneScanOnOption = ui::MakeOption(ZoneFrame, "ZoneScanOnOption", QStringLiteral("Zone Scan On"));
+    ZoneScanOnOption =
+        ui::MakeOption(ZoneFrame, "ZoneScanOnOption", QStringLiteral("Zone Scan On"));
     ZoneScanOffOption =
         ui::MakeOption(ZoneFrame, "ZoneScanOffOption", QStringLiteral("Zone Scan Off"));
     ZoneNumberLabel = ui::MakeLabel(ZoneFrame, "ZoneNumberLabel", TwoLines("Zone", kNumber));
@@ -315,12 +329,13 @@ void FrmMain::BuildControls() {
     place(ZoneScanOnOption, 8, 62, 92, 20);
     place(ZoneScanOffOption, 8, 84, 92, 20);
     place(ZoneNumberLabel, 104, 18, 54, 28);
-    place(ZoneNumberList, 106, 50, 40, 24);
+    place(ZoneNumberList, 106, 50, 40, 20);
     place(ZoneButton, 8, 128, 148, 26);
 
     // Right column: the switcher's camera, monitor and alarm in ASCII ...
     CameraNumberLabel = ui::MakeLabel(c, "CameraNumberLabel", TwoLines("Camera", kNumber));
-    CameraNumberTextBox = ui::MakeTextBox(c, "CameraNumberTextBox", QStringLiteral("Camera Number"));
+    CameraNumberTextBox =
+        ui::MakeTextBox(c, "CameraNumberTextBox", QStringLiteral("Camera Number"));
     CameraButton = ui::MakeButton(c, "CameraButton", QStringLiteral("Camera"));
     CamBackwardStepButton = ui::MakeButton(c, "CamBackwardStepButton", QStringLiteral("Prev Cam"));
     CamForwardStepButton = ui::MakeButton(c, "CamForwardStepButton", QStringLiteral("Next Cam"));
@@ -357,8 +372,10 @@ void FrmMain::BuildControls() {
     // ... and the receiver's miscellaneous commands in D and P, in the same place.
     MiscFrame = ui::MakeFrame(c, "MiscFrame", QStringLiteral("Camera Commands"));
     FlipOption = ui::MakeOption(MiscFrame, "FlipOption", QStringLiteral("Flip"));
-    RemoteResetOption = ui::MakeOption(MiscFrame, "RemoteResetOption", QStringLiteral("Remote Reset"));
-    ClearScreenOption = ui::MakeOption(MiscFrame, "ClearScreenOption", QStringLiteral("Clear Screen"));
+    RemoteResetOption =
+        ui::MakeOption(MiscFrame, "RemoteResetOption", QStringLiteral("Remote Reset"));
+    ClearScreenOption =
+        ui::MakeOption(MiscFrame, "ClearScreenOption", QStringLiteral("Clear Screen"));
     ZoomSpeedOption = ui::MakeOption(MiscFrame, "ZoomSpeedOption", QStringLiteral("Zoom Speed"));
     FocusSpeedOption = ui::MakeOption(MiscFrame, "FocusSpeedOption", QStringLiteral("Focus Speed"));
     MiscSendButton = ui::MakeButton(MiscFrame, "MiscSendButton", QStringLiteral("Send"));
@@ -374,16 +391,18 @@ void FrmMain::BuildControls() {
     // The poll and wiper controls of a protocol this keyboard does not offer.
     HernisDataFrame = ui::MakeFrame(c, "HernisDataFrame", QStringLiteral("Data"));
     place(HernisDataFrame, 400, 264, 170, 120);
-    const char* const hernisNames[] = {"UpArrowCommand",  "DownArrowCommand", "LeftArrowCommand",
-                                       "RightArrowCommand", "WipeButton",     "HernisPollButton"};
+    const char* const hernisNames[] = {"UpArrowCommand",    "DownArrowCommand", "LeftArrowCommand",
+                                       "RightArrowCommand", "WipeButton",       "HernisPollButton"};
     const char* const hernisCaptions[] = {"Up", "Down", "Left", "Right", "Wipe", "Poll"};
     for (std::size_t i = 0; i < 6; ++i) {
         QPushButton* control =
             ui::MakeButton(HernisDataFrame, hernisNames[i], QLatin1String(hernisCaptions[i]));
-        place(control, 8 + static_cast<double>(i % 3) * 52, 20 + static_cast<double>(i / 3) * 28, 48, 24);
+        place(control, 8 + static_cast<double>(i % 3) * 52, 20 + static_cast<double>(i / 3) * 28,
+              48, 24);
         hernisControls_.append(control);
     }
-    QPushButton* wipeWash = ui::MakeButton(HernisDataFrame, "WipeWashButton", TwoLines("Wipe/", "Wash"));
+    QPushButton* wipeWash =
+        ui::MakeButton(HernisDataFrame, "WipeWashButton", TwoLines("Wipe/", "Wash"));
     place(wipeWash, 8, 78, 48, 34);
     hernisControls_.append(wipeWash);
     hernisControls_.append(HernisDataFrame);
@@ -411,7 +430,9 @@ void FrmMain::ConnectHandlers() {
         connect(item, &QAction::triggered, this,
                 [this, entry, handler] { boundary_.Run(entry, [&] { (this->*handler)(); }); });
     };
-    auto item = [this](const char* name) { return findChild<QAction*>(QLatin1String(name)); };
+    auto item = [this](const char* name) {
+        return findChild<QAction*>(QLatin1String(name));
+    };
     on(Com1Option, "Com1Option_Click", &FrmMain::Com1Option_Click);
     on(Com2Option, "Com2Option_Click", &FrmMain::Com2Option_Click);
     on(item("Settings_Menu_Option"), "Settings_Menu_Option_Click",
@@ -437,9 +458,8 @@ void FrmMain::ConnectHandlers() {
     connect(CommandChangeTimer, &QTimer::timeout, this, [this] {
         boundary_.Run("CommandChangeTimer_Timer", [&] { CommandChangeTimer_Timer(); });
     });
-    connect(RetransmitTimer, &QTimer::timeout, this, [this] {
-        boundary_.Run("RetransmitTimer_Timer", [&] { RetransmitTimer_Timer(); });
-    });
+    connect(RetransmitTimer, &QTimer::timeout, this,
+            [this] { boundary_.Run("RetransmitTimer_Timer", [&] { RetransmitTimer_Timer(); }); });
     connect(RetransmitTimeTextBox, &QLineEdit::textChanged, this, [this] {
         boundary_.Run("RetransmitTimeTextBox_Change", [&] { RetransmitTimeTextBox_Change(); });
     });
@@ -449,12 +469,10 @@ void FrmMain::ConnectHandlers() {
         connect(control, &QPushButton::pressed, this, [this, button] {
             boundary_.Run("Lens_MouseDown", [&] { Lens_MouseDown(button); });
         });
-        connect(control, &QPushButton::released, this, [this, button] {
-            boundary_.Run("Lens_MouseUp", [&] { Lens_MouseUp(button); });
-        });
-        connect(control, &QPushButton::clicked, this, [this, button] {
-            boundary_.Run("Lens_Click", [&] { Lens_Click(button); });
-        });
+        connect(control, &QPushButton::released, this,
+                [this, button] { boundary_.Run("Lens_MouseUp", [&] { Lens_MouseUp(button); }); });
+        connect(control, &QPushButton::clicked, this,
+                [this, button] { boundary_.Run("Lens_Click", [&] { Lens_Click(button); }); });
     }
 
     for (int number = 1; number <= 2; ++number) {
@@ -463,9 +481,8 @@ void FrmMain::ConnectHandlers() {
             boundary_.Run(number == 1 ? "MSComm1_OnComm" : "MSComm2_OnComm",
                           [&] { MSComm_OnComm(number, code); });
         });
-        connect(port, &SerialLine::LineFailed, this, [this, number](const QString& message) {
-            Port_LineFailed(number, message);
-        });
+        connect(port, &SerialLine::LineFailed, this,
+                [this, number](const QString& message) { Port_LineFailed(number, message); });
     }
     connect(&keyboard_, &Quellpad_Support_Func::CommandEchoed, this,
             [this](const QString& com1, const QString& com2) {
@@ -480,6 +497,10 @@ void FrmMain::ConnectHandlers() {
 void FrmMain::Form_Load() {
     QPalette grey = palette();
     grey.setColor(QPalette::Window, QColor(0xC0, 0xC0, 0xC0));
+    // Greyed-out menus and captions must still read against the grey.
+    for (const auto role : {QPalette::WindowText, QPalette::ButtonText, QPalette::Text}) {
+        grey.setColor(QPalette::Disabled, role, QColor(0x6a, 0x6a, 0x6a));
+    }
     setPalette(grey);
     canvas_->setAutoFillBackground(true);
 
@@ -521,7 +542,8 @@ void FrmMain::Form_Load() {
     if (available.height() * twips < 9000) {
         resize(static_cast<int>(8400 / twips), static_cast<int>(6300 / twips));
     } else {
-        resize(static_cast<int>(available.width() * 0.8), static_cast<int>(available.height() * 0.8));
+        resize(static_cast<int>(available.width() * 0.8),
+               static_cast<int>(available.height() * 0.8));
     }
 
     FillList(ZoneNumberList, {"8", "7", "6", "5", "4", "3", "2", "1"}, 7);
@@ -555,11 +577,13 @@ void FrmMain::closeEvent(QCloseEvent* event) {
     event->accept();
 }
 
-void FrmMain::ExitOption_Click() { close(); }
+void FrmMain::ExitOption_Click() {
+    close();
+}
 
 void FrmMain::UpdateWindowTitle() {
-    setWindowTitle(QStringLiteral("Quellpad - Settings (") + keyboard_.BaudRate + QStringLiteral(", ") +
-                   keyboard_.Parity + QStringLiteral(", 8, 1)"));
+    setWindowTitle(QStringLiteral("Quellpad - Settings (") + keyboard_.BaudRate +
+                   QStringLiteral(", ") + keyboard_.Parity + QStringLiteral(", 8, 1)"));
 }
 
 void FrmMain::UpdatePortBindings() {
@@ -568,7 +592,8 @@ void FrmMain::UpdatePortBindings() {
         const SerialLine& port = keyboard_.Port(number);
         parts << QStringLiteral("COM %1: %2 (%3)")
                      .arg(number)
-                     .arg(port.Device(), port.IsOpen() ? QStringLiteral("open") : QStringLiteral("closed"));
+                     .arg(port.Device(),
+                          port.IsOpen() ? QStringLiteral("open") : QStringLiteral("closed"));
     }
     portBindings_->setText(parts.join(QStringLiteral("    ")));
     Com1Option->setToolTip(keyboard_.MSComm1().Device());
@@ -578,8 +603,12 @@ void FrmMain::UpdatePortBindings() {
 // ---------------------------------------------------------------------------------------
 // Options menu
 
-void FrmMain::Com1Option_Click() { ComOption_Click(1); }
-void FrmMain::Com2Option_Click() { ComOption_Click(2); }
+void FrmMain::Com1Option_Click() {
+    ComOption_Click(1);
+}
+void FrmMain::Com2Option_Click() {
+    ComOption_Click(2);
+}
 
 void FrmMain::ComOption_Click(int number) {
     QAction* own = number == 1 ? Com1Option : Com2Option;
@@ -618,7 +647,9 @@ void FrmMain::RetransmitTimerOption_Click() {
     RetransmitTimerOption->setChecked(keyboard_.RetransmitOn);
 }
 
-void FrmMain::RetransmitTimer_Timer() { RetransmitTick(keyboard_); }
+void FrmMain::RetransmitTimer_Timer() {
+    RetransmitTick(keyboard_);
+}
 
 void FrmMain::RetransmitTimeTextBox_Change() {
     const RetransmitPeriod period = ReadRetransmitPeriod(RetransmitTimeTextBox->text());
@@ -705,7 +736,9 @@ void FrmMain::ASCII_Menu_Option_Click() {
     AccessResponseLabel->setText(QStringLiteral("ASCII Response"));
 }
 
-void FrmMain::MUX_ASCII_Option_Click() { SwitchMode(kModeMuxAscii, MUX_ASCII_Option); }
+void FrmMain::MUX_ASCII_Option_Click() {
+    SwitchMode(kModeMuxAscii, MUX_ASCII_Option);
+}
 
 void FrmMain::D_Protocol_Menu_Option_Click() {
     SwitchMode(kModeD, D_Protocol_Menu_Option);
@@ -728,8 +761,8 @@ void FrmMain::SwitchMode(const QString& mode, QAction* item) {
         }
         LayOut();
         ApplyModeControls();
-        for (QAction* option :
-             {D_Protocol_Menu_Option, P_Protocol_Menu_Option, ASCII_Menu_Option, MUX_ASCII_Option}) {
+        for (QAction* option : {D_Protocol_Menu_Option, P_Protocol_Menu_Option, ASCII_Menu_Option,
+                                MUX_ASCII_Option}) {
             option->setChecked(option == item);
         }
         COM1CommandLabel->clear();
@@ -761,11 +794,11 @@ void FrmMain::ApplyModeControls() {
     const QList<QWidget*> addressControls{AddressCOM1Label, AddressCOM1_TextBox, AddressCOM2Label,
                                           AddressCOM2_TextBox};
     const QList<QWidget*> switcherControls{
-        MonitorButton,      MonitorNumberLabel,        MonitorNumberTextBox,
-        CameraButton,       CameraNumberLabel,         CameraNumberTextBox,
-        CamBackwardStepButton, CamForwardStepButton,   TriggerAlarmButton,
-        ResetAlarmButton,   Alarm_Backward_Step_Button, Alarm_Forward_Step_Button,
-        AlarmNumberLabel,   AlarmNumberTextBox,        MacroNumberLabel,
+        MonitorButton,         MonitorNumberLabel,         MonitorNumberTextBox,
+        CameraButton,          CameraNumberLabel,          CameraNumberTextBox,
+        CamBackwardStepButton, CamForwardStepButton,       TriggerAlarmButton,
+        ResetAlarmButton,      Alarm_Backward_Step_Button, Alarm_Forward_Step_Button,
+        AlarmNumberLabel,      AlarmNumberTextBox,         MacroNumberLabel,
         MacroNumberTextBox};
     for (QWidget* control : addressControls) {
         Show(control, !ascii);
@@ -790,9 +823,9 @@ void FrmMain::ApplyModeControls() {
 
     // What every mode but "MUX ASCII" offers: replies, aux, presets, patterns, the lens.
     const QList<QWidget*> operatorControls{
-        AccessResponseLabel, AccessResponseTextBox, AuxNumberLabel,     AuxNumberTextBox,
-        PresetGoButton,      PresetSetButton,       PresetNumberLabel,  PresetNumberTextBox,
-        StartPatternButton,  EndPatternButton,      RunPatternButton,   PatternNumberLabel,
+        AccessResponseLabel, AccessResponseTextBox, AuxNumberLabel,    AuxNumberTextBox,
+        PresetGoButton,      PresetSetButton,       PresetNumberLabel, PresetNumberTextBox,
+        StartPatternButton,  EndPatternButton,      RunPatternButton,  PatternNumberLabel,
         PatternNumberListBox};
     for (QWidget* control : operatorControls) {
         Show(control, !mux);
@@ -817,7 +850,7 @@ void FrmMain::ApplyModeControls() {
     if (ascii) {
         AccessResponseLabel->setToolTip(QStringLiteral("Response to ASCII Commands"));
         if (keyboard_.MacroNumber == 0) {
-            const char* const bare[] = {"Start Macro",    "Halt Macro", "Start Sequence",
+            const char* const bare[] = {"Start Macro",   "Halt Macro", "Start Sequence",
                                         "Halt Sequence", "Start Tour", "Halt Tour"};
             for (std::size_t i = 0; i < macroItems_.size(); ++i) {
                 macroItems_[i]->setText(QLatin1String(bare[i]));
@@ -825,6 +858,9 @@ void FrmMain::ApplyModeControls() {
             }
         }
     } else if (mux) {
+        for (QWidget* control : addressControls) {
+            Show(control, false);
+        }
         AccessResponseLabel->setToolTip(QStringLiteral("Response to ASCII Commands"));
         // Once hidden here, no mode shows the menu control item again while the program runs.
         Show(MenuControlOption, false);
@@ -861,9 +897,9 @@ void FrmMain::ApplyModeControls() {
 // Dispatcher
 
 void FrmMain::CommandChangeTimer_Timer() {
-    const DispatchOutcome outcome = CommandChangeTick(
-        keyboard_, {ZoneStartOption->isChecked(), ZoneEndOption->isChecked(),
-                    AlarmNumberTextBox->text()});
+    const DispatchOutcome outcome =
+        CommandChangeTick(keyboard_, {ZoneStartOption->isChecked(), ZoneEndOption->isChecked(),
+                                      AlarmNumberTextBox->text()});
     if (outcome.newInterval) {
         CommandChangeTimer->setInterval(*outcome.newInterval);
     }
@@ -912,13 +948,15 @@ QPointF FrmMain::ToTwips(QPointF canvasPoint) const {
     return canvasPoint * ui::TwipsPerPixel(this);
 }
 
-QPointF FrmMain::FromTwips(QPointF twips) const { return twips / ui::TwipsPerPixel(this); }
+QPointF FrmMain::FromTwips(QPointF twips) const {
+    return twips / ui::TwipsPerPixel(this);
+}
 
 JoystickGeometry FrmMain::CurrentJoystickGeometry() const {
     const double twips = ui::TwipsPerPixel(this);
     const QRect square = square_->geometry();
     const QSize outer = frameGeometry().size();
-    return {square.x() * twips,     square.y() * twips,    square.width() * twips,
+    return {square.x() * twips,      square.y() * twips,    square.width() * twips,
             square.height() * twips, outer.width() * twips, outer.height() * twips};
 }
 
@@ -932,7 +970,9 @@ void FrmMain::CentreJoystickBall() {
     PlaceBallAt(JoystickRestPoint(CurrentJoystickGeometry()));
 }
 
-void FrmMain::Form_MouseDown(int button, QPointF canvasPoint) { Form_MouseMove(button, canvasPoint); }
+void FrmMain::Form_MouseDown(int button, QPointF canvasPoint) {
+    Form_MouseMove(button, canvasPoint);
+}
 
 void FrmMain::Form_MouseMove(int buttons, QPointF canvasPoint) {
     const QPointF twips = ToTwips(canvasPoint);
@@ -968,7 +1008,8 @@ bool FrmMain::eventFilter(QObject* watched, QEvent* event) {
         return false;
     }
     const auto* mouse = static_cast<QMouseEvent*>(event);
-    const QPointF point = static_cast<QWidget*>(watched)->mapTo(canvas_, mouse->position().toPoint());
+    const QPointF point =
+        static_cast<QWidget*>(watched)->mapTo(canvas_, mouse->position().toPoint());
     boundary_.Run("Form_Mouse", [&] {
         if (type == QEvent::MouseButtonPress) {
             Form_MouseDown(ButtonCode(mouse->button()), point);

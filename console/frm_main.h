@@ -156,7 +156,7 @@ private:
     QAction* MUX_ASCII_Option = nullptr;
     QAction* HernisProtocolOption = nullptr;
     QAction* T_Protocol_Option = nullptr;
-    std::array<QAction*, 6> auxItems_{};   // Aux ON, Aux OFF, Toggle Aux, GPI ON, GPI OFF, Toggle GPI
+    std::array<QAction*, 6> auxItems_{}; // Aux ON, Aux OFF, Toggle Aux, GPI ON, GPI OFF, Toggle GPI
     std::array<QAction*, 6> macroItems_{}; // start and halt of macro, sequence, tour
     QList<QAction*> unofferedItems_;       // entries of features this keyboard does not offer
 

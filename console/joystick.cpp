@@ -50,8 +50,8 @@ QPointF JoystickRestPoint(const JoystickGeometry& g) {
     return {g.windowWidth / 2, g.windowHeight / 2};
 }
 
-bool UpdateJoystick(Quellpad_Support_Func& k, JoystickState& state, int button, double x,
-                    double y, const JoystickGeometry& g) {
+bool UpdateJoystick(Quellpad_Support_Func& k, JoystickState& state, int button, double x, double y,
+                    const JoystickGeometry& g) {
     QString stops;
     if (button == kLeftButton) {
         state.JoystickLatched = false;
@@ -144,8 +144,8 @@ bool ReleaseJoystick(Quellpad_Support_Func& k, JoystickState& state) {
     k.Data2 = 0;
     if (k.CurrentMode == kModeMuxAscii) {
         k.AsciiCommand.clear();
-        for (const Direction* d : {&kDirections[0], &kDirections[1], &kDirections[3],
-                                   &kDirections[2]}) {
+        for (const Direction* d :
+             {&kDirections[0], &kDirections[1], &kDirections[3], &kDirections[2]}) {
             if (k.LastAsciiCommand.contains(d->mux)) {
                 k.AsciiCommand += d->muxStop;
             }

@@ -37,8 +37,8 @@ QPointF JoystickRestPoint(const JoystickGeometry& geometry);
 // Mouse down or move on the main window (button code, pointer in twips). Returns true
 // when the pointer was taken by the joystick: the knob is then to be drawn centred on
 // the pointer. Only the registers and AsciiCommand change; nothing is sent.
-bool UpdateJoystick(Quellpad_Support_Func& keyboard, JoystickState& state, int button,
-                    double x, double y, const JoystickGeometry& geometry);
+bool UpdateJoystick(Quellpad_Support_Func& keyboard, JoystickState& state, int button, double x,
+                    double y, const JoystickGeometry& geometry);
 
 // Mouse up on the main window. Returns true when the joystick stopped: the knob is then
 // to be centred.

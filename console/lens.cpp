@@ -28,18 +28,54 @@ struct LensAction {
 
 using R = Register;
 const std::array<LensAction, 6> kActions{{
-    {"FocusNear", "Focus Near", LensButton::FocusFar, {R::Command1, 0x01, R::Command2, 0x80},
-     {R::Command1, 0x02, R::Command1, 0x01}, "Na", "~Na", false},
-    {"FocusFar", "Focus Far", LensButton::FocusNear, {R::Command2, 0x80, R::Command1, 0x01},
-     {R::Command1, 0x01, R::Command1, 0x02}, "Fa", "~Fa", false},
-    {"IrisOpen", "Iris Open", LensButton::IrisClose, {R::Command1, 0x02, R::Command1, 0x04},
-     {R::Command1, 0x04, R::Command1, 0x08}, "Oa", "~Oa", false},
-    {"IrisClose", "Iris Close", LensButton::IrisOpen, {R::Command1, 0x04, R::Command1, 0x02},
-     {R::Command1, 0x08, R::Command1, 0x04}, "Ca", "~Ca", false},
-    {"ZoomIn", "Zoom In", LensButton::ZoomOut, {R::Command2, 0x20, R::Command2, 0x40},
-     {R::Command2, 0x20, R::Command2, 0x40}, "Ta", "~Ta", true},
-    {"ZoomOut", "Zoom Out", LensButton::ZoomIn, {R::Command2, 0x40, R::Command2, 0x20},
-     {R::Command2, 0x40, R::Command2, 0x20}, "Wa", "~Wa", true},
+    {"FocusNear",
+     "Focus Near",
+     LensButton::FocusFar,
+     {R::Command1, 0x01, R::Command2, 0x80},
+     {R::Command1, 0x02, R::Command1, 0x01},
+     "Na",
+     "~Na",
+     false},
+    {"FocusFar",
+     "Focus Far",
+     LensButton::FocusNear,
+     {R::Command2, 0x80, R::Command1, 0x01},
+     {R::Command1, 0x01, R::Command1, 0x02},
+     "Fa",
+     "~Fa",
+     false},
+    {"IrisOpen",
+     "Iris Open",
+     LensButton::IrisClose,
+     {R::Command1, 0x02, R::Command1, 0x04},
+     {R::Command1, 0x04, R::Command1, 0x08},
+     "Oa",
+     "~Oa",
+     false},
+    {"IrisClose",
+     "Iris Close",
+     LensButton::IrisOpen,
+     {R::Command1, 0x04, R::Command1, 0x02},
+     {R::Command1, 0x08, R::Command1, 0x04},
+     "Ca",
+     "~Ca",
+     false},
+    {"ZoomIn",
+     "Zoom In",
+     LensButton::ZoomOut,
+     {R::Command2, 0x20, R::Command2, 0x40},
+     {R::Command2, 0x20, R::Command2, 0x40},
+     "Ta",
+     "~Ta",
+     true},
+    {"ZoomOut",
+     "Zoom Out",
+     LensButton::ZoomIn,
+     {R::Command2, 0x40, R::Command2, 0x20},
+     {R::Command2, 0x40, R::Command2, 0x20},
+     "Wa",
+     "~Wa",
+     true},
 }};
 
 const LensAction& ActionOf(LensButton button) {
@@ -63,13 +99,17 @@ const Bits* BitsFor(const Quellpad_Support_Func& k, const LensAction& action) {
 
 } // namespace
 
-const char* LensButtonName(LensButton button) { return ActionOf(button).name; }
+const char* LensButtonName(LensButton button) {
+    return ActionOf(button).name;
+}
 
 QString LensPlainCaption(LensButton button) {
     return QString::fromLatin1(ActionOf(button).caption);
 }
 
-LensButton LensPartner(LensButton button) { return ActionOf(button).partner; }
+LensButton LensPartner(LensButton button) {
+    return ActionOf(button).partner;
+}
 
 void SwitchLensOn(Quellpad_Support_Func& k, LensButton button) {
     if (k.Command2 & 0x01) {

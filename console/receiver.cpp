@@ -21,10 +21,9 @@ QString ResponseText(const QString& mode, const QByteArray& bytes) {
 }
 
 QString AppendToResponseBox(const QString& mode, const QString& box, const QString& response) {
-    const bool newReply =
-        IsFrameMode(mode)
-            ? response.contains(QLatin1String("FF")) || response.contains(QLatin1String("A2"))
-            : response.contains(u'm') || response.contains(u'a');
+    const bool newReply = IsFrameMode(mode) ? response.contains(QLatin1String("FF")) ||
+                                                  response.contains(QLatin1String("A2"))
+                                            : response.contains(u'm') || response.contains(u'a');
     return (box.size() >= kResponseBoxLimit && newReply ? QString() : box) + response;
 }
 

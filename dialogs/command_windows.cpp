@@ -82,7 +82,8 @@ frmAbout::frmAbout(QWidget* parent) : QDialog(parent) {
 FrmTypeCmnds::FrmTypeCmnds(QWidget* parent) : QDialog(parent) {
     Name(this, "FrmTypeCmnds", QStringLiteral("Type Commands"));
     instruction_ = ui::MakeLabel(this, "InstructionLabel");
-    auto* toSendLabel = ui::MakeLabel(this, "CommandToSendLabel", QStringLiteral("Command To Send"));
+    auto* toSendLabel =
+        ui::MakeLabel(this, "CommandToSendLabel", QStringLiteral("Command To Send"));
     commandToSend_ = ui::MakeTextBox(this, "CommandToSendTextBox", toSendLabel->text());
     auto* responseLabel =
         ui::MakeLabel(this, "CommandResponseLabel", QStringLiteral("Command Response"));
@@ -101,15 +102,16 @@ FrmTypeCmnds::FrmTypeCmnds(QWidget* parent) : QDialog(parent) {
 
 void FrmTypeCmnds::Prepare(const QString& mode) {
     if (IsAsciiMode(mode)) {
-        instruction_->setText(kCrLf + QStringLiteral("Type ASCII bytes and send them by pressing the") +
+        instruction_->setText(kCrLf +
+                              QStringLiteral("Type ASCII bytes and send them by pressing the") +
                               kQuote + QStringLiteral("Enter") + kQuote +
                               QStringLiteral(" key.  For example; 1Ma would represent") + kCrLf +
                               QStringLiteral("the monitor 1 select command.  ASCII command") +
                               kCrLf + QStringLiteral("responses will appear below."));
     } else {
         instruction_->setText(
-            kCrLf + QStringLiteral("Type Hexadecimal bytes and send them by pressing the") + kQuote +
-            QStringLiteral("Enter") + kQuote +
+            kCrLf + QStringLiteral("Type Hexadecimal bytes and send them by pressing the") +
+            kQuote + QStringLiteral("Enter") + kQuote +
             QStringLiteral(" key.  For example; FF 01 00 00 00 00 01 would") + kCrLf +
             QStringLiteral("represent the camera 1 stop command in D Protocol.") + kCrLf +
             QStringLiteral("The command response will appear below."));

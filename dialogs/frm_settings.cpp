@@ -41,7 +41,8 @@ frmSettings::frmSettings(Quellpad_Support_Func& keyboard, QWidget* parent)
     auto* parityColumn = new QVBoxLayout(parityFrame);
     for (int i = 0; i < 3; ++i) {
         const QString letter = QLatin1String(kParityLetters[i]);
-        parity_[i] = ui::MakeOption(parityFrame, kParityNames[i], QLatin1String(kParityCaptions[i]));
+        parity_[i] =
+            ui::MakeOption(parityFrame, kParityNames[i], QLatin1String(kParityCaptions[i]));
         parityColumn->addWidget(parity_[i]);
         connect(parity_[i], &QRadioButton::clicked, this, [this, letter] {
             boundary_.Run("Parity_Click", [&] { keyboard_.Parity = letter; });

@@ -25,12 +25,12 @@ public:
 };
 
 enum class PortFailure {
-    NoSuchPort,    // nothing answers at the bound device path
-    InUse,         // the device exists but another program (or port object) holds it
-    NotSerial,     // the path is there but is not a serial device
-    BadSettings,   // the line settings text cannot be applied
-    WriteFailed,   // a byte could not be handed to the driver
-    Vanished,      // the device went away while open (a USB adapter pulled out)
+    NoSuchPort,  // nothing answers at the bound device path
+    InUse,       // the device exists but another program (or port object) holds it
+    NotSerial,   // the path is there but is not a serial device
+    BadSettings, // the line settings text cannot be applied
+    WriteFailed, // a byte could not be handed to the driver
+    Vanished,    // the device went away while open (a USB adapter pulled out)
     Other,
 };
 

@@ -61,16 +61,19 @@ QString LeftTrimmed(const QString& text) {
 
 } // namespace
 
-bool IsAsciiMode(const QString& mode) { return mode == kModeAscii || mode == kModeMuxAscii; }
-bool IsFrameMode(const QString& mode) { return mode == kModeD || mode == kModeP; }
+bool IsAsciiMode(const QString& mode) {
+    return mode == kModeAscii || mode == kModeMuxAscii;
+}
+bool IsFrameMode(const QString& mode) {
+    return mode == kModeD || mode == kModeP;
+}
 
 QString HexByte(std::uint8_t value) {
     return QStringLiteral("%1").arg(value, 2, 16, QLatin1Char('0')).toUpper();
 }
 
 Quellpad_Support_Func::Quellpad_Support_Func(LineFactory makeLine, QObject* parent)
-    : QObject(parent), SettingsPath(SettingsFilePath()), com1_(makeLine(1)),
-      com2_(makeLine(2)) {}
+    : QObject(parent), SettingsPath(SettingsFilePath()), com1_(makeLine(1)), com2_(makeLine(2)) {}
 
 Quellpad_Support_Func::~Quellpad_Support_Func() = default;
 

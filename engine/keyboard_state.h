@@ -18,8 +18,8 @@ inline const QString kModeMuxAscii = QStringLiteral("MUX ASCII");
 inline const QString kModeD = QStringLiteral("D");
 inline const QString kModeP = QStringLiteral("P");
 
-bool IsAsciiMode(const QString& mode);   // "ASCII" or "MUX ASCII"
-bool IsFrameMode(const QString& mode);   // "D" or "P"
+bool IsAsciiMode(const QString& mode); // "ASCII" or "MUX ASCII"
+bool IsFrameMode(const QString& mode); // "D" or "P"
 
 // The byte in upper-case hexadecimal, always two characters ("0F", "AF").
 QString HexByte(std::uint8_t value);

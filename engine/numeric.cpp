@@ -18,7 +18,9 @@ double CheckedWhole(double value, double low, double high, const char* what) {
     return whole;
 }
 
-bool IsBlank(QChar c) { return c == u' ' || c == u'\t' || c == u'\n' || c == u'\r'; }
+bool IsBlank(QChar c) {
+    return c == u' ' || c == u'\t' || c == u'\n' || c == u'\r';
+}
 
 } // namespace
 
@@ -49,8 +51,7 @@ double Val(const QString& text) {
         if (c.isDigit() && c.unicode() < 128) {
             number += c;
             seenDigit = true;
-        } else if ((c == u'+' || c == u'-') &&
-                   (number.isEmpty() || number.endsWith(u'e'))) {
+        } else if ((c == u'+' || c == u'-') && (number.isEmpty() || number.endsWith(u'e'))) {
             number += c;
         } else if (c == u'.' && !seenPoint && !seenExponent) {
             number += c;
@@ -64,8 +65,8 @@ double Val(const QString& text) {
         }
     }
     // A dangling exponent or sign counts for nothing ("12e" is 12).
-    while (!number.isEmpty() && (number.endsWith(u'e') || number.endsWith(u'+') ||
-                                 number.endsWith(u'-'))) {
+    while (!number.isEmpty() &&
+           (number.endsWith(u'e') || number.endsWith(u'+') || number.endsWith(u'-'))) {
         number.chop(1);
         if (number.endsWith(u'e')) {
             number.chop(1);
@@ -76,7 +77,9 @@ double Val(const QString& text) {
     return ok && std::isfinite(value) ? value : 0.0;
 }
 
-double IntPart(double value) { return std::floor(value); }
+double IntPart(double value) {
+    return std::floor(value);
+}
 
 double RoundHalfEven(double value) {
     const double floor = std::floor(value);
@@ -103,6 +106,8 @@ QString Str(double value) {
     return value < 0 ? text : QLatin1Char(' ') + text;
 }
 
-QString Digits(long long value) { return QString::number(value < 0 ? -value : value); }
+QString Digits(long long value) {
+    return QString::number(value < 0 ? -value : value);
+}
 
 } // namespace quellpad

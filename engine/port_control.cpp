@@ -15,7 +15,9 @@ constexpr int kInputBufferBytes = 1024;
 constexpr int kOutputBufferBytes = 50;
 constexpr int kInputLength = 30;
 
-QString PortDigit(int portNumber) { return QString::number(portNumber); }
+QString PortDigit(int portNumber) {
+    return QString::number(portNumber);
+}
 
 } // namespace
 
@@ -27,8 +29,8 @@ bool TogglePort(Quellpad_Support_Func& keyboard, int portNumber, bool otherPortC
         keyboard.EnabledPorts = otherPortChecked ? QStringLiteral("1 2") : PortDigit(portNumber);
     } else {
         port.Close();
-        keyboard.EnabledPorts = otherPortChecked ? PortDigit(3 - portNumber)
-                                                 : QStringLiteral("None");
+        keyboard.EnabledPorts =
+            otherPortChecked ? PortDigit(3 - portNumber) : QStringLiteral("None");
     }
     keyboard.SaveSettings();
     return opening;

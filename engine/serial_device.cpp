@@ -141,7 +141,9 @@ void SerialDevice::SetBufferSizes(int inputBytes, int /*outputBytes*/) {
     port_.setReadBufferSize(inputBytes);
 }
 
-void SerialDevice::SetInputLength(int bytes) { inputLength_ = bytes; }
+void SerialDevice::SetInputLength(int bytes) {
+    inputLength_ = bytes;
+}
 
 void SerialDevice::Open() {
     if (port_.isOpen()) {
@@ -164,7 +166,9 @@ void SerialDevice::Close() {
     port_.clearError();
 }
 
-bool SerialDevice::IsOpen() const { return port_.isOpen(); }
+bool SerialDevice::IsOpen() const {
+    return port_.isOpen();
+}
 
 void SerialDevice::Output(std::uint8_t byte) {
     const char data = static_cast<char>(byte);
@@ -172,8 +176,8 @@ void SerialDevice::Output(std::uint8_t byte) {
     // event loop, so each byte is its own write and leaves in the order it was given.
     if (port_.write(&data, 1) != 1 || !port_.flush() || port_.error() != QSerialPort::NoError) {
         const QSerialPort::SerialPortError error = port_.error();
-        const QString reason = port_.isOpen() ? port_.errorString()
-                                              : QStringLiteral("the port is not open");
+        const QString reason =
+            port_.isOpen() ? port_.errorString() : QStringLiteral("the port is not open");
         port_.clearError();
         throw PortError(portNumber_, device_,
                         error == QSerialPort::ResourceError ? PortFailure::Vanished

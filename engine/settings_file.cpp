@@ -62,9 +62,9 @@ SettingsFields ReadSettingsFile(const QString& path) {
     if (lines.size() < 6 && start < content.size()) {
         lines.append(content.mid(start)); // a last line without its line end
     }
-    std::array<QString*, 6> targets{&fields.BaudRate,       &fields.Parity,
-                                    &fields.HoldRts,        &fields.AvailablePorts,
-                                    &fields.CurrentMode,    &fields.EnabledPorts};
+    std::array<QString*, 6> targets{&fields.BaudRate,    &fields.Parity,
+                                    &fields.HoldRts,     &fields.AvailablePorts,
+                                    &fields.CurrentMode, &fields.EnabledPorts};
     for (qsizetype i = 0; i < lines.size(); ++i) {
         if (!HasControlCharacters(lines[i])) {
             *targets[static_cast<std::size_t>(i)] = QString::fromLatin1(lines[i]);
@@ -79,9 +79,8 @@ void WriteSettingsFile(const QString& path, const SettingsFields& fields) {
         throw SettingsError(QStringLiteral("Settings.dat could not be written to %1: %2.")
                                 .arg(QDir::toNativeSeparators(path), file.errorString()));
     }
-    const QString text = QStringList{fields.BaudRate,       fields.Parity,
-                                     fields.HoldRts,        fields.AvailablePorts,
-                                     fields.CurrentMode,    fields.EnabledPorts}
+    const QString text = QStringList{fields.BaudRate,       fields.Parity,      fields.HoldRts,
+                                     fields.AvailablePorts, fields.CurrentMode, fields.EnabledPorts}
                              .join(QStringLiteral("\r\n")) +
                          QStringLiteral("\r\n");
     file.write(text.toLatin1());

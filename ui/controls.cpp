@@ -15,7 +15,8 @@ namespace quellpad::ui {
 
 namespace {
 
-template <class Control> Control* Named(Control* control, const char* name, const QString& caption) {
+template <class Control>
+Control* Named(Control* control, const char* name, const QString& caption) {
     control->setObjectName(QLatin1String(name));
     control->setAccessibleName(OneLine(caption));
     return control;

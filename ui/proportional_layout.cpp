@@ -38,8 +38,7 @@ void ProportionalLayout::Apply(QSizeF containerSize) {
         const int top = static_cast<int>(std::lround(r.top() * scaleY_));
         const int right = static_cast<int>(std::lround(r.right() * scaleX_));
         const int bottom = static_cast<int>(std::lround(r.bottom() * scaleY_));
-        entry.control->setGeometry(left, top, std::max(1, right - left),
-                                   std::max(1, bottom - top));
+        entry.control->setGeometry(left, top, std::max(1, right - left), std::max(1, bottom - top));
         QFont font = entry.control->font();
         font.setPointSizeF(std::max(kSmallestPointSize, entry.pointSize * fontScale));
         entry.control->setFont(font);

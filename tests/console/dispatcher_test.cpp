@@ -40,9 +40,9 @@ protected:
 };
 
 TEST_F(DispatcherTest, AlarmRangeTextIsReadOnlyWithOneToFourCharactersBeforeTheDots) {
-    const std::tuple<const char*, int, int> cases[] = {
-        {"3..12", 3, 12}, {"9999..1", 9999, 1}, {"123456..7", -1, -1}, {"..5", -1, -1},
-        {"12", -1, -1},   {"1.2..15", 1, 15}};
+    const std::tuple<const char*, int, int> cases[] = {{"3..12", 3, 12},      {"9999..1", 9999, 1},
+                                                       {"123456..7", -1, -1}, {"..5", -1, -1},
+                                                       {"12", -1, -1},        {"1.2..15", 1, 15}};
     for (const auto& [text, start, end] : cases) {
         keyboard_->AlarmRangeStart = -1;
         keyboard_->AlarmRangeEnd = -1;
@@ -61,7 +61,8 @@ TEST_F(DispatcherTest, FrameModesSendOnlyWhenTheRegistersChange) {
     EXPECT_FALSE(Tick().sent);
     keyboard_->Data1 = 21;
     EXPECT_TRUE(Tick().sent);
-    EXPECT_EQ(com1_.Drain(10), QByteArray::fromHex("ff010002140017" "ff010002150018"));
+    EXPECT_EQ(com1_.Drain(10), QByteArray::fromHex("ff010002140017"
+                                                   "ff010002150018"));
 }
 
 TEST_F(DispatcherTest, ZoneStartWritesTheLabelInTwentyTwoFrames) {

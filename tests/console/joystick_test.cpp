@@ -23,9 +23,14 @@ protected:
 TEST(JoystickSpeedRule, DeadZoneMinimumAndLimits) {
     const std::tuple<double, double, double, int> cases[] = {
         // distance, scale, limit, speed (half-size 1500, dead size 150)
-        {150, 60, 64, 0},    {151, 60, 64, 7},    {150 + 1350.0 * 57 / 60, 60, 64, 64},
-        {1499, 60, 64, 64},  {1499, 59, 63, 63},  {150 + 675, 60, 64, 37},
-        {150 + 1350.0 * 56 / 59, 59, 63, 63}, {150 + 1350.0 * 55.5 / 59, 59, 63, 62}};
+        {150, 60, 64, 0},
+        {151, 60, 64, 7},
+        {150 + 1350.0 * 57 / 60, 60, 64, 64},
+        {1499, 60, 64, 64},
+        {1499, 59, 63, 63},
+        {150 + 675, 60, 64, 37},
+        {150 + 1350.0 * 56 / 59, 59, 63, 63},
+        {150 + 1350.0 * 55.5 / 59, 59, 63, 62}};
     for (const auto& [distance, scale, limit, speed] : cases) {
         EXPECT_EQ(JoystickSpeed(distance, 1500, 150, scale, static_cast<int>(limit)), speed)
             << distance;
@@ -65,8 +70,11 @@ TEST_F(JoystickTest, DirectionsSpeedsAndTextsPerMode) {
 TEST_F(JoystickTest, TheBorderIsOutsideAndOutsideChangesNothing) {
     keyboard_.CurrentMode = kModeD;
     keyboard_.Command2 = 0x20;
-    for (const auto& [x, y] : {std::pair{3000.0, 4000.0}, {6000.0, 4000.0}, {4000.0, 3000.0},
-                               {4000.0, 6000.0}, {100.0, 100.0}}) {
+    for (const auto& [x, y] : {std::pair{3000.0, 4000.0},
+                               {6000.0, 4000.0},
+                               {4000.0, 3000.0},
+                               {4000.0, 6000.0},
+                               {100.0, 100.0}}) {
         EXPECT_FALSE(Move(kLeftButton, x, y));
     }
     EXPECT_EQ(keyboard_.Command2, 0x20);
@@ -96,13 +104,13 @@ TEST_F(JoystickTest, ReleaseStopsPanAndTiltButKeepsTheLens) {
 
 TEST_F(JoystickTest, RightButtonLatchFollowsThePointerUntilTheNextRightPress) {
     keyboard_.CurrentMode = kModeD;
-    EXPECT_TRUE(Move(kRightButton, 4500 + 825, 4500));  // latch on, knob jumps there
-    EXPECT_FALSE(ReleaseJoystick(keyboard_, state_));    // its release does not stop
-    EXPECT_TRUE(Move(0, 4500 - 825, 4500));              // follows with no button held
+    EXPECT_TRUE(Move(kRightButton, 4500 + 825, 4500)); // latch on, knob jumps there
+    EXPECT_FALSE(ReleaseJoystick(keyboard_, state_));  // its release does not stop
+    EXPECT_TRUE(Move(0, 4500 - 825, 4500));            // follows with no button held
     EXPECT_EQ(keyboard_.Command2, 0x04);
-    EXPECT_FALSE(Move(kRightButton, 4500, 4500));        // latch off, nothing else
+    EXPECT_FALSE(Move(kRightButton, 4500, 4500)); // latch off, nothing else
     EXPECT_EQ(keyboard_.Command2, 0x04);
-    EXPECT_TRUE(ReleaseJoystick(keyboard_, state_));     // that release stops
+    EXPECT_TRUE(ReleaseJoystick(keyboard_, state_)); // that release stops
     EXPECT_EQ(keyboard_.Command2, 0);
     EXPECT_FALSE(Move(0, 4500 + 825, 4500));
 }

@@ -72,8 +72,10 @@ TEST(Replies, TheResponseBoxIsClearedOnlyWhenLongAndANewReplyStarts) {
     const QString longBox(300, u'x');
     const QString shortBox(250, u'x');
     const std::tuple<QString, const char*, const char*, bool> cases[] = {
-        {kModeD, " 00 A2", "long", true},   {kModeP, " 01 02", "long", false},
-        {kModeD, " FF 01", "short", false}, {kModeAscii, "1a", "long", true},
+        {kModeD, " 00 A2", "long", true},
+        {kModeP, " 01 02", "long", false},
+        {kModeD, " FF 01", "short", false},
+        {kModeAscii, "1a", "long", true},
         {kModeMuxAscii, "OK", "long", false}};
     for (const auto& [mode, reply, size, cleared] : cases) {
         const QString box = QLatin1String(size) == u"long" ? longBox : shortBox;
@@ -84,8 +86,8 @@ TEST(Replies, TheResponseBoxIsClearedOnlyWhenLongAndANewReplyStarts) {
 
 TEST(Replies, AlarmNumbersComeFromIaAndDaReplies) {
     const std::pair<const char*, const char*> cases[] = {
-        {"12ia", "12"}, {"7da", "7"}, {"ia", nullptr}, {"5i", nullptr}, {"a", nullptr},
-        {"ia3x", "ia"}, {"1Ma", nullptr}};
+        {"12ia", "12"}, {"7da", "7"},   {"ia", nullptr}, {"5i", nullptr},
+        {"a", nullptr}, {"ia3x", "ia"}, {"1Ma", nullptr}};
     for (const auto& [reply, number] : cases) {
         const auto got = AlarmNumberFromReply(QLatin1String(reply));
         if (number) {

@@ -9,11 +9,11 @@ using Verdict = RetransmitPeriod::Verdict;
 
 TEST(RetransmitPeriodBox, SecondsStrictlyBetweenTheBoundsBecomeWholeMilliseconds) {
     const std::tuple<const char*, Verdict, int> cases[] = {
-        {"2.5", Verdict::Accepted, 2500},   {"0.0505", Verdict::Accepted, 50},
-        {"0.06", Verdict::Accepted, 60},    {"60.9999", Verdict::Accepted, 60999},
-        {"", Verdict::Default, 1000},       {".", Verdict::Default, 1000},
-        {"0", Verdict::Default, 1000},      {"0.05", Verdict::Rejected, 0},
-        {"61", Verdict::Rejected, 0},       {"0.01", Verdict::Rejected, 0},
+        {"2.5", Verdict::Accepted, 2500}, {"0.0505", Verdict::Accepted, 50},
+        {"0.06", Verdict::Accepted, 60},  {"60.9999", Verdict::Accepted, 60999},
+        {"", Verdict::Default, 1000},     {".", Verdict::Default, 1000},
+        {"0", Verdict::Default, 1000},    {"0.05", Verdict::Rejected, 0},
+        {"61", Verdict::Rejected, 0},     {"0.01", Verdict::Rejected, 0},
     };
     for (const auto& [text, verdict, ms] : cases) {
         const RetransmitPeriod period = ReadRetransmitPeriod(QString::fromLatin1(text));

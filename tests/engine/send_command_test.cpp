@@ -73,7 +73,9 @@ TEST_F(SendCommandTest, BothPortsAreInterleavedByteByByteComOneFirst) {
     keyboard_->CurrentMode = kModeD;
     keyboard_->AddressCOM2 = 2;
     keyboard_->SendCommand();
-    EXPECT_EQ(com1_.Read(14), QByteArray::fromHex("ffff0102" "0000000000000000" "0102"));
+    EXPECT_EQ(com1_.Read(14), QByteArray::fromHex("ffff0102"
+                                                  "0000000000000000"
+                                                  "0102"));
 }
 
 TEST_F(SendCommandTest, PAddressZeroFailsBeforeAnythingIsWritten) {

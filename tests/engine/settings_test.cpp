@@ -99,7 +99,9 @@ TEST_F(SettingsTest, ComOptionsRecordTheEnabledPortsAndSaveThem) {
         bool nowOpen;
         const char* enabled;
     };
-    const Step steps[] = {{1, false, true, "1"}, {2, true, true, "1 2"}, {1, true, false, "2"},
+    const Step steps[] = {{1, false, true, "1"},
+                          {2, true, true, "1 2"},
+                          {1, true, false, "2"},
                           {2, false, false, "None"}};
     for (const Step& s : steps) {
         EXPECT_EQ(TogglePort(*keyboard_, s.port, s.otherChecked), s.nowOpen);
@@ -143,7 +145,8 @@ TEST_F(SettingsTest, AFileThatCannotBeWrittenIsReportedAndTheOldOneKept) {
         keyboard_->SaveSettings();
         FAIL() << "writing into a missing folder succeeded";
     } catch (const SettingsError& error) {
-        EXPECT_TRUE(error.Message().startsWith(QStringLiteral("Settings.dat could not be written")));
+        EXPECT_TRUE(
+            error.Message().startsWith(QStringLiteral("Settings.dat could not be written")));
     }
     EXPECT_EQ(ReadSettings(), QByteArray("2400\r\nn\r\nFalse\r\n1 2\r\nD\r\nNone\r\n"));
 }

@@ -17,7 +17,9 @@ void KeyboardFixture::SetUp() {
     MakeKeyboard();
 }
 
-void KeyboardFixture::TearDown() { keyboard_.reset(); }
+void KeyboardFixture::TearDown() {
+    keyboard_.reset();
+}
 
 void KeyboardFixture::Bind(int portNumber, const QString& device) {
     qputenv(portNumber == 1 ? "QUELLPAD_COM1" : "QUELLPAD_COM2", device.toLocal8Bit());
@@ -28,7 +30,9 @@ void KeyboardFixture::MakeKeyboard() {
     keyboard_ = std::make_unique<Quellpad_Support_Func>();
 }
 
-QString KeyboardFixture::SettingsPath() const { return dir_.filePath(QStringLiteral("Settings.dat")); }
+QString KeyboardFixture::SettingsPath() const {
+    return dir_.filePath(QStringLiteral("Settings.dat"));
+}
 
 void KeyboardFixture::WriteSettings(const QByteArray& content) const {
     QFile file(SettingsPath());

@@ -72,7 +72,9 @@ void PseudoTerminal::Write(const QByteArray& bytes) {
     }
 }
 
-void PseudoTerminal::AllowSecondOpen() { ioctl(slave_, TIOCNXCL); }
+void PseudoTerminal::AllowSecondOpen() {
+    ioctl(slave_, TIOCNXCL);
+}
 
 void PseudoTerminal::Hangup() {
     close(master_);

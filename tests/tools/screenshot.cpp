@@ -1,0 +1,38 @@
+// Renders the main window offscreen in one mode and saves it as a PNG, for the README.
+// Usage: quellpad_screenshot MODE OUTPUT.png   (MODE: "D", "P", "ASCII" or "MUX ASCII")
+#include "console/frm_main.h"
+#include "engine/keyboard_state.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <cstdio>
+
+int main(int argc, char* argv[]) {
+    if (argc != 3) {
+        std::fprintf(stderr, "usage: %s MODE OUTPUT.png\n", argv[0]);
+        return 2;
+    }
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QTemporaryDir settings;
+    qputenv("QUELLPAD_SETTINGS_DIR", settings.path().toLocal8Bit());
+    QFile file(QDir(settings.path()).filePath(QStringLiteral("Settings.dat")));
+    if (!file.open(QIODevice::WriteOnly)) {
+        return 1;
+    }
+    file.write("9600\r\nn\r\nFalse\r\n1 2\r\n" + QByteArray(argv[1]) + "\r\nNone\r\n");
+    file.close();
+
+    QApplication app(argc, argv);
+    quellpad::Quellpad_Support_Func keyboard;
+    quellpad::FrmMain window(keyboard);
+    window.Form_Load();
+    window.resize(760, 540);
+    window.show();
+    QTimer::singleShot(
+        200, &app, [&] { app.exit(window.grab().save(QString::fromLocal8Bit(argv[2])) ? 0 : 1); });
+    return QApplication::exec();
+}
