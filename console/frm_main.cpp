@@ -26,6 +26,7 @@
 #include <QScopeGuard>
 #include <QScreen>
 #include <QStatusBar>
+#include <QTextDocument>
 #include <QTimer>
 
 #include <cmath>
@@ -1052,8 +1053,19 @@ void FrmMain::MSComm_OnComm(int number, int eventCode) {
     }
     QString& response = number == 1 ? keyboard_.Com1Response : keyboard_.Com2Response;
     response += ResponseText(mode, keyboard_.Port(number).Input());
-    AccessResponseTextBox->setPlainText(
-        AppendToResponseBox(mode, AccessResponseTextBox->toPlainText(), response));
+    QTextDocument* box = AccessResponseTextBox->document();
+    if (ClearsResponseBox(mode, box->characterCount() - 1, response)) {
+        box->clear();
+    }
+    QTextCursor end(box);
+    end.movePosition(QTextCursor::End);
+    end.insertText(response);
+    const int excess = box->characterCount() - 1 - static_cast<int>(kResponseBoxMaximum);
+    if (excess > 0) {
+        QTextCursor oldest(box);
+        oldest.movePosition(QTextCursor::NextCharacter, QTextCursor::KeepAnchor, excess);
+        oldest.removeSelectedText();
+    }
     AccessResponseTextBox->moveCursor(QTextCursor::End);
     if (IsAsciiMode(mode)) {
         if (const auto alarm = AlarmNumberFromReply(response)) {

@@ -20,11 +20,11 @@ QString ResponseText(const QString& mode, const QByteArray& bytes) {
     return text;
 }
 
-QString AppendToResponseBox(const QString& mode, const QString& box, const QString& response) {
+bool ClearsResponseBox(const QString& mode, qsizetype boxLength, const QString& response) {
     const bool newReply = IsFrameMode(mode) ? response.contains(QLatin1String("FF")) ||
                                                   response.contains(QLatin1String("A2"))
                                             : response.contains(u'm') || response.contains(u'a');
-    return (box.size() >= kResponseBoxLimit && newReply ? QString() : box) + response;
+    return boxLength >= kResponseBoxLimit && newReply;
 }
 
 std::optional<QString> AlarmNumberFromReply(const QString& response) {

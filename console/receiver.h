@@ -11,10 +11,14 @@ namespace quellpad {
 // "P", the characters themselves in the ASCII modes, nothing in any other mode.
 QString ResponseText(const QString& mode, const QByteArray& bytes);
 
-// The response box after a reply: a box of 251 characters or more is cleared first when
-// the reply holds the start of a new one ("FF" or "A2" in "D" and "P", "m" or "a" in
-// the ASCII modes); otherwise the box simply grows.
-QString AppendToResponseBox(const QString& mode, const QString& box, const QString& response);
+// Whether the response box is to be cleared before a reply is added: only a box of 251
+// characters or more, and only when the reply holds the start of a new one ("FF" or
+// "A2" in "D" and "P", "m" or "a" in the ASCII modes); otherwise the box simply grows.
+bool ClearsResponseBox(const QString& mode, qsizetype boxLength, const QString& response);
+
+// However long replies go on without a marker, the box keeps only this many of the
+// latest characters, so that a chattering line cannot slow the window down.
+inline constexpr qsizetype kResponseBoxMaximum = 32768;
 
 // The alarm number of a switcher reply such as "12ia" or "7da": the reply without its
 // last two characters, or nothing when the reply is no alarm reply.

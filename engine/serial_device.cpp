@@ -135,10 +135,11 @@ void SerialDevice::ApplyRts() {
     }
 }
 
-void SerialDevice::SetBufferSizes(int inputBytes, int /*outputBytes*/) {
-    // Every byte is handed to the driver as it is written, so only the receive side
-    // keeps a buffer of its own.
-    port_.setReadBufferSize(inputBytes);
+void SerialDevice::SetBufferSizes(int /*inputBytes*/, int /*outputBytes*/) {
+    // Every byte is handed to the driver as it is written, and received bytes wait in
+    // QSerialPort's own buffer until the receive events have taken them. That buffer is
+    // left unbounded on purpose: once a bounded one fills, QSerialPort stops reading the
+    // device for good, and the replies would stall.
 }
 
 void SerialDevice::SetInputLength(int bytes) {

@@ -1,6 +1,7 @@
 #include "fixtures.h"
 
 #include "console/frm_main.h"
+#include "console/receiver.h"
 
 #include <QAction>
 #include <QLabel>
@@ -215,6 +216,18 @@ TEST_F(MainWindowTest, RepliesAreShownPerModeAndAlarmNumbersPickedOut) {
     com1_.Drain(100);
     EXPECT_EQ(alarm->text(), QStringLiteral("7")) << "a reply split in two carries no marker";
     EXPECT_TRUE(Child<QPlainTextEdit>("AccessResponseTextBox")->toPlainText().endsWith(u"7da5ia"));
+}
+
+TEST_F(MainWindowTest, AResponseBoxWithoutMarkersKeepsOnlyItsLatestText) {
+    Start("ASCII");
+    com1_.Write(QByteArray(kResponseBoxMaximum, 'x') + "yz");
+    auto* responses = Child<QPlainTextEdit>("AccessResponseTextBox");
+    for (int wait = 0; wait < 100 && !responses->toPlainText().endsWith(u"yz"); ++wait) {
+        com1_.Drain(50);
+    }
+    const QString box = responses->toPlainText();
+    EXPECT_EQ(box.size(), kResponseBoxMaximum);
+    EXPECT_TRUE(box.endsWith(u"xyz"));
 }
 
 TEST_F(MainWindowTest, AFailingTickIsReportedOnceAndTheKeyboardKeepsWorking) {

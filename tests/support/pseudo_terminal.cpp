@@ -67,8 +67,20 @@ QByteArray PseudoTerminal::Drain(int settleMs) {
 }
 
 void PseudoTerminal::Write(const QByteArray& bytes) {
-    if (write(master_, bytes.constData(), static_cast<size_t>(bytes.size())) != bytes.size()) {
-        throw std::runtime_error("pty write failed");
+    // The driver holds a few kilobytes; the rest goes as the program reads.
+    qsizetype written = 0;
+    QElapsedTimer clock;
+    clock.start();
+    while (written < bytes.size()) {
+        const ssize_t n = write(master_, bytes.constData() + written,
+                                static_cast<size_t>(bytes.size() - written));
+        if (n > 0) {
+            written += n;
+        } else if (clock.elapsed() > 5000) {
+            throw std::runtime_error("pty write failed");
+        } else {
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+        }
     }
 }
 
