@@ -18,7 +18,7 @@ bool ClearsResponseBox(const QString& mode, qsizetype boxLength, const QString& 
 
 // However long replies go on without a marker, the box keeps only this many of the
 // latest characters, so that a chattering line cannot slow the window down.
-inline constexpr qsizetype kResponseBoxMaximum = 32768;
+inline constexpr qsizetype kResponseBoxMaximum = 4096;
 
 // The alarm number of a switcher reply such as "12ia" or "7da": the reply without its
 // last two characters, or nothing when the reply is no alarm reply.
