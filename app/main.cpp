@@ -2,6 +2,7 @@
 #include "engine/keyboard_state.h"
 
 #include <QApplication>
+#include <QScreen>
 
 int main(int argc, char* argv[]) {
     QApplication app(argc, argv);
@@ -11,6 +12,9 @@ int main(int argc, char* argv[]) {
     quellpad::Quellpad_Support_Func keyboard;
     quellpad::FrmMain window(keyboard);
     window.Form_Load();
+    if (const QScreen* screen = window.screen()) {
+        window.move(screen->availableGeometry().center() - window.rect().center());
+    }
     window.show();
     return QApplication::exec();
 }

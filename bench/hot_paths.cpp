@@ -48,8 +48,9 @@ void SendCommandDFrame(benchmark::State& state) {
     static std::string device;
     device = name;
     auto bound = [](int number) -> std::unique_ptr<SerialLine> {
-        return std::make_unique<SerialDevice>(
-            number, number == 1 ? QString::fromStdString(device) : QStringLiteral("/dev/quellpad-none"));
+        return std::make_unique<SerialDevice>(number, number == 1
+                                                          ? QString::fromStdString(device)
+                                                          : QStringLiteral("/dev/quellpad-none"));
     };
     Quellpad_Support_Func keyboard(bound);
     keyboard.MSComm1().Open();

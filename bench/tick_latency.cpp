@@ -29,7 +29,9 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-double Micros(Clock::duration d) { return std::chrono::duration<double, std::micro>(d).count(); }
+double Micros(Clock::duration d) {
+    return std::chrono::duration<double, std::micro>(d).count();
+}
 
 void Report(const char* what, std::vector<double> values) {
     std::sort(values.begin(), values.end());
@@ -40,8 +42,8 @@ void Report(const char* what, std::vector<double> values) {
     const auto at = [&](double q) {
         return values[static_cast<size_t>(q * static_cast<double>(values.size() - 1))];
     };
-    std::printf("%-32s n=%zu  median %.1f  p99 %.1f  max %.1f  (us)\n", what, values.size(), at(0.5),
-                at(0.99), values.back());
+    std::printf("%-32s n=%zu  median %.1f  p99 %.1f  max %.1f  (us)\n", what, values.size(),
+                at(0.5), at(0.99), values.back());
 }
 
 // Timestamps each tick before the dispatcher runs.
@@ -137,7 +139,8 @@ int main(int argc, char* argv[]) {
             latencies.push_back(Micros(arrival - *std::prev(tick)));
         }
     }
-    std::printf("CommandChangeTimer period %d ms, %zu ticks\n", timer->interval(), watch.ticks.size());
+    std::printf("CommandChangeTimer period %d ms, %zu ticks\n", timer->interval(),
+                watch.ticks.size());
     for (double& p : periods) {
         p = std::abs(p);
     }

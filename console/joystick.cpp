@@ -72,8 +72,9 @@ bool UpdateJoystick(Quellpad_Support_Func& k, JoystickState& state, int button, 
     }
     state.JoystickDragging = true;
 
-    const double restX = ToInt16(g.windowWidth / 2);
-    const double restY = ToInt16(g.windowHeight / 2);
+    // Whole twips; wider than 16 bits on today's large screens.
+    const double restX = RoundHalfEven(g.windowWidth / 2);
+    const double restY = RoundHalfEven(g.windowHeight / 2);
     const double deadX = IntPart((g.squareLeft + g.squareWidth - RoundHalfEven(g.squareLeft)) / 20);
     const double deadY = IntPart((g.squareTop + g.squareHeight - RoundHalfEven(g.squareTop)) / 20);
     k.AsciiCommand.clear();
