@@ -46,13 +46,6 @@ public:
     // The knob back at the rest point.
     void CentreJoystickBall();
 
-    // The joystick's geometry at this moment, in twips of the window's client area.
-    JoystickGeometry CurrentJoystickGeometry() const;
-    // Twips of the client area for a point of the window's central area.
-    QPointF ToTwips(QPointF canvasPoint) const;
-    // The point of the central area at the given twips of the client area.
-    QPointF FromTwips(QPointF twips) const;
-
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
@@ -102,6 +95,11 @@ private:
     void Form_MouseMove(int buttons, QPointF canvasPoint);
     void Form_MouseUp();
     void PlaceBallAt(QPointF twips);
+    // The joystick's geometry at this moment, in twips of the window's client area.
+    JoystickGeometry CurrentJoystickGeometry() const;
+    // Twips of the client area for a point of the window's central area, and back.
+    QPointF ToTwips(QPointF canvasPoint) const;
+    QPointF FromTwips(QPointF twips) const;
 
     // Replies from the equipment.
     void MSComm_OnComm(int portNumber, int eventCode);

@@ -1,0 +1,148 @@
+// The main window's motion controls: the lens buttons and the joystick.
+#include "console/frm_main.h"
+#include "console/joystick_widgets.h"
+#include "engine/retransmission.h"
+#include "ui/controls.h"
+
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPushButton>
+
+#include <cmath>
+
+namespace quellpad {
+
+namespace {
+
+int ButtonCode(Qt::MouseButtons buttons) {
+    int code = 0;
+    if (buttons & Qt::LeftButton) {
+        code |= kLeftButton;
+    }
+    if (buttons & Qt::RightButton) {
+        code |= kRightButton;
+    }
+    if (buttons & Qt::MiddleButton) {
+        code |= 4;
+    }
+    return code;
+}
+
+} // namespace
+
+QPushButton* FrmMain::LensControl(LensButton button) const {
+    return lensButtons_[static_cast<std::size_t>(button)];
+}
+
+void FrmMain::Lens_MouseDown(LensButton button) {
+    if (!keyboard_.ControlLockOn) {
+        SwitchLensOn(keyboard_, button);
+    }
+}
+
+void FrmMain::Lens_MouseUp(LensButton button) {
+    if (!keyboard_.ControlLockOn) {
+        SwitchLensOff(keyboard_, button);
+    }
+}
+
+void FrmMain::Lens_Click(LensButton button) {
+    if (!keyboard_.ControlLockOn) {
+        return;
+    }
+    const LensButton partner = LensPartner(button);
+    LensControl(partner)->setText(LensPlainCaption(partner) + QStringLiteral(" Off"));
+    QPushButton* control = LensControl(button);
+    const QString onCaption = LensPlainCaption(button) + QStringLiteral(" On");
+    if (control->text() == onCaption) {
+        control->setText(LensPlainCaption(button) + QStringLiteral(" Off"));
+        SwitchLensOff(keyboard_, button);
+    } else {
+        control->setText(onCaption);
+        SwitchLensOn(keyboard_, button);
+    }
+}
+
+// ---------------------------------------------------------------------------------------
+// Joystick
+
+QPointF FrmMain::ToTwips(QPointF canvasPoint) const {
+    return canvasPoint * ui::TwipsPerPixel(this);
+}
+
+QPointF FrmMain::FromTwips(QPointF twips) const {
+    return twips / ui::TwipsPerPixel(this);
+}
+
+JoystickGeometry FrmMain::CurrentJoystickGeometry() const {
+    const double twips = ui::TwipsPerPixel(this);
+    const QRect square = square_->geometry();
+    const QSize outer = frameGeometry().size();
+    return {square.x() * twips,      square.y() * twips,    square.width() * twips,
+            square.height() * twips, outer.width() * twips, outer.height() * twips};
+}
+
+void FrmMain::PlaceBallAt(QPointF twips) {
+    const QPointF centre = FromTwips(twips);
+    ball_->move(static_cast<int>(std::lround(centre.x() - ball_->width() / 2.0)),
+                static_cast<int>(std::lround(centre.y() - ball_->height() / 2.0)));
+}
+
+void FrmMain::CentreJoystickBall() {
+    PlaceBallAt(JoystickRestPoint(CurrentJoystickGeometry()));
+}
+
+void FrmMain::Form_MouseDown(int button, QPointF canvasPoint) {
+    Form_MouseMove(button, canvasPoint);
+}
+
+void FrmMain::Form_MouseMove(int buttons, QPointF canvasPoint) {
+    const QPointF twips = ToTwips(canvasPoint);
+    if (UpdateJoystick(keyboard_, joystick_, buttons, twips.x(), twips.y(),
+                       CurrentJoystickGeometry())) {
+        PlaceBallAt(twips);
+    }
+}
+
+void FrmMain::Form_MouseUp() {
+    if (ReleaseJoystick(keyboard_, joystick_)) {
+        CentreJoystickBall();
+    }
+}
+
+bool FrmMain::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == RetransmitTimeTextBox && event->type() == QEvent::KeyPress) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        const QString text = key->text();
+        // Keys without a character (arrows, Home) move the cursor and always pass.
+        return !text.isEmpty() && !RetransmitKeyAccepted(text[0], RetransmitTimeTextBox->text());
+    }
+    if (watched == canvas_ && event->type() == QEvent::Resize) {
+        LayOut();
+        return false;
+    }
+    if (watched != canvas_ && watched != square_) {
+        return false;
+    }
+    const auto type = event->type();
+    if (type != QEvent::MouseButtonPress && type != QEvent::MouseMove &&
+        type != QEvent::MouseButtonRelease) {
+        return false;
+    }
+    const auto* mouse = static_cast<QMouseEvent*>(event);
+    const QPointF point =
+        static_cast<QWidget*>(watched)->mapTo(canvas_, mouse->position().toPoint());
+    boundary_.Run("Form_Mouse", [&] {
+        if (type == QEvent::MouseButtonPress) {
+            Form_MouseDown(ButtonCode(mouse->button()), point);
+        } else if (type == QEvent::MouseMove) {
+            Form_MouseMove(ButtonCode(mouse->buttons()), point);
+        } else {
+            Form_MouseUp();
+        }
+    });
+    return true;
+}
+
+} // namespace quellpad

@@ -1,0 +1,25 @@
+#pragma once
+
+// What the parts of the main window's implementation share; not for use elsewhere.
+
+#include <QListWidget>
+#include <QSizeF>
+#include <QString>
+#include <QStringList>
+
+namespace quellpad::frm_main_parts {
+
+// The client area the controls are designed for; everything scales from it.
+inline constexpr QSizeF kDesignSize{576, 390};
+
+inline const QString kNumber = QStringLiteral("Number");
+
+// Fills a one-line list and shows the selected item.
+inline void FillList(QListWidget* list, const QStringList& items, int selected) {
+    list->clear();
+    list->addItems(items);
+    list->setCurrentRow(selected);
+    list->scrollToItem(list->item(selected));
+}
+
+} // namespace quellpad::frm_main_parts
