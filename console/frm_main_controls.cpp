@@ -156,6 +156,16 @@ void FrmMain::BuildControls() {
         return control;
     };
 
+    // A number box with its two-line "... Number" label to its left.
+    auto numberBox = [&](QLabel*& label, const char* labelName, QLineEdit*& box,
+                         const char* boxName, const QString& what, double x, double y,
+                         double labelWidth, double boxWidth) {
+        label = ui::MakeLabel(c, labelName, TwoLines(what, kNumber));
+        box = ui::MakeTextBox(c, boxName, what + QStringLiteral(" Number"));
+        place(label, x, y, labelWidth, 28);
+        place(box, x + labelWidth + 2, y + 4, boxWidth, 20);
+    };
+
     // Ports: address, and the command last sent on each.
     AddressCOM1Label = ui::MakeLabel(c, "AddressCOM1Label", TwoLines("COM1", "Address"));
     AddressCOM1_TextBox = ui::MakeTextBox(c, "AddressCOM1_TextBox", QStringLiteral("COM1 Address"));
@@ -216,14 +226,11 @@ void FrmMain::BuildControls() {
     }
 
     // Left column: preset, pattern, aux, macro and zone.
-    PresetNumberLabel = ui::MakeLabel(c, "PresetNumberLabel", TwoLines("Preset", kNumber));
-    PresetNumberTextBox =
-        ui::MakeTextBox(c, "PresetNumberTextBox", QStringLiteral("Preset Number"));
+    numberBox(PresetNumberLabel, "PresetNumberLabel", PresetNumberTextBox, "PresetNumberTextBox",
+              QStringLiteral("Preset"), 6, 74, 50, 38);
     PresetGoButton = ui::MakeButton(c, "PresetGoButton", QStringLiteral("Go"));
     PresetSetButton = ui::MakeButton(c, "PresetSetButton", QStringLiteral("Set"));
     PresetClearButton = ui::MakeButton(c, "PresetClearButton", QStringLiteral("Clear"));
-    place(PresetNumberLabel, 6, 74, 50, 28);
-    place(PresetNumberTextBox, 58, 78, 38, 20);
     place(PresetGoButton, 100, 74, 34, 24);
     place(PresetSetButton, 136, 74, 34, 24);
     place(PresetClearButton, 100, 100, 70, 20);
@@ -240,15 +247,11 @@ void FrmMain::BuildControls() {
     place(EndPatternButton, 61, 158, 52, 22);
     place(RunPatternButton, 116, 158, 54, 22);
 
-    AuxNumberLabel = ui::MakeLabel(c, "AuxNumberLabel", TwoLines("Aux/GPI", kNumber));
-    AuxNumberTextBox = ui::MakeTextBox(c, "AuxNumberTextBox", QStringLiteral("Aux/GPI Number"));
-    MacroNumberLabel = ui::MakeLabel(c, "MacroNumberLabel", TwoLines("Macro", kNumber));
-    MacroNumberTextBox = ui::MakeTextBox(c, "MacroNumberTextBox", QStringLiteral("Macro Number"));
-    place(AuxNumberLabel, 6, 186, 50, 28);
-    place(AuxNumberTextBox, 58, 190, 38, 20);
+    numberBox(AuxNumberLabel, "AuxNumberLabel", AuxNumberTextBox, "AuxNumberTextBox",
+              QStringLiteral("Aux/GPI"), 6, 186, 50, 38);
     // The macro box shares its place with the zone frame: no mode shows both.
-    place(MacroNumberLabel, 6, 222, 50, 28);
-    place(MacroNumberTextBox, 58, 226, 38, 20);
+    numberBox(MacroNumberLabel, "MacroNumberLabel", MacroNumberTextBox, "MacroNumberTextBox",
+              QStringLiteral("Macro"), 6, 222, 50, 38);
 
     ZoneFrame = ui::MakeFrame(c, "ZoneFrame", QStringLiteral("Zone"));
     ZoneStartOption = ui::MakeOption(ZoneFrame, "ZoneStartOption", QStringLiteral("Zone Start"));
@@ -270,28 +273,22 @@ void FrmMain::BuildControls() {
     place(ZoneButton, 8, 128, 148, 26);
 
     // Right column: the switcher's camera, monitor and alarm in ASCII ...
-    CameraNumberLabel = ui::MakeLabel(c, "CameraNumberLabel", TwoLines("Camera", kNumber));
-    CameraNumberTextBox =
-        ui::MakeTextBox(c, "CameraNumberTextBox", QStringLiteral("Camera Number"));
+    numberBox(CameraNumberLabel, "CameraNumberLabel", CameraNumberTextBox, "CameraNumberTextBox",
+              QStringLiteral("Camera"), 400, 74, 56, 56);
     CameraButton = ui::MakeButton(c, "CameraButton", QStringLiteral("Camera"));
     CamBackwardStepButton = ui::MakeButton(c, "CamBackwardStepButton", QStringLiteral("Prev Cam"));
     CamForwardStepButton = ui::MakeButton(c, "CamForwardStepButton", QStringLiteral("Next Cam"));
-    place(CameraNumberLabel, 400, 74, 56, 28);
-    place(CameraNumberTextBox, 458, 78, 56, 20);
     place(CameraButton, 518, 76, 52, 24);
     place(CamBackwardStepButton, 458, 102, 54, 22);
     place(CamForwardStepButton, 516, 102, 54, 22);
 
-    MonitorNumberLabel = ui::MakeLabel(c, "MonitorNumberLabel", TwoLines("Monitor", kNumber));
-    MonitorNumberTextBox =
-        ui::MakeTextBox(c, "MonitorNumberTextBox", QStringLiteral("Monitor Number"));
+    numberBox(MonitorNumberLabel, "MonitorNumberLabel", MonitorNumberTextBox,
+              "MonitorNumberTextBox", QStringLiteral("Monitor"), 400, 134, 56, 56);
     MonitorButton = ui::MakeButton(c, "MonitorButton", QStringLiteral("Monitor"));
-    place(MonitorNumberLabel, 400, 134, 56, 28);
-    place(MonitorNumberTextBox, 458, 138, 56, 20);
     place(MonitorButton, 518, 136, 52, 24);
 
-    AlarmNumberLabel = ui::MakeLabel(c, "AlarmNumberLabel", TwoLines("Alarm", kNumber));
-    AlarmNumberTextBox = ui::MakeTextBox(c, "AlarmNumberTextBox", QStringLiteral("Alarm Number"));
+    numberBox(AlarmNumberLabel, "AlarmNumberLabel", AlarmNumberTextBox, "AlarmNumberTextBox",
+              QStringLiteral("Alarm"), 400, 172, 56, 56);
     AlarmNumberTextBox->setToolTip(QStringLiteral("One alarm, or a range such as 3..12"));
     TriggerAlarmButton = ui::MakeButton(c, "TriggerAlarmButton", QStringLiteral("Trigger"));
     ResetAlarmButton = ui::MakeButton(c, "ResetAlarmButton", QStringLiteral("Reset"));
@@ -299,8 +296,6 @@ void FrmMain::BuildControls() {
         ui::MakeButton(c, "Alarm_Backward_Step_Button", QStringLiteral("Prev Alarm"));
     Alarm_Forward_Step_Button =
         ui::MakeButton(c, "Alarm_Forward_Step_Button", QStringLiteral("Next Alarm"));
-    place(AlarmNumberLabel, 400, 172, 56, 28);
-    place(AlarmNumberTextBox, 458, 176, 56, 20);
     place(TriggerAlarmButton, 400, 206, 84, 24);
     place(ResetAlarmButton, 486, 206, 84, 24);
     place(Alarm_Backward_Step_Button, 400, 234, 84, 24);
