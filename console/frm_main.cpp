@@ -119,6 +119,10 @@ void FrmMain::ConnectHandlers() {
 // Start-up and shutdown
 
 void FrmMain::Form_Load() {
+    boundary_.Run("Form_Load", [&] { LoadKeyboard(); });
+}
+
+void FrmMain::LoadKeyboard() {
     QPalette grey = palette();
     grey.setColor(QPalette::Window, QColor(0xC0, 0xC0, 0xC0));
     // Greyed-out menus and captions must still read against the grey.

@@ -51,6 +51,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    void LoadKeyboard();
     void BuildMenus();
     void BuildControls();
     void ConnectHandlers();
