@@ -156,11 +156,11 @@ void FrmMain::LoadKeyboard() {
 
     UpdateWindowTitle();
     if (mode == kModeAscii) {
-        AccessResponseLabel->setText(QStringLiteral("ASCII Response"));
+        SetResponseCaption(QStringLiteral("ASCII Response"));
     } else if (mode == kModeP) {
-        AccessResponseLabel->setText(QStringLiteral("P Response"));
+        SetResponseCaption(QStringLiteral("P Response"));
     } else if (mode == kModeD) {
-        AccessResponseLabel->setText(QStringLiteral("D Response"));
+        SetResponseCaption(QStringLiteral("D Response"));
     }
     RetransmitTimeLabel->setText(TwoLines("Retransmit", "Time"));
 

@@ -78,6 +78,8 @@ private:
     void D_Protocol_Menu_Option_Click();
     void P_Protocol_Menu_Option_Click();
     void SwitchMode(const QString& mode, QAction* item);
+    // The response box's label, which is also the box's accessible name.
+    void SetResponseCaption(const QString& caption);
 
     // Timers.
     void CommandChangeTimer_Timer();

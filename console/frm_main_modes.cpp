@@ -32,9 +32,14 @@ void Enable(QMenu* menu, bool enabled) {
 }
 } // namespace
 
+void FrmMain::SetResponseCaption(const QString& caption) {
+    AccessResponseLabel->setText(caption);
+    AccessResponseTextBox->setAccessibleName(caption);
+}
+
 void FrmMain::ASCII_Menu_Option_Click() {
     SwitchMode(kModeAscii, ASCII_Menu_Option);
-    AccessResponseLabel->setText(QStringLiteral("ASCII Response"));
+    SetResponseCaption(QStringLiteral("ASCII Response"));
 }
 
 void FrmMain::MUX_ASCII_Option_Click() {
@@ -43,12 +48,12 @@ void FrmMain::MUX_ASCII_Option_Click() {
 
 void FrmMain::D_Protocol_Menu_Option_Click() {
     SwitchMode(kModeD, D_Protocol_Menu_Option);
-    AccessResponseLabel->setText(QStringLiteral("D Response"));
+    SetResponseCaption(QStringLiteral("D Response"));
 }
 
 void FrmMain::P_Protocol_Menu_Option_Click() {
     SwitchMode(kModeP, P_Protocol_Menu_Option);
-    AccessResponseLabel->setText(QStringLiteral("P Response"));
+    SetResponseCaption(QStringLiteral("P Response"));
 }
 
 void FrmMain::SwitchMode(const QString& mode, QAction* item) {

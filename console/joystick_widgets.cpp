@@ -33,6 +33,7 @@ void JoystickSquare::paintEvent(QPaintEvent*) {
 
 JoystickBall::JoystickBall(QWidget* parent) : QWidget(parent) {
     setObjectName(QStringLiteral("Joystick_Ball"));
+    setAccessibleName(QStringLiteral("Joystick Knob"));
     setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 

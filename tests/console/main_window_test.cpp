@@ -190,8 +190,11 @@ TEST_F(MainWindowTest, RetransmissionRepeatsEvenCommandsOnly) {
     EXPECT_EQ(Child<QTimer>("RetransmitTimer")->interval(), 100);
     EXPECT_GE(com1_.Read(21, 1000).size(), 21) << "the stop frame is repeated";
     keyboard_->SetCommandBytes(0, 3, 0, 5);
-    EXPECT_TRUE(com1_.Drain(300).contains(QByteArray::fromHex("ff010003000509")))
-        << "the dispatcher sends the one-shot once";
+    QByteArray sent;
+    EXPECT_TRUE(WaitUntil([&] {
+        sent += com1_.Drain();
+        return sent.contains(QByteArray::fromHex("ff010003000509"));
+    })) << "the dispatcher sends the one-shot once";
     EXPECT_EQ(com1_.Drain(350), QByteArray()) << "an odd Command2 is never repeated";
     Choose("P_Protocol_Menu_Option");
     EXPECT_FALSE(Child<QTimer>("RetransmitTimer")->isActive()) << "a mode change stops it";
@@ -200,31 +203,31 @@ TEST_F(MainWindowTest, RetransmissionRepeatsEvenCommandsOnly) {
 
 TEST_F(MainWindowTest, RepliesAreShownPerModeAndAlarmNumbersPickedOut) {
     Start("D");
+    auto* responses = Child<QPlainTextEdit>("AccessResponseTextBox");
+    const auto responsesEndWith = [&](const char* text) {
+        return WaitUntil([&] { return responses->toPlainText().endsWith(QLatin1String(text)); });
+    };
     com1_.Write(QByteArray::fromHex("ff010000000001"));
-    com1_.Drain(100);
-    EXPECT_EQ(Child<QPlainTextEdit>("AccessResponseTextBox")->toPlainText(),
-              QStringLiteral(" FF 01 00 00 00 00 01"));
+    EXPECT_TRUE(responsesEndWith(" FF 01 00 00 00 00 01"));
+    EXPECT_EQ(responses->toPlainText(), QStringLiteral(" FF 01 00 00 00 00 01"));
 
     Choose("ASCII_Menu_Option");
     auto* alarm = Child<QLineEdit>("AlarmNumberTextBox");
     com1_.Write("7da");
-    com1_.Drain(100);
+    EXPECT_TRUE(responsesEndWith("7da"));
     EXPECT_EQ(alarm->text(), QStringLiteral("7"));
     com1_.Write("5i");
-    com1_.Drain(100);
+    EXPECT_TRUE(responsesEndWith("5i"));
     com1_.Write("a");
-    com1_.Drain(100);
+    EXPECT_TRUE(responsesEndWith("5ia"));
     EXPECT_EQ(alarm->text(), QStringLiteral("7")) << "a reply split in two carries no marker";
-    EXPECT_TRUE(Child<QPlainTextEdit>("AccessResponseTextBox")->toPlainText().endsWith(u"7da5ia"));
 }
 
 TEST_F(MainWindowTest, AResponseBoxWithoutMarkersKeepsOnlyItsLatestText) {
     Start("ASCII");
     com1_.Write(QByteArray(kResponseBoxMaximum, 'x') + "yz");
     auto* responses = Child<QPlainTextEdit>("AccessResponseTextBox");
-    for (int wait = 0; wait < 100 && !responses->toPlainText().endsWith(u"yz"); ++wait) {
-        com1_.Drain(50);
-    }
+    EXPECT_TRUE(WaitUntil([&] { return responses->toPlainText().endsWith(u"yz"); }, 10000));
     const QString box = responses->toPlainText();
     EXPECT_EQ(box.size(), kResponseBoxMaximum);
     EXPECT_TRUE(box.endsWith(u"xyz"));
@@ -234,7 +237,8 @@ TEST_F(MainWindowTest, AFailingTickIsReportedOnceAndTheKeyboardKeepsWorking) {
     Start("P");
     keyboard_->AddressCOM1 = 0;
     keyboard_->Data1 = 20;
-    com1_.Drain(450);
+    ASSERT_TRUE(WaitUntil([] { return !ShownMessages().isEmpty(); }));
+    com1_.Drain(350); // several more failing ticks
     ASSERT_EQ(ShownMessages().size(), 1);
     EXPECT_TRUE(ShownMessages()[0].text.startsWith(QStringLiteral("Overflow")));
     keyboard_->AddressCOM1 = 1;
@@ -245,7 +249,8 @@ TEST_F(MainWindowTest, AnUnpluggedPortIsReportedOnceAndItsItemUnchecked) {
     Start("D");
     ASSERT_TRUE(Child<QAction>("Com1Option")->isChecked());
     com1_.Hangup();
-    com2_.Drain(300);
+    ASSERT_TRUE(WaitUntil([] { return !ShownMessages().isEmpty(); }));
+    com2_.Drain(100);
     ASSERT_EQ(ShownMessages().size(), 1);
     EXPECT_TRUE(ShownMessages()[0].text.startsWith(
         QStringLiteral("COM 1 (%1) stopped working").arg(keyboard_->MSComm1().Device())));

@@ -1,5 +1,7 @@
 #include "fixtures.h"
 
+#include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QFile>
 
 namespace quellpad::test {
@@ -7,6 +9,18 @@ namespace quellpad::test {
 QList<ui::Message>& ShownMessages() {
     static QList<ui::Message> messages;
     return messages;
+}
+
+bool WaitUntil(const std::function<bool()>& condition, int timeoutMs) {
+    QElapsedTimer clock;
+    clock.start();
+    while (!condition()) {
+        if (clock.elapsed() > timeoutMs) {
+            return false;
+        }
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+    }
+    return true;
 }
 
 void KeyboardFixture::SetUp() {

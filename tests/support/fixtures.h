@@ -10,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 #include <ostream>
 
@@ -27,6 +28,9 @@ namespace quellpad::test {
 
 // Messages the program showed the operator during a test, in order.
 QList<ui::Message>& ShownMessages();
+
+// Runs the event loop until the condition holds, for at most timeoutMs; whether it held.
+bool WaitUntil(const std::function<bool()>& condition, int timeoutMs = 3000);
 
 // Settings.dat in a fresh folder, COM 1 and COM 2 bound to fresh pseudo-terminals (or to
 // paths where nothing answers), and the keyboard state built on them.
