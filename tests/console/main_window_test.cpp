@@ -3,6 +3,7 @@
 #include "console/frm_main.h"
 #include "console/receiver.h"
 
+#include <QAbstractItemView>
 #include <QAction>
 #include <QLabel>
 #include <QLineEdit>
@@ -275,12 +276,22 @@ TEST_F(MainWindowTest, StartUpFromTheFile) {
     EXPECT_FALSE(Child<QAction>("HernisProtocolOption")->isVisible());
 }
 
-TEST_F(MainWindowTest, TheWindowNeverShrinksBelowItsMinimum) {
+TEST_F(MainWindowTest, EveryNamedControlCanBeFoundByAScreenReader) {
     Start("D");
-    window_->resize(100, 100);
-    EXPECT_GE(window_->width(), 576);
-    EXPECT_GE(window_->height(), 432);
+    for (QWidget* control : window_->findChildren<QWidget*>()) {
+        const bool operable =
+            qobject_cast<QAbstractButton*>(control) || qobject_cast<QLineEdit*>(control) ||
+            qobject_cast<QAbstractItemView*>(control) || qobject_cast<QPlainTextEdit*>(control);
+        const QString name = control->objectName();
+        if (operable && !name.isEmpty() && !name.startsWith(u"qt_")) {
+            EXPECT_FALSE(control->accessibleName().isEmpty())
+                << control->objectName().toStdString();
+        }
+    }
+    EXPECT_EQ(Child("Joystick_Square")->accessibleName(), QStringLiteral("Joystick"));
+    EXPECT_EQ(Child("AccessResponseTextBox")->accessibleName(), QStringLiteral("D Response"));
 }
+
 
 } // namespace
 } // namespace quellpad::test

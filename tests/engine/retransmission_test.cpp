@@ -24,15 +24,6 @@ TEST(RetransmitPeriodBox, SecondsStrictlyBetweenTheBoundsBecomeWholeMilliseconds
     }
 }
 
-TEST(RetransmitPeriodBox, KeysAreDigitsEditingKeysAndOnePoint) {
-    EXPECT_TRUE(RetransmitKeyAccepted(u'7', QStringLiteral("1.5")));
-    EXPECT_TRUE(RetransmitKeyAccepted(QChar(8), QString()));
-    EXPECT_TRUE(RetransmitKeyAccepted(QChar(127), QString()));
-    EXPECT_TRUE(RetransmitKeyAccepted(u'.', QStringLiteral("1")));
-    EXPECT_FALSE(RetransmitKeyAccepted(u'.', QStringLiteral("1.")));
-    EXPECT_FALSE(RetransmitKeyAccepted(u'a', QString()));
-    EXPECT_FALSE(RetransmitKeyAccepted(u'-', QString()));
-}
 
 using RetransmitTickTest = KeyboardFixture;
 
