@@ -292,6 +292,5 @@ TEST_F(MainWindowTest, EveryNamedControlCanBeFoundByAScreenReader) {
     EXPECT_EQ(Child("AccessResponseTextBox")->accessibleName(), QStringLiteral("D Response"));
 }
 
-
 } // namespace
 } // namespace quellpad::test

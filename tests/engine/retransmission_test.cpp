@@ -24,7 +24,6 @@ TEST(RetransmitPeriodBox, SecondsStrictlyBetweenTheBoundsBecomeWholeMilliseconds
     }
 }
 
-
 using RetransmitTickTest = KeyboardFixture;
 
 TEST_F(RetransmitTickTest, AnOddCommandTwoIsNeverRepeated) {
