@@ -56,6 +56,7 @@ private:
     void BuildControls();
     void ConnectHandlers();
     void LayOut();
+    void PlaceJoystick();
 
     // Options menu.
     void Com1Option_Click();

@@ -363,14 +363,24 @@ void FrmMain::BuildControls() {
 
 void FrmMain::LayOut() {
     layout_.Apply(canvas_->size());
+    PlaceJoystick();
+}
+
+void FrmMain::PlaceJoystick() {
     // The square is centred on the knob's rest point, half the window's outer size, so that
-    // the speed rule measures from the square's centre.
+    // the speed rule measures from the square's centre. The outer size can change without
+    // the client area changing (a window manager adding its frame), so this is checked
+    // again at every press.
     const QSize outer = frameGeometry().size();
     const double scale = std::min(layout_.ScaleX(), layout_.ScaleY());
     const int side = static_cast<int>(std::lround(kSquareSide * scale));
     const int ballSide = static_cast<int>(std::lround(kBallSide * scale));
     const QPoint rest(outer.width() / 2, outer.height() / 2);
-    square_->setGeometry(rest.x() - side / 2, rest.y() - side / 2, side, side);
+    const QRect square(rest.x() - side / 2, rest.y() - side / 2, side, side);
+    if (square_->geometry() == square && ball_->width() == ballSide) {
+        return;
+    }
+    square_->setGeometry(square);
     ball_->resize(ballSide, ballSide);
     ball_->raise();
     if (!joystick_.JoystickDragging) {

@@ -94,6 +94,7 @@ void FrmMain::CentreJoystickBall() {
 }
 
 void FrmMain::Form_MouseDown(int button, QPointF canvasPoint) {
+    PlaceJoystick();
     Form_MouseMove(button, canvasPoint);
 }
 
