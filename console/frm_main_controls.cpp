@@ -264,13 +264,13 @@ void FrmMain::BuildControls() {
     ZoneNumberList = ui::MakeList(ZoneFrame, "ZoneNumberList", QStringLiteral("Zone Number"));
     ZoneButton = ui::MakeButton(ZoneFrame, "ZoneButton", QStringLiteral("Send Zone"));
     place(ZoneFrame, 6, 218, 164, 166);
-    place(ZoneStartOption, 8, 18, 92, 20);
-    place(ZoneEndOption, 8, 40, 92, 20);
-    place(ZoneScanOnOption, 8, 62, 92, 20);
-    place(ZoneScanOffOption, 8, 84, 92, 20);
-    place(ZoneNumberLabel, 104, 18, 54, 28);
-    place(ZoneNumberList, 106, 50, 40, 20);
-    place(ZoneButton, 8, 128, 148, 26);
+    place(ZoneStartOption, 8, 16, 150, 20);
+    place(ZoneEndOption, 8, 36, 150, 20);
+    place(ZoneScanOnOption, 8, 56, 150, 20);
+    place(ZoneScanOffOption, 8, 76, 150, 20);
+    place(ZoneNumberLabel, 8, 100, 54, 28);
+    place(ZoneNumberList, 66, 104, 40, 20);
+    place(ZoneButton, 8, 134, 148, 24);
 
     // Right column: the switcher's camera, monitor and alarm in ASCII ...
     numberBox(CameraNumberLabel, "CameraNumberLabel", CameraNumberTextBox, "CameraNumberTextBox",
