@@ -2,7 +2,6 @@
 
 #include "console/dispatcher.h"
 #include "console/frm_main_parts.h"
-#include "console/joystick_widgets.h"
 #include "console/receiver.h"
 #include "dialogs/command_windows.h"
 #include "dialogs/frm_settings.h"
@@ -13,14 +12,8 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QFontDatabase>
-#include <QGroupBox>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
-#include <QMenuBar>
-#include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -264,14 +257,13 @@ void FrmMain::Settings_Menu_Option_Click() {
 void FrmMain::RetransmitTimerOption_Click() {
     if (!keyboard_.RetransmitOn) {
         keyboard_.RetransmitOn = true;
-        RetransmitTimerOption->setChecked(true);
         RetransmitTimer->setInterval(keyboard_.RetransmitInterval);
         RetransmitTimer->start();
     } else if (keyboard_.CurrentMode != u"H") {
         keyboard_.RetransmitOn = false;
-        RetransmitTimerOption->setChecked(false);
         RetransmitTimer->stop();
     }
+    // The item's own toggle is overruled: its check mark is the state.
     RetransmitTimerOption->setChecked(keyboard_.RetransmitOn);
 }
 

@@ -17,14 +17,6 @@ void ProportionalLayout::Place(QWidget* control, QRectF designRect, double desig
     entries_.append({control, designRect, designPointSize});
 }
 
-void ProportionalLayout::Move(QWidget* control, QRectF designRect) {
-    for (Entry& entry : entries_) {
-        if (entry.control == control) {
-            entry.rect = designRect;
-        }
-    }
-}
-
 void ProportionalLayout::Apply(QSizeF containerSize) {
     scaleX_ = containerSize.width() / designSize_.width();
     scaleY_ = containerSize.height() / designSize_.height();

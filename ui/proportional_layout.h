@@ -17,8 +17,6 @@ public:
     explicit ProportionalLayout(QSizeF designSize) : designSize_(designSize) {}
 
     void Place(QWidget* control, QRectF designRect, double designPointSize = 9.0);
-    // Moves a placed control to a new design rectangle (a mode that re-arranges it).
-    void Move(QWidget* control, QRectF designRect);
     // Places and sizes every control for a container of the given size.
     void Apply(QSizeF containerSize);
 
