@@ -2,6 +2,7 @@
 
 #include "console/joystick.h"
 #include "console/lens.h"
+#include "console/targets.h"
 #include "engine/keyboard_state.h"
 #include "ui/error_boundary.h"
 #include "ui/proportional_layout.h"
@@ -10,6 +11,8 @@
 #include <QPointer>
 
 #include <array>
+#include <functional>
+#include <optional>
 
 class QAction;
 class QGroupBox;
@@ -55,6 +58,14 @@ private:
     void BuildMenus();
     void BuildControls();
     void ConnectHandlers();
+    // The number boxes, and the buttons and items that load numbered-target commands.
+    void ConnectTargets();
+    // Runs handler, behind the error boundary, when the named button or item is chosen.
+    void OnControl(const char* name, std::function<void()> handler);
+    // Runs a number box's check at every change of its text; a refusal is told, the box
+    // emptied, and `then` runs after either outcome.
+    void OnChange(QLineEdit* box, std::function<std::optional<Refusal>()> check,
+                  std::function<void()> then = {});
     void LayOut();
     void PlaceJoystick();
 

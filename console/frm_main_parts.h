@@ -22,4 +22,14 @@ inline void FillList(QListWidget* list, const QStringList& items, int selected) 
     list->scrollToItem(list->item(selected));
 }
 
+// A one-line list is read through the item it shows on top, which becomes its current
+// item; the index counts from the list's first item.
+inline int SelectTopItem(QListWidget* list) {
+    const QModelIndex top = list->indexAt(QPoint(1, 1));
+    if (top.isValid()) {
+        list->setCurrentRow(top.row());
+    }
+    return list->currentRow();
+}
+
 } // namespace quellpad::frm_main_parts
