@@ -363,6 +363,15 @@ void FrmMain::BuildControls() {
 
 void FrmMain::LayOut() {
     layout_.Apply(canvas_->size());
+    // A one-line list shows exactly one item, its current one, whole: the commands read
+    // the item on top.
+    for (QListWidget* list : {LensSpeedList, PatternNumberListBox, ZoneNumberList}) {
+        const QSize item(list->viewport()->width(), list->viewport()->height());
+        for (int row = 0; row < list->count(); ++row) {
+            list->item(row)->setSizeHint(item);
+        }
+        list->scrollToItem(list->currentItem(), QAbstractItemView::PositionAtTop);
+    }
     PlaceJoystick();
 }
 

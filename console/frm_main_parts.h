@@ -19,7 +19,9 @@ inline void FillList(QListWidget* list, const QStringList& items, int selected) 
     list->clear();
     list->addItems(items);
     list->setCurrentRow(selected);
-    list->scrollToItem(list->item(selected));
+    // Scrolled by whole items, so that even the last item can stand on top.
+    list->setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
+    list->scrollToItem(list->item(selected), QAbstractItemView::PositionAtTop);
 }
 
 // A one-line list is read through the item it shows on top, which becomes its current
