@@ -17,6 +17,7 @@ inline const QString kNumber = QStringLiteral("Number");
 // Fills a one-line list and shows the selected item.
 inline void FillList(QListWidget* list, const QStringList& items, int selected) {
     list->clear();
+    list->setUniformItemSizes(true); // one item's size is every item's: a cheap layout
     list->addItems(items);
     list->setCurrentRow(selected);
     // Scrolled by whole items, so that even the last item can stand on top.
