@@ -366,7 +366,8 @@ void FrmMain::LayOut() {
     // A one-line list shows exactly one item, its current one, whole: the commands read
     // the item on top.
     for (QListWidget* list : {LensSpeedList, PatternNumberListBox, ZoneNumberList}) {
-        const QSize item(list->viewport()->width(), list->viewport()->height());
+        // The frame's inside, known at once: the viewport follows only at the next layout.
+        const QSize item = list->contentsRect().size();
         for (int row = 0; row < list->count(); ++row) {
             list->item(row)->setSizeHint(item);
         }
