@@ -18,13 +18,26 @@ QString ChooseSettingsDir(const SettingsCandidates& candidates,
     return candidates.userDir.isEmpty() ? candidates.appDir : candidates.userDir;
 }
 
+bool IsSharedProgramFolder(const QString& path) {
+    const QString clean = QDir::cleanPath(path);
+    if (clean == QLatin1String("/bin") || clean == QLatin1String("/sbin")) {
+        return true;
+    }
+    for (const char* shared : {"/usr/bin", "/usr/sbin", "/usr/local/bin", "/usr/games"}) {
+        if (clean.endsWith(QLatin1String(shared))) {
+            return true;
+        }
+    }
+    return false;
+}
+
 QString SettingsDir() {
     const SettingsCandidates candidates{
         qEnvironmentVariable("QUELLPAD_SETTINGS_DIR"), QCoreApplication::applicationDirPath(),
         QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation)};
     const QString dir = ChooseSettingsDir(candidates, [](const QString& path) {
         const QFileInfo info(path);
-        return info.isDir() && info.isWritable();
+        return info.isDir() && info.isWritable() && !IsSharedProgramFolder(path);
     });
     if (dir == candidates.userDir) {
         // A first start after installation: the folder does not exist yet.

@@ -19,6 +19,11 @@ struct SettingsCandidates {
 QString ChooseSettingsDir(const SettingsCandidates& candidates,
                           const std::function<bool(const QString&)>& writable);
 
+// Whether the folder is one of the system's shared program folders (/usr/bin and the like,
+// also inside an unpacked root). A program there never keeps settings beside itself, not
+// even when run by root, who could write there.
+bool IsSharedProgramFolder(const QString& path);
+
 // The folder chosen for this process, created when it is the user's and missing.
 QString SettingsDir();
 

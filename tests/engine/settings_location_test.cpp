@@ -33,5 +33,14 @@ TEST(SettingsLocationTest, NamedFolderThenWritableAppFolderThenUserFolder) {
     }
 }
 
+TEST(SettingsLocationTest, SharedProgramFoldersAreNeverSettingsFolders) {
+    for (const char* shared : {"/usr/bin", "/usr/bin/", "/tmp/root/usr/bin", "/usr/local/bin"}) {
+        EXPECT_TRUE(IsSharedProgramFolder(QLatin1String(shared))) << shared;
+    }
+    for (const char* own : {"/home/op/quellpad", "/opt/quellpad/bin", "/home/op/usr/binaries"}) {
+        EXPECT_FALSE(IsSharedProgramFolder(QLatin1String(own))) << own;
+    }
+}
+
 } // namespace
 } // namespace quellpad::test
