@@ -1,5 +1,7 @@
 #include "console/frm_main.h"
 #include "engine/keyboard_state.h"
+#include "engine/settings_location.h"
+#include "gamepad/gamepad.h"
 
 #include <QApplication>
 #include <QDir>
@@ -29,5 +31,9 @@ int main(int argc, char* argv[]) {
         window.move(screen->availableGeometry().center() - window.rect().center());
     }
     window.show();
+
+    // SDL starts once the window is up, so that the first paint does not wait for it.
+    quellpad::Gamepad gamepad(window, keyboard, quellpad::BindingsFilePath());
+    gamepad.StartLater(300);
     return QApplication::exec();
 }
