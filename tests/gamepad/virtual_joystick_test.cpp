@@ -1,8 +1,11 @@
 #include "fixtures.h"
 
 #include "console/frm_main.h"
+#include "gamepad/frm_joystick.h"
 #include "gamepad/gamepad.h"
 
+#include <QCheckBox>
+#include <QComboBox>
 #include <QLabel>
 #include <QMenu>
 #include <QPushButton>
@@ -19,7 +22,13 @@ class VirtualJoystickTest : public KeyboardFixture {
 protected:
     void SetUp() override {
         KeyboardFixture::SetUp();
-        WriteSettings("2400\r\nn\r\nFalse\r\n1 2\r\nD\r\n1\r\n");
+        Load("D");
+    }
+    void Load(const char* mode) {
+        Unplug();
+        gamepad_.reset();
+        window_.reset();
+        WriteSettings(QByteArray("2400\r\nn\r\nFalse\r\n1 2\r\n") + mode + "\r\n1\r\n");
         MakeKeyboard();
         window_ = std::make_unique<FrmMain>(*keyboard_);
         window_->Form_Load();
@@ -83,6 +92,45 @@ TEST_F(VirtualJoystickTest, StickDrivesTheCameraAndUnplugStopsIt) {
     Unplug();
     EXPECT_EQ(com1_.Read(7), QByteArray::fromHex("ff010000000001")) << "stop at the next tick";
     EXPECT_TRUE(WaitUntil([&] { return Status() == QStringLiteral("Joystick: none"); }));
+}
+
+TEST_F(VirtualJoystickTest, TextModesSendTheOnScreenTextsAndStop) {
+    const struct {
+        const char* mode;
+        QByteArray moving;
+        QByteArray stopped;
+    } cases[] = {{"ASCII", "64La", "sa"}, {"MUX ASCII", "dLm", "~dLm"}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.mode);
+        Load(c.mode);
+        Plug();
+        Axis(0, -32768);
+        EXPECT_EQ(com1_.Read(static_cast<int>(c.moving.size())), c.moving);
+        Axis(0, 0);
+        EXPECT_EQ(com1_.Read(static_cast<int>(c.stopped.size())), c.stopped);
+        EXPECT_EQ(com1_.Drain(250), QByteArray());
+    }
+}
+
+TEST_F(VirtualJoystickTest, JoystickWindowSettingsTakeEffectAndAreKept) {
+    Plug();
+    window_->findChild<QAction*>(QStringLiteral("JoystickOption"))->trigger();
+    FrmJoystick* settings = gamepad_->JoystickWindow();
+    ASSERT_NE(settings, nullptr);
+    EXPECT_TRUE(settings->isVisible());
+    EXPECT_FALSE(settings->isModal());
+    settings->findChild<QCheckBox*>(QStringLiteral("InvertPanCheck"))->setChecked(true);
+    settings->findChild<QComboBox*>(QStringLiteral("Button1List"))
+        ->setCurrentText(QStringLiteral("Preset 5"));
+
+    Axis(0, 32767);
+    EXPECT_EQ(com1_.Read(7), QByteArray::fromHex("ff010004400045")) << "inverted: left 64";
+    Button(0, true);
+    EXPECT_EQ(com1_.Read(7), QByteArray::fromHex("ff01000700050d"));
+
+    const GamepadBindings kept = ReadGamepadBindings(dir_.filePath("Bindings.ini"));
+    EXPECT_TRUE(kept.invertPan);
+    EXPECT_EQ(GamepadActionName(kept.buttons[0]), QStringLiteral("Preset 5"));
 }
 
 TEST_F(VirtualJoystickTest, ButtonsWorkLensAndPresetsHeldOrLocked) {
