@@ -16,7 +16,7 @@ void GamepadController::SetBindings(const GamepadBindings& bindings) {
 }
 
 double GamepadController::Shaped(int axis, bool invert) const {
-    if (axis == kNoAxis) {
+    if (axis == kNoAxis || !armed_.contains(axis)) {
         return 0;
     }
     return ShapeAxis(axes_.value(axis, 0), invert, bindings_.deadZone, bindings_.curve);
@@ -24,6 +24,9 @@ double GamepadController::Shaped(int axis, bool invert) const {
 
 void GamepadController::AxisMoved(int axis, int value) {
     axes_.insert(axis, value);
+    if (ShapeAxis(value, false, bindings_.deadZone, bindings_.curve) == 0) {
+        armed_.insert(axis);
+    }
     Apply();
 }
 
@@ -94,6 +97,7 @@ void GamepadController::LensPressed(LensButton lens, bool pressed) {
 
 void GamepadController::ControllerLost() {
     axes_.clear();
+    armed_.clear();
     pressed_.clear();
     if (pan_ != 0 || tilt_ != 0) {
         pan_ = tilt_ = 0;

@@ -41,6 +41,10 @@ private:
     GamepadBindings bindings_;
     JoystickState joystick_;
     QHash<int, int> axes_;
+    // Axes seen at rest since the controller came: only those count. A trigger or throttle
+    // resting at one end (or a stick held over while plugged in) moves nothing until it
+    // has passed through the centre.
+    QSet<int> armed_;
     QSet<int> pressed_;
     double pan_ = 0;
     double tilt_ = 0;

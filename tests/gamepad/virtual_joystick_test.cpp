@@ -44,8 +44,9 @@ protected:
         window_.reset();
         KeyboardFixture::TearDown();
     }
+    // A gamepad: axes 0 to 3 two sticks, 4 and 5 triggers resting fully out (-32768).
     void Plug() {
-        device_ = SDL_JoystickAttachVirtual(SDL_JOYSTICK_TYPE_GAMECONTROLLER, 4, 16, 0);
+        device_ = SDL_JoystickAttachVirtual(SDL_JOYSTICK_TYPE_GAMECONTROLLER, 6, 16, 0);
         ASSERT_GE(device_, 0) << SDL_GetError();
         stick_ = SDL_JoystickOpen(device_);
         ASSERT_NE(stick_, nullptr) << SDL_GetError();
@@ -89,6 +90,11 @@ TEST_F(VirtualJoystickTest, StickDrivesTheCameraAndUnplugStopsIt) {
     EXPECT_GT(ball->geometry().center().x(), square->geometry().center().x());
     EXPECT_LT(ball->geometry().center().y(), square->geometry().center().y());
 
+    Axis(2, 0);
+    QTest::qWait(30);
+    Axis(2, 32767);
+    EXPECT_EQ(com1_.Read(7), QByteArray::fromHex("ff01002a403faa")) << "twist: zoom in as well";
+
     Unplug();
     EXPECT_EQ(com1_.Read(7), QByteArray::fromHex("ff010000000001")) << "stop at the next tick";
     EXPECT_TRUE(WaitUntil([&] { return Status() == QStringLiteral("Joystick: none"); }));
@@ -104,6 +110,8 @@ TEST_F(VirtualJoystickTest, TextModesSendTheOnScreenTextsAndStop) {
         SCOPED_TRACE(c.mode);
         Load(c.mode);
         Plug();
+        Axis(0, 0);
+        QTest::qWait(30);
         Axis(0, -32768);
         EXPECT_EQ(com1_.Read(static_cast<int>(c.moving.size())), c.moving);
         Axis(0, 0);
@@ -122,11 +130,21 @@ TEST_F(VirtualJoystickTest, JoystickWindowSettingsTakeEffectAndAreKept) {
     settings->findChild<QCheckBox*>(QStringLiteral("InvertPanCheck"))->setChecked(true);
     settings->findChild<QComboBox*>(QStringLiteral("Button1List"))
         ->setCurrentText(QStringLiteral("Preset 5"));
+    settings->findChild<QComboBox*>(QStringLiteral("ZoomAxisList"))
+        ->setCurrentText(QStringLiteral("Axis 5"));
+    Axis(4, -30000); // the left trigger, resting out: no zoom until it has been at the centre
 
+    Axis(0, 0);
+    QTest::qWait(30);
     Axis(0, 32767);
     EXPECT_EQ(com1_.Read(7), QByteArray::fromHex("ff010004400045")) << "inverted: left 64";
+    Axis(4, 0);
+    QTest::qWait(30);
+    Axis(4, 32767);
+    EXPECT_EQ(com1_.Read(7), QByteArray::fromHex("ff010024400065")) << "trigger pulled: zoom in";
     Button(0, true);
     EXPECT_EQ(com1_.Read(7), QByteArray::fromHex("ff01000700050d"));
+    EXPECT_EQ(ReadGamepadBindings(dir_.filePath("Bindings.ini")).zoomAxis, 4);
 
     const GamepadBindings kept = ReadGamepadBindings(dir_.filePath("Bindings.ini"));
     EXPECT_TRUE(kept.invertPan);
