@@ -9,6 +9,8 @@
 #include <QStatusBar>
 #include <QTimer>
 
+#include <algorithm>
+
 namespace quellpad {
 
 Gamepad::Gamepad(FrmMain& window, Quellpad_Support_Func& keyboard, const QString& bindingsPath)

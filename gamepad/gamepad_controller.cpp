@@ -4,6 +4,8 @@
 
 #include <QPushButton>
 
+#include <utility>
+
 namespace quellpad {
 
 GamepadController::GamepadController(FrmMain& window, Quellpad_Support_Func& keyboard,
@@ -63,7 +65,11 @@ void GamepadController::ButtonChanged(int button, bool pressed) {
     if (pressed_.contains(button) == pressed) {
         return;
     }
-    pressed ? void(pressed_.insert(button)) : void(pressed_.remove(button));
+    if (pressed) {
+        pressed_.insert(button);
+    } else {
+        pressed_.remove(button);
+    }
     if (button < 0 || button >= bindings_.buttons.size()) {
         return;
     }
