@@ -41,7 +41,9 @@ bool KeyPreview::eventFilter(QObject* watched, QEvent* event) {
         (key->modifiers() & ~Qt::ShiftModifier & ~Qt::KeypadModifier)) {
         return false;
     }
-    if (TypesText(target) || TypesText(QApplication::focusWidget())) {
+    // A key that a text box passed on (a read-only box) reaches its parents as well.
+    const QWidget* focus = QApplication::focusWidget();
+    if (TypesText(target) || (TypesText(focus) && target->isAncestorOf(focus))) {
         return false;
     }
     return handler_(key->text()[0]);

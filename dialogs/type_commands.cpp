@@ -89,9 +89,6 @@ FrmTypeCmnds::FrmTypeCmnds(Quellpad_Support_Func& keyboard, QWidget* parent)
     column->addWidget(CommandResponseTextBox);
     resize(520, 300);
 
-    connect(CommandToSendTextBox, &QLineEdit::returnPressed, this, [this] {
-        boundary_.Run("CommandToSendTextBox_KeyPress", [&] { CommandToSendTextBox_Enter(); });
-    });
     recalled_ = SentLines().size();
     Prepare(mode_);
 }
@@ -175,6 +172,11 @@ void FrmTypeCmnds::Recall(int step) {
 bool FrmTypeCmnds::eventFilter(QObject* watched, QEvent* event) {
     if (watched == CommandToSendTextBox && event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
+        // Enter sends whatever the box holds; the key itself goes no further.
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            boundary_.Run("CommandToSendTextBox_KeyPress", [&] { CommandToSendTextBox_Enter(); });
+            return true;
+        }
         if (key == Qt::Key_Up || key == Qt::Key_Down) {
             Recall(key == Qt::Key_Up ? -1 : 1);
             return true;
