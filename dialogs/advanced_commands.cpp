@@ -188,11 +188,15 @@ FrmAdvancedCommands::FrmAdvancedCommands(Quellpad_Support_Func& keyboard, QWidge
         if (box) {
             *box = ui::MakeTextBox(frames[frame], boxName, labelText);
             label->setBuddy(*box);
+            (*box)->setMinimumWidth(
+                (*box)->fontMetrics().horizontalAdvance(QStringLiteral("-359.999")) + 16);
             grid->addWidget(*box, at, 1);
         }
         QPushButton* button = nullptr;
         if (buttonName) {
             button = DialogButton(frames[frame], buttonName, caption);
+            // Several buttons read "Set" or "Query"; the row says which one.
+            button->setAccessibleDescription(labelText);
             grid->addWidget(button, at, 2);
         }
         return button;

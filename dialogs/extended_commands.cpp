@@ -181,10 +181,16 @@ FrmExtendedCommands::FrmExtendedCommands(Quellpad_Support_Func& keyboard, LevelA
     const auto fixedRow = [&](const char* label, const char* caption, const char* first,
                               const QString& firstCaption, const char* second) {
         const int at = grid1->rowCount();
-        grid1->addWidget(ui::MakeLabel(frame1, label, QLatin1String(caption)), at, 0);
-        grid1->addWidget(fixedButton(first, firstCaption), at, 1);
+        const QString rowText = QLatin1String(caption);
+        grid1->addWidget(ui::MakeLabel(frame1, label, rowText), at, 0);
+        // Several buttons read "on" or "off"; the row says which one.
+        QPushButton* button = fixedButton(first, firstCaption);
+        button->setAccessibleDescription(rowText);
+        grid1->addWidget(button, at, 1);
         if (second) {
-            grid1->addWidget(fixedButton(second, QStringLiteral("off")), at, 2);
+            button = fixedButton(second, QStringLiteral("off"));
+            button->setAccessibleDescription(rowText);
+            grid1->addWidget(button, at, 2);
         }
     };
     fixedRow("Label12", "Query", "QueryButton", QStringLiteral("Query"), nullptr);

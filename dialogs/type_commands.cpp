@@ -6,6 +6,7 @@
 #include "ui/key_filter.h"
 #include "ui/messages.h"
 
+#include <QFontDatabase>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -81,6 +82,10 @@ FrmTypeCmnds::FrmTypeCmnds(Quellpad_Support_Func& keyboard, QWidget* parent)
     CommandResponseTextBox->setReadOnly(true);
     CommandResponseTextBox->setUndoRedoEnabled(false);
     responseLabel->setBuddy(CommandResponseTextBox);
+    // Bytes line up in columns when every digit is as wide as the next.
+    const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    CommandToSendTextBox->setFont(fixed);
+    CommandResponseTextBox->setFont(fixed);
     auto* column = new QVBoxLayout(this);
     column->addWidget(InstructionLabel);
     column->addWidget(toSendLabel);
