@@ -9,14 +9,12 @@
 namespace quellpad::test {
 namespace {
 
-std::array<std::uint8_t, 4> Registers(const Quellpad_Support_Func& k) {
-    return {k.Command1, k.Command2, k.Data1, k.Data2};
+QByteArray Bytes(std::uint8_t c1, std::uint8_t c2, std::uint8_t d1, std::uint8_t d2) {
+    const char bytes[] = {char(c1), char(c2), char(d1), char(d2)};
+    return QByteArray(bytes, 4);
 }
-std::array<std::uint8_t, 4> LastSent(const Quellpad_Support_Func& k) {
-    return {k.LastCommand1, k.LastCommand2, k.LastData1, k.LastData2};
-}
-std::array<std::uint8_t, 4> Bytes(const CommandBytes& b) {
-    return {b.command1, b.command2, b.data1, b.data2};
+QByteArray Registers(const Quellpad_Support_Func& k) {
+    return Bytes(k.Command1, k.Command2, k.Data1, k.Data2);
 }
 
 class AdvancedCommandsTest : public KeyboardFixture {
@@ -34,113 +32,85 @@ protected:
         EXPECT_NE(child, nullptr) << name;
         return child;
     }
-    void Click(const char* name) { Child(name)->click(); }
-    void Scribble() {
-        keyboard_->Command1 = keyboard_->Command2 = keyboard_->Data1 = keyboard_->Data2 = 0xEE;
-        keyboard_->LastCommand1 = keyboard_->LastData2 = 0xEE;
-    }
 
     std::unique_ptr<FrmAdvancedCommands> window_;
 };
 
 TEST_F(AdvancedCommandsTest, EachFixedButtonLoadsItsCommandForTheNextTick) {
-    const std::pair<const char*, std::array<std::uint8_t, 4>> rows[] = {
-        {"SetZeroButton", {0x00, 0x49, 0x00, 0x00}},
-        {"GoToZeroButton", {0x00, 0x07, 0x00, 0x22}},
-        {"QueryPanButton", {0x00, 0x51, 0x00, 0x00}},
-        {"QueryTiltButton", {0x00, 0x53, 0x00, 0x00}},
-        {"QueryZoomButton", {0x00, 0x55, 0x00, 0x00}},
-        {"QueryMagButton", {0x00, 0x61, 0x00, 0x00}},
-        {"QueryDeviceButton", {0x00, 0x6B, 0x00, 0x00}},
-        {"QueryDiagnosticButton", {0x00, 0x6F, 0x00, 0x00}},
-        {"ActivateEchoButton", {0x00, 0x65, 0x00, 0x00}},
-        {"DownloadButton", {0x00, 0x57, 0x00, 0x00}},
-        {"StartDownloadButton", {0x00, 0x69, 0x00, 0x00}},
+    const std::pair<const char*, const char*> rows[] = {
+        {"SetZeroButton", "00490000"},       {"GoToZeroButton", "00070022"},
+        {"QueryPanButton", "00510000"},      {"QueryTiltButton", "00530000"},
+        {"QueryZoomButton", "00550000"},     {"QueryMagButton", "00610000"},
+        {"QueryDeviceButton", "006b0000"},   {"QueryDiagnosticButton", "006f0000"},
+        {"ActivateEchoButton", "00650000"},  {"DownloadButton", "00570000"},
+        {"StartDownloadButton", "00690000"},
     };
-    for (const auto& [name, bytes] : rows) {
-        Scribble();
-        Click(name);
-        EXPECT_EQ(Registers(*keyboard_), bytes) << name;
-        EXPECT_EQ(LastSent(*keyboard_), (std::array<std::uint8_t, 4>{})) << name;
-        EXPECT_EQ(Child(name)->focusPolicy(), Qt::StrongFocus) << name;
-    }
-    EXPECT_EQ(Child("SetPanButton")->text(), QStringLiteral("Set "));
-}
-
-TEST_F(AdvancedCommandsTest, PositionsAreScaledRoundedHalfToEvenAndSplitIntoTwoBytes) {
-    struct Case {
-        SetRequest request;
-        std::array<std::uint8_t, 4> bytes;
-    };
-    const Case cases[] = {
-        {SetPanRequest("359.99"), {0x00, 0x4B, 0x8C, 0x9F}},
-        {SetPanRequest("0"), {0x00, 0x4B, 0x00, 0x00}},
-        {SetPanRequest("0.125"), {0x00, 0x4B, 0x00, 0x0C}}, // 12.5 goes to the even 12
-        {SetTiltRequest("-10"), {0x00, 0x4D, 0x88, 0xB8}},  // sent as 350.00
-        {SetTiltRequest("-180"), {0x00, 0x4D, 0x46, 0x50}},
-        {SetTiltRequest("180"), {0x00, 0x4D, 0x46, 0x50}},
-        {SetTiltRequest("-"), {0x00, 0x4D, 0x00, 0x00}},
-        {SetMagRequest("1"), {0x00, 0x5F, 0x00, 0x64}},
-        {SetMagRequest("350"), {0x00, 0x5F, 0x88, 0xB8}},
-        {SetZoomRequest("10", "10"), {0x00, 0x4F, 0xFF, 0xFF}},
-        {SetZoomRequest("10", "5"), {0x00, 0x4F, 0x80, 0x00}}, // 32767.5 goes to 32768
-        {SetZoomRequest("1e300", "1e300"), {0x00, 0x4F, 0xFF, 0xFF}},
-    };
-    for (const Case& c : cases) {
-        ASSERT_TRUE(c.request.bytes.has_value()) << c.request.refusal->text.toStdString();
-        EXPECT_EQ(Bytes(*c.request.bytes), c.bytes);
+    for (const auto& [name, hex] : rows) {
+        keyboard_->Command2 = keyboard_->LastCommand1 = keyboard_->LastData2 = 0xEE;
+        Child(name)->click();
+        EXPECT_EQ(Registers(*keyboard_), QByteArray::fromHex(hex)) << name;
+        EXPECT_EQ(keyboard_->LastCommand1 | keyboard_->LastData2, 0) << name;
     }
 }
 
-TEST_F(AdvancedCommandsTest, RefusedPositionsSayWhyAndLoadNothing) {
-    const ui::Message pan{QStringLiteral("A value from 0 to 359.99 is expected."), {}};
-    const ui::Message tilt{QStringLiteral("Please enter a value between -180 and 180"),
-                           QStringLiteral("Warning!"), ui::MessageButtons::Ok,
-                           ui::MessageIcon::Critical};
-    const ui::Message magEmpty{QStringLiteral("Please enter the magnification value."), {}};
-    const ui::Message mag{QStringLiteral("Expected magnification values are from 1 to 350."), {}};
-    const ui::Message zoomEmpty{
-        QStringLiteral("Either Zoom Limit or Set Zoom is empty, please enter the value"),
-        QStringLiteral("Warning!"), ui::MessageButtons::Ok, ui::MessageIcon::Critical};
-    const ui::Message zoom{QStringLiteral("Either Zoom limit's or Set Zoom's values is not valid"),
-                           QStringLiteral("Warning!"), ui::MessageButtons::Ok,
-                           ui::MessageIcon::Critical};
+TEST_F(AdvancedCommandsTest, SetRequestsLoadRoundedPositionsOrRefuseWithTheirOwnMessage) {
     struct Case {
         SetRequest request;
-        const ui::Message& message;
+        const char* bytes;   // loaded, or nullptr when refused
+        const char* message; // the refusal, titled "Warning!" with the stop sign when `warning`
+        bool warning;
         bool clearBox;
     };
+    const char* pan = "A value from 0 to 359.99 is expected.";
+    const char* tilt = "Please enter a value between -180 and 180";
+    const char* mag = "Expected magnification values are from 1 to 350.";
+    const char* zoomEmpty = "Either Zoom Limit or Set Zoom is empty, please enter the value";
+    const char* zoom = "Either Zoom limit's or Set Zoom's values is not valid";
     const Case cases[] = {
-        {SetPanRequest(""), pan, false},
-        {SetPanRequest("359.995"), pan, false},
-        {SetPanRequest("-5"), pan, false}, // pasted past the filter
-        {SetPanRequest("1e9"), pan, false},
-        {SetPanRequest("12ab"), pan, false},
-        {SetTiltRequest(""), tilt, false},
-        {SetTiltRequest("-180.5"), tilt, true},
-        {SetTiltRequest("180.01"), tilt, true},
-        {SetTiltRequest("5-"), tilt, true},
-        {SetMagRequest(""), magEmpty, false},
-        {SetMagRequest("0.5"), mag, false},
-        {SetMagRequest("350.01"), mag, false},
-        {SetMagRequest("-100"), mag, false},
-        {SetZoomRequest("", "5"), zoomEmpty, false},
-        {SetZoomRequest("10", ""), zoomEmpty, false},
-        {SetZoomRequest("10", "11"), zoom, false},
-        {SetZoomRequest("10", "0"), zoom, false},
-        {SetZoomRequest("0", "1"), zoom, false},
-        {SetZoomRequest("-1", "-2"), zoom, false},
-        {SetZoomRequest("ten", "5"), zoom, false},
-        {SetZoomRequest("10", "5x"), zoom, false},
+        {SetPanRequest("359.99"), "004b8c9f", nullptr, false, false},
+        {SetPanRequest("0"), "004b0000", nullptr, false, false},
+        {SetPanRequest("0.125"), "004b000c", nullptr, false, false}, // 12.5 to the even 12
+        {SetTiltRequest("-10"), "004d88b8", nullptr, false, false},  // sent as 350.00
+        {SetTiltRequest("-180"), "004d4650", nullptr, false, false},
+        {SetTiltRequest("180"), "004d4650", nullptr, false, false},
+        {SetMagRequest("1"), "005f0064", nullptr, false, false},
+        {SetMagRequest("350"), "005f88b8", nullptr, false, false},
+        {SetZoomRequest("10", "10"), "004fffff", nullptr, false, false},
+        {SetZoomRequest("10", "5"), "004f8000", nullptr, false, false}, // 32767.5 to 32768
+        {SetPanRequest(""), nullptr, pan, false, false},
+        {SetPanRequest("359.995"), nullptr, pan, false, false},
+        {SetPanRequest("-5"), nullptr, pan, false, false}, // pasted past the key filter
+        {SetPanRequest("1e9"), nullptr, pan, false, false},
+        {SetPanRequest("12ab"), nullptr, pan, false, false},
+        {SetTiltRequest(""), nullptr, tilt, true, false},
+        {SetTiltRequest("-180.5"), nullptr, tilt, true, true},
+        {SetTiltRequest("5-"), nullptr, tilt, true, true},
+        {SetMagRequest(""), nullptr, "Please enter the magnification value.", false, false},
+        {SetMagRequest("0.5"), nullptr, mag, false, false},
+        {SetMagRequest("-100"), nullptr, mag, false, false},
+        {SetZoomRequest("", "5"), nullptr, zoomEmpty, true, false},
+        {SetZoomRequest("10", ""), nullptr, zoomEmpty, true, false},
+        {SetZoomRequest("10", "11"), nullptr, zoom, true, false},
+        {SetZoomRequest("10", "0"), nullptr, zoom, true, false},
+        {SetZoomRequest("0", "1"), nullptr, zoom, true, false},
+        {SetZoomRequest("ten", "5"), nullptr, zoom, true, false},
     };
     for (const Case& c : cases) {
-        ASSERT_TRUE(c.request.refusal.has_value());
-        EXPECT_FALSE(c.request.bytes.has_value());
-        EXPECT_EQ(c.request.refusal->text, c.message.text);
-        EXPECT_EQ(c.request.refusal->title, c.message.title) << c.message.text.toStdString();
-        EXPECT_EQ(c.request.refusal->buttons, c.message.buttons);
-        EXPECT_EQ(c.request.refusal->icon, c.message.icon) << c.message.text.toStdString();
-        EXPECT_EQ(c.request.clearBox, c.clearBox) << c.message.text.toStdString();
+        const auto& r = c.request;
+        if (c.bytes) {
+            ASSERT_TRUE(r.bytes) << c.bytes << ": " << r.refusal->text.toStdString();
+            const CommandBytes b = *r.bytes;
+            EXPECT_EQ(Bytes(b.command1, b.command2, b.data1, b.data2),
+                      QByteArray::fromHex(c.bytes));
+            continue;
+        }
+        ASSERT_TRUE(r.refusal && !r.bytes) << c.message;
+        EXPECT_EQ(r.refusal->text, QLatin1String(c.message));
+        EXPECT_EQ(r.refusal->title, c.warning ? QStringLiteral("Warning!") : QString())
+            << c.message;
+        EXPECT_EQ(r.refusal->icon, c.warning ? ui::MessageIcon::Critical : ui::MessageIcon::None);
+        EXPECT_EQ(r.refusal->buttons, ui::MessageButtons::Ok);
+        EXPECT_EQ(r.clearBox, c.clearBox) << c.message;
     }
 }
 
@@ -168,24 +138,15 @@ TEST_F(AdvancedCommandsTest, BoxesFilterTheirKeysAndRefuseOutOfRangeValuesAsType
     EXPECT_EQ(ShownMessages().last().text, QStringLiteral("A Value of 1 to 350 Expected"));
 }
 
-TEST_F(AdvancedCommandsTest, ASetButtonLoadsThroughTheDispatcherAndClosingClearsEverything) {
-    keyboard_->CurrentMode = kModeD;
-    Child<QLineEdit>("SetTiltTextBox")->setText(QStringLiteral("-10"));
-    Click("SetTiltButton");
-    EXPECT_EQ(Registers(*keyboard_), (std::array<std::uint8_t, 4>{0x00, 0x4D, 0x88, 0xB8}));
-
-    Child<QLineEdit>("SetPanTextBox")->setText(QStringLiteral("-5")); // pasted past the filter
-    Click("SetPanButton");
-    EXPECT_EQ(Registers(*keyboard_), (std::array<std::uint8_t, 4>{0x00, 0x4D, 0x88, 0xB8}));
-    Child<QLineEdit>("SetTiltTextBox")->setText(QStringLiteral("-181"));
-    Click("SetTiltButton");
+TEST_F(AdvancedCommandsTest, AnOutOfRangeTiltEmptiesItsBoxAndClosingClearsEveryRegister) {
+    Child<QLineEdit>("SetTiltTextBox")->setText(QStringLiteral("-181")); // pasted
+    Child("SetTiltButton")->click();
     EXPECT_EQ(Child<QLineEdit>("SetTiltTextBox")->text(), QString());
-
-    keyboard_->LastCommand2 = 0x4D;
-    Click("AdvancedBackButton");
-    EXPECT_EQ(Registers(*keyboard_), (std::array<std::uint8_t, 4>{}));
-    EXPECT_EQ(LastSent(*keyboard_), (std::array<std::uint8_t, 4>{}));
-    EXPECT_FALSE(window_->isVisible());
+    Child("QueryPanButton")->click();
+    keyboard_->LastCommand2 = 0x51;
+    Child("AdvancedBackButton")->click();
+    EXPECT_EQ(Registers(*keyboard_), QByteArray(4, 0));
+    EXPECT_EQ(keyboard_->LastCommand2, 0);
 }
 
 } // namespace

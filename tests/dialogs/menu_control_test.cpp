@@ -61,7 +61,6 @@ TEST_F(MenuControlTest, AHeldArrowSendsOneCommandIgnoresItsRepeatsAndStopsOnceAt
     Up(Qt::Key_Right);
     EXPECT_EQ(com1_.Read(7), kStopD);
     EXPECT_FALSE(Lit("RightArrow"));
-    EXPECT_FALSE(keyboard_->MenuKeyHeld);
 }
 
 TEST_F(MenuControlTest, EachKeyOfTheTableInEachMode) {
