@@ -5,11 +5,18 @@
 
 #ifdef Q_OS_WIN
 #include <windows.h>
+
+#include <cstring>
 #endif
 
 namespace quellpad {
 
 #ifdef Q_OS_WIN
+// The system's key handles are casts written in its own headers' style.
+#if defined(__GNUC__)
+#pragma GCC diagnostic ignored "-Wold-style-cast"
+#endif
+
 namespace {
 
 // A value of a machine-wide key: a string without its terminating zero, a 32-bit
@@ -35,7 +42,7 @@ bool GetKeyValue(HKEY root, const char* keyName, const char* valueName, QString&
     }
     if (type == REG_DWORD && size == sizeof(DWORD)) {
         DWORD number = 0;
-        memcpy(&number, buffer, sizeof number);
+        std::memcpy(&number, buffer, sizeof number);
         result = QStringLiteral("&h") + QString::number(number, 16);
         return true;
     }
