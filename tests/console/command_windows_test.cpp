@@ -152,7 +152,7 @@ TEST_F(CommandWindowsTest, AboutKeepsTheMainWindowOutOfUseWhileOpen) {
                           [&](QDialog& about) {
                               EXPECT_EQ(about.objectName(), u"frmAbout");
                               EXPECT_FALSE(window_->isEnabled());
-        EXPECT_TRUE(about.isEnabled()) << "its own buttons still work";
+                              EXPECT_TRUE(about.isEnabled()) << "its own buttons still work";
                               EXPECT_TRUE(Running("CommandChangeTimer"));
                           }));
     EXPECT_TRUE(window_->isEnabled());
