@@ -28,7 +28,9 @@ KeyPreview::KeyPreview(QWidget* window, std::function<bool(QChar)> handler)
 }
 
 KeyPreview::~KeyPreview() {
-    qApp->removeEventFilter(this);
+    if (qApp) {
+        qApp->removeEventFilter(this);
+    }
 }
 
 bool KeyPreview::eventFilter(QObject* watched, QEvent* event) {
