@@ -328,6 +328,7 @@ bool FrmExtendedCommands::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
         if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
+            held_ = adjuster->button;
             Adjuster_MouseDown(adjuster->target, adjuster->sign);
         }
         break;
@@ -338,12 +339,18 @@ bool FrmExtendedCommands::eventFilter(QObject* watched, QEvent* event) {
         break;
     case QEvent::KeyPress:
         if (space) {
+            held_ = adjuster->button;
             Adjuster_MouseDown(adjuster->target, adjuster->sign);
         }
         break;
     case QEvent::KeyRelease:
+        if (space) {
+            Adjuster_MouseUp();
+        }
+        break;
     case QEvent::FocusOut:
-        if (space || event->type() == QEvent::FocusOut) {
+        // Space held on a button that loses the focus never sees its release.
+        if (held_ == watched) {
             Adjuster_MouseUp();
         }
         break;
@@ -359,6 +366,7 @@ void FrmExtendedCommands::Adjuster_MouseDown(AdjustTarget target, AdjustSign sig
 }
 
 void FrmExtendedCommands::Adjuster_MouseUp() {
+    held_ = nullptr;
     AdjustTimer->stop();
     adjusters_.Release();
 }

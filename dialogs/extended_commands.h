@@ -105,6 +105,8 @@ private:
         AdjustSign sign;
     };
     std::array<Adjuster, 8> adjusterButtons_{};
+    // The adjuster button that is down, by mouse or Space.
+    QPushButton* held_ = nullptr;
     QRadioButton* OptionNTSC = nullptr;
     QRadioButton* OptionPAL = nullptr;
     QComboBox* ComboNTSC = nullptr;
