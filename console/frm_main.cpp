@@ -2,10 +2,15 @@
 
 #include "console/dispatcher.h"
 #include "console/frm_main_parts.h"
+#include "console/key_preview.h"
 #include "console/receiver.h"
-#include "dialogs/command_windows.h"
+#include "dialogs/about.h"
+#include "dialogs/advanced_commands.h"
+#include "dialogs/extended_commands.h"
 #include "dialogs/frm_label.h"
 #include "dialogs/frm_settings.h"
+#include "dialogs/menu_control.h"
+#include "dialogs/type_commands.h"
 #include "engine/port_control.h"
 #include "engine/retransmission.h"
 #include "ui/controls.h"
@@ -40,6 +45,7 @@ FrmMain::FrmMain(Quellpad_Support_Func& keyboard, QWidget* parent)
     BuildControls();
     ConnectHandlers();
     ConnectTargets();
+    new KeyPreview(this, [this](QChar character) { return Form_KeyPress(character); });
 }
 
 FrmMain::~FrmMain() = default;
@@ -299,42 +305,70 @@ void FrmMain::ControlLock_Click() {
     }
 }
 
-void FrmMain::RunModalWindow(QDialog& window, bool pauseTimers) {
+void FrmMain::RunModalWindow(QDialog& window, bool pauseTimers,
+                             const std::function<void()>& beforeShow) {
     if (pauseTimers) {
         CommandChangeTimer->stop();
         if (keyboard_.RetransmitOn) {
             RetransmitTimer->stop();
         }
     }
-    window.exec();
-    if (pauseTimers) {
-        CommandChangeTimer->start();
-        if (keyboard_.RetransmitOn) {
-            RetransmitTimer->start();
+    // The timers run again however the window ends, also when the command before it failed.
+    const auto restore = qScopeGuard([this, pauseTimers] {
+        if (pauseTimers) {
+            CommandChangeTimer->start();
+            if (keyboard_.RetransmitOn) {
+                RetransmitTimer->start();
+            }
         }
+        activateWindow();
+    });
+    if (beforeShow) {
+        beforeShow();
     }
-    activateWindow();
+    window.exec();
+}
+
+bool FrmMain::Form_KeyPress(QChar character) {
+    if ((character != u'm' && character != u'M') || keyboard_.CurrentMode == kModeMuxAscii) {
+        return false;
+    }
+    boundary_.Run("Form_KeyPress", [&] {
+        frmMenuControl window(keyboard_, this);
+        RunModalWindow(window, true, [this] {
+            // Set preset 95, which the receiver takes as the call for its menu.
+            keyboard_.Command1 = 0;
+            keyboard_.Command2 = 3;
+            keyboard_.Data1 = 0;
+            keyboard_.Data2 = 95;
+            keyboard_.AsciiCommand = QStringLiteral("95^a");
+            keyboard_.SendCommand();
+        });
+    });
+    return true;
 }
 
 void FrmMain::MenuControlOption_Click() {
-    frmMenuControl window(this);
+    frmMenuControl window(keyboard_, this);
     RunModalWindow(window, true);
 }
 
 void FrmMain::Type_Commands_Option_Click() {
-    FrmTypeCmnds window(this);
+    FrmTypeCmnds window(keyboard_, this);
     typeCommands_ = &window;
     window.Prepare(keyboard_.CurrentMode);
     RunModalWindow(window, true);
 }
 
 void FrmMain::AdvancedCommandsOption_Click() {
-    FrmAdvancedCommands window(this);
+    FrmAdvancedCommands window(keyboard_, this);
     RunModalWindow(window, false);
 }
 
 void FrmMain::ExtendedCommands_Click() {
-    FrmExtendedCommands window(this);
+    // The levels outlive the window, as the camera keeps them between openings.
+    static LevelAdjusters levels;
+    FrmExtendedCommands window(keyboard_, levels, this);
     RunModalWindow(window, false);
 }
 

@@ -124,7 +124,13 @@ private:
     void MSComm_OnComm(int portNumber, int eventCode);
     void Port_LineFailed(int portNumber, const QString& message);
 
-    void RunModalWindow(QDialog& window, bool pauseTimers);
+    // The main window's one shortcut: M calls the camera's menu and opens the menu control
+    // window. Whether the character was taken.
+    bool Form_KeyPress(QChar character);
+
+    // Shows a window modal; `beforeShow` runs once the timers are paused.
+    void RunModalWindow(QDialog& window, bool pauseTimers,
+                        const std::function<void()>& beforeShow = {});
     void UpdateWindowTitle();
     void UpdatePortBindings();
     QPushButton* LensControl(LensButton button) const;

@@ -88,6 +88,9 @@ public:
     bool AlarmTriggerPending = false;
     bool AlarmResetPending = false;
 
+    // A key of the menu control window is down; its auto-repeat sends nothing more.
+    bool MenuKeyHeld = false;
+
     // Where Settings.dat is read and written.
     QString SettingsPath;
 

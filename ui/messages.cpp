@@ -11,6 +11,9 @@ void ShowMessageBox(QWidget* parent, const Message& message) {
     QMessageBox box(parent);
     box.setWindowTitle(message.title.isEmpty() ? QStringLiteral("Quellpad") : message.title);
     box.setText(message.text);
+    if (message.icon == MessageIcon::Critical) {
+        box.setIcon(QMessageBox::Critical);
+    }
     if (message.buttons == MessageButtons::OkCancel) {
         box.setStandardButtons(QMessageBox::Ok | QMessageBox::Cancel);
     } else {

@@ -9,11 +9,14 @@ class QWidget;
 namespace quellpad::ui {
 
 enum class MessageButtons { Ok, OkCancel };
+// The picture beside the text; a refusal the operator must not miss shows the stop sign.
+enum class MessageIcon { None, Critical };
 
 struct Message {
     QString text;
     QString title; // empty: the program's own name
     MessageButtons buttons = MessageButtons::Ok;
+    MessageIcon icon = MessageIcon::None;
 };
 
 // Shows a modal message to the operator and waits until it is closed.

@@ -1,0 +1,319 @@
+#include "advanced_commands.h"
+
+#include "ui/controls.h"
+#include "ui/key_filter.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRegularExpression>
+
+#include <cmath>
+
+namespace quellpad {
+
+using dialog_parts::DialogButton;
+
+const std::array<AdvancedFixedButton, 11> kAdvancedFixedButtons{{
+    {"Frame1", "Label1", "Set Zero Position", "SetZeroButton", "Set", {0x00, 0x49, 0x00, 0x00}},
+    // Preset 34 is the receiver's zero-pan position.
+    {"Frame1", "Label15", "Go To Zero Pan", "GoToZeroButton", "Go", {0x00, 0x07, 0x00, 0x22}},
+    {"Frame2", "Label6", "Query Pan Position", "QueryPanButton", "Query", {0x00, 0x51, 0, 0}},
+    {"Frame2", "Label7", "Query Tilt Position", "QueryTiltButton", "Query", {0x00, 0x53, 0, 0}},
+    {"Frame2", "Label8", "Query Zoom Position", "QueryZoomButton", "Query", {0x00, 0x55, 0, 0}},
+    {"Frame2", "Label9", "Query Magnification", "QueryMagButton", "Query", {0x00, 0x61, 0, 0}},
+    {"Frame2", "Label10", "Query Device Type", "QueryDeviceButton", "Query", {0x00, 0x6B, 0, 0}},
+    {"Frame2",
+     "Label11",
+     "Query Diagnostic Info",
+     "QueryDiagnosticButton",
+     "Query",
+     {0x00, 0x6F, 0, 0}},
+    {"Frame3",
+     "Label12",
+     "Activate Echo Mode",
+     "ActivateEchoButton",
+     "Activate",
+     {0x00, 0x65, 0, 0}},
+    {"Frame3", "Label13", "Prepare Download", "DownloadButton", "Prepare", {0x00, 0x57, 0, 0}},
+    {"Frame3", "Label14", "Start Download", "StartDownloadButton", "Start", {0x00, 0x69, 0, 0}},
+}};
+
+namespace {
+
+const QString kPanExpected = QStringLiteral("A value from 0 to 359.99 is expected.");
+const QString kTiltExpected = QStringLiteral("Please enter a value between -180 and 180");
+const QString kMagExpected = QStringLiteral("Expected magnification values are from 1 to 350.");
+const QString kWarning = QStringLiteral("Warning!");
+const QString kError = QStringLiteral("Error");
+
+ui::Message Warning(const QString& text) {
+    return {text, kWarning, ui::MessageButtons::Ok, ui::MessageIcon::Critical};
+}
+ui::Message ChangeError(const QString& text) {
+    return {text, kError, ui::MessageButtons::OkCancel};
+}
+
+// Only text the box's keys could have typed is a number here; pasted letters, a minus
+// sign in a box without one, or an exponent never become a command.
+bool Typeable(const QString& text, bool minus) {
+    static const QRegularExpression unsigned_(QStringLiteral("^[0-9]*\\.?[0-9]*$"));
+    static const QRegularExpression signed_(QStringLiteral("^-?[0-9]*\\.?[0-9]*$"));
+    return (minus ? signed_ : unsigned_).match(text).hasMatch();
+}
+
+// The conversion of a whole text to a number, which refuses anything that is not one.
+std::optional<double> StrictNumber(const QString& text) {
+    bool ok = false;
+    const double value = text.toDouble(&ok);
+    return ok && std::isfinite(value) ? std::optional(value) : std::nullopt;
+}
+
+SetRequest Refused(ui::Message message, bool clearBox = false) {
+    return {std::nullopt, std::move(message), clearBox};
+}
+
+SetRequest Loads(std::uint8_t command2, double hundredths) {
+    return {WithValue(command2, RoundHalfEven(hundredths)), std::nullopt, false};
+}
+
+bool TiltKey(QChar c, const QString& before) {
+    return ui::DecimalNumber(c, before) || (c == u'-' && before.isEmpty());
+}
+
+} // namespace
+
+SetRequest SetPanRequest(const QString& text) {
+    const ui::Message expected{kPanExpected, {}};
+    if (text.isEmpty() || !Typeable(text, false)) {
+        return Refused(expected);
+    }
+    const double p = Val(text);
+    if (p > 359.99) {
+        return Refused(expected);
+    }
+    return Loads(0x4B, p * 100);
+}
+
+SetRequest SetTiltRequest(const QString& text) {
+    if (text.isEmpty()) {
+        return Refused(Warning(kTiltExpected));
+    }
+    const double t = Val(text);
+    if (!Typeable(text, true) || t < -180 || t > 180) {
+        return Refused(Warning(kTiltExpected), true);
+    }
+    return Loads(0x4D, (t >= 0 ? t : t + 360) * 100);
+}
+
+SetRequest SetMagRequest(const QString& text) {
+    if (text.isEmpty()) {
+        return Refused({QStringLiteral("Please enter the magnification value."), {}});
+    }
+    const double m = Val(text);
+    if (!Typeable(text, false) || m < 1 || m > 350) {
+        return Refused({kMagExpected, {}});
+    }
+    return Loads(0x5F, m * 100);
+}
+
+SetRequest SetZoomRequest(const QString& zoomLimit, const QString& setZoom) {
+    if (zoomLimit.isEmpty() || setZoom.isEmpty()) {
+        return Refused(Warning(
+            QStringLiteral("Either Zoom Limit or Set Zoom is empty, please enter the value")));
+    }
+    const auto z = StrictNumber(setZoom);
+    const auto limit = StrictNumber(zoomLimit);
+    // A zero zoom is refused, a zero limit only by the zoom being above it.
+    if (!z || !limit || *z <= 0 || *limit < 0 || *z > *limit) {
+        return Refused(
+            Warning(QStringLiteral("Either Zoom limit's or Set Zoom's values is not valid")));
+    }
+    const double zoom = Val(setZoom);
+    const double full = Val(zoomLimit);
+    double n = 65535 * zoom / full;
+    if (!std::isfinite(n)) {
+        n = 65535 * (zoom / full); // a zoom so large that 65535 times it is no number
+    }
+    return {WithValue(0x4F, RoundHalfEven(n)), std::nullopt, false};
+}
+
+std::optional<ui::Message> PanBoxRefusal(const QString& text) {
+    if (Val(text) > 359.99) {
+        return ChangeError(QStringLiteral("Values From 0 to 359.99 Expected"));
+    }
+    return std::nullopt;
+}
+
+std::optional<ui::Message> TiltBoxRefusal(const QString& text) {
+    const double t = Val(text);
+    if (t < -180 || t > 180) {
+        return ChangeError(QStringLiteral("Values From -180 to 180 Expected"));
+    }
+    return std::nullopt;
+}
+
+std::optional<ui::Message> MagBoxRefusal(const QString& text) {
+    // An empty or half-typed box ("0.", ".") counts as 0 and is refused at once.
+    const double m = Val(text);
+    if (m < 1 || m > 350) {
+        return ChangeError(QStringLiteral("A Value of 1 to 350 Expected"));
+    }
+    return std::nullopt;
+}
+
+FrmAdvancedCommands::FrmAdvancedCommands(Quellpad_Support_Func& keyboard, QWidget* parent)
+    : QDialog(parent), keyboard_(keyboard), boundary_(this) {
+    dialog_parts::SetUpWindow(this, "FrmAdvancedCommands", QStringLiteral("Advanced Commands"));
+
+    QGroupBox* frames[] = {
+        ui::MakeFrame(this, "Frame1", QStringLiteral("Set Position")),
+        ui::MakeFrame(this, "Frame2", QStringLiteral("Query")),
+        ui::MakeFrame(this, "Frame3", QStringLiteral("Miscellaneous")),
+        ui::MakeFrame(this, "Frame4", QStringLiteral("Set Zoom")),
+    };
+    QGridLayout* grids[4];
+    for (int i = 0; i < 4; ++i) {
+        grids[i] = new QGridLayout(frames[i]);
+    }
+    const auto row = [&](int frame, const char* labelName, const QString& labelText,
+                         QLineEdit** box, const char* boxName, const char* buttonName,
+                         const QString& caption) {
+        QGridLayout* grid = grids[frame];
+        const int at = grid->rowCount();
+        QLabel* label = ui::MakeLabel(frames[frame], labelName, labelText);
+        grid->addWidget(label, at, 0);
+        if (box) {
+            *box = ui::MakeTextBox(frames[frame], boxName, labelText);
+            label->setBuddy(*box);
+            (*box)->setMinimumWidth(
+                (*box)->fontMetrics().horizontalAdvance(QStringLiteral("-359.999")) + 16);
+            grid->addWidget(*box, at, 1);
+        }
+        QPushButton* button = nullptr;
+        if (buttonName) {
+            button = DialogButton(frames[frame], buttonName, caption);
+            // Several buttons read "Set" or "Query"; the row says which one.
+            button->setAccessibleDescription(labelText);
+            grid->addWidget(button, at, 2);
+        }
+        return button;
+    };
+    const auto fixed = [&](int frame, const AdvancedFixedButton& entry) {
+        QPushButton* button = row(frame, entry.label, QLatin1String(entry.labelText), nullptr,
+                                  nullptr, entry.name, QLatin1String(entry.caption));
+        const CommandBytes bytes = entry.bytes;
+        connect(button, &QPushButton::clicked, this, [this, entry, bytes] {
+            boundary_.Run(entry.name, [&] { LoadCommand(keyboard_, bytes); });
+        });
+    };
+    const auto frameOf = [](const AdvancedFixedButton& entry) {
+        return entry.frame[5] - '1';
+    };
+
+    fixed(0, kAdvancedFixedButtons[0]);
+    QPushButton* setPan = row(0, "Label2", QStringLiteral("Set Pan Position"), &SetPanTextBox,
+                              "SetPanTextBox", "SetPanButton", QStringLiteral("Set "));
+    QPushButton* setTilt = row(0, "Label3", QStringLiteral("Set Tilt Position"), &SetTiltTextBox,
+                               "SetTiltTextBox", "SetTiltButton", QStringLiteral("Set"));
+    QPushButton* setMag = row(0, "Label5", QStringLiteral("Set Magnification"), &SetMagTextBox,
+                              "SetMagTextBox", "SetMagButton", QStringLiteral("Set"));
+    for (const AdvancedFixedButton& entry : kAdvancedFixedButtons) {
+        if (&entry != &kAdvancedFixedButtons[0]) {
+            fixed(frameOf(entry), entry);
+        }
+    }
+    row(3, "Label16", QStringLiteral("Enter Zoom Limit"), &ZoomLimitTextBox, "ZoomLimitTextBox",
+        nullptr, {});
+    QPushButton* setZoom = row(3, "Label4", QStringLiteral("Set Zoom Position"), &SetZoomTextBox,
+                               "SetZoomTextBox", "SetZoomButton", QStringLiteral("Set"));
+    QPushButton* back = DialogButton(this, "AdvancedBackButton", QStringLiteral("Back"));
+
+    QFont face = font();
+    face.setFamily(QStringLiteral("MS Sans Serif"));
+    for (QWidget* w : findChildren<QWidget*>()) {
+        if (qobject_cast<QLabel*>(w) || qobject_cast<QGroupBox*>(w)) {
+            w->setFont(face);
+        }
+    }
+
+    auto* layout = new QGridLayout(this);
+    layout->addWidget(frames[0], 0, 0);
+    layout->addWidget(frames[1], 0, 1);
+    layout->addWidget(frames[2], 1, 0);
+    layout->addWidget(frames[3], 1, 1);
+    layout->addWidget(back, 2, 1, Qt::AlignRight);
+
+    ui::FilterCharacters(SetPanTextBox, &ui::DecimalNumber);
+    ui::FilterCharacters(SetMagTextBox, &ui::DecimalNumber);
+    // A minus sign always starts a new entry.
+    ui::FilterCharacters(SetTiltTextBox, &TiltKey, [this](QChar c) {
+        if (c == u'-') {
+            SetTiltTextBox->clear();
+        }
+        return true;
+    });
+
+    connect(setPan, &QPushButton::clicked, this, [this] {
+        SetButton_Click("SetPanButton_Click", SetPanRequest(SetPanTextBox->text()), nullptr);
+    });
+    connect(setTilt, &QPushButton::clicked, this, [this] {
+        SetButton_Click("SetTiltButton_Click", SetTiltRequest(SetTiltTextBox->text()),
+                        SetTiltTextBox);
+    });
+    connect(setMag, &QPushButton::clicked, this, [this] {
+        SetButton_Click("SetMagButton_Click", SetMagRequest(SetMagTextBox->text()), nullptr);
+    });
+    connect(setZoom, &QPushButton::clicked, this, [this] {
+        SetButton_Click("SetZoomButton_Click",
+                        SetZoomRequest(ZoomLimitTextBox->text(), SetZoomTextBox->text()), nullptr);
+    });
+    connect(SetPanTextBox, &QLineEdit::textChanged, this,
+            [this] { BoxChange("SetPanTextBox_Change", SetPanTextBox, &PanBoxRefusal); });
+    connect(SetTiltTextBox, &QLineEdit::textChanged, this,
+            [this] { BoxChange("SetTiltTextBox_Change", SetTiltTextBox, &TiltBoxRefusal); });
+    connect(SetMagTextBox, &QLineEdit::textChanged, this,
+            [this] { BoxChange("SetMagTextBox_Change", SetMagTextBox, &MagBoxRefusal); });
+    connect(back, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+void FrmAdvancedCommands::SetButton_Click(const char* entry, const SetRequest& request,
+                                          QLineEdit* box) {
+    boundary_.Run(entry, [&] {
+        if (request.refusal) {
+            ui::ShowMessage(this, *request.refusal);
+            if (request.clearBox && box) {
+                box->clear();
+            }
+            return;
+        }
+        if (request.bytes) {
+            LoadCommand(keyboard_, *request.bytes);
+        }
+    });
+}
+
+void FrmAdvancedCommands::BoxChange(const char* entry, QLineEdit* box,
+                                    std::optional<ui::Message> (*check)(const QString&)) {
+    if (clearingBox_) {
+        return;
+    }
+    boundary_.Run(entry, [&] {
+        if (const auto refusal = check(box->text())) {
+            ui::ShowMessage(this, *refusal);
+            clearingBox_ = true;
+            box->clear();
+            clearingBox_ = false;
+        }
+    });
+}
+
+void FrmAdvancedCommands::done(int result) {
+    // Whatever this window loaded goes no further once it is closed.
+    boundary_.Run("Form_QueryUnload", [&] { keyboard_.ClearCommandBytes(); });
+    QDialog::done(result);
+}
+
+} // namespace quellpad

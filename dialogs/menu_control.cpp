@@ -1,0 +1,322 @@
+#include "menu_control.h"
+
+#include "dialogs/dialog_parts.h"
+#include "ui/controls.h"
+
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLinearGradient>
+#include <QPainter>
+#include <QPainterPath>
+#include <QVBoxLayout>
+
+namespace quellpad {
+
+namespace {
+
+// The keys that have pictures, in the order of frmMenuControl::pictures_.
+constexpr MenuKey kPictured[] = {MenuKey::Right, MenuKey::Left,     MenuKey::Up,
+                                 MenuKey::Down,  MenuKey::IrisOpen, MenuKey::IrisClose};
+
+int PictureIndex(MenuKey key) {
+    for (int i = 0; i < 6; ++i) {
+        if (kPictured[i] == key) {
+            return i;
+        }
+    }
+    return -1;
+}
+
+bool Pictured(MenuKey key) {
+    return PictureIndex(key) >= 0;
+}
+
+void LoadRegisters(Quellpad_Support_Func& k, std::uint8_t command1, std::uint8_t command2,
+                   std::uint8_t data1, std::uint8_t data2, const QString& ascii) {
+    k.Command1 = command1;
+    k.Command2 = command2;
+    k.Data1 = data1;
+    k.Data2 = data2;
+    k.AsciiCommand = ascii;
+}
+
+// The iris commands have different bits in the two protocols; in the ASCII modes the
+// frame registers keep their first byte, which no frame then uses.
+std::uint8_t IrisBit(const Quellpad_Support_Func& k, std::uint8_t d, std::uint8_t p) {
+    return k.CurrentMode == kModeD ? d : k.CurrentMode == kModeP ? p : k.Command1;
+}
+
+} // namespace
+
+MenuKey MenuKeyOf(int qtKey) {
+    switch (qtKey) {
+    case Qt::Key_Right:
+        return MenuKey::Right;
+    case Qt::Key_Left:
+        return MenuKey::Left;
+    case Qt::Key_Up:
+        return MenuKey::Up;
+    case Qt::Key_Down:
+        return MenuKey::Down;
+    case Qt::Key_O:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return MenuKey::IrisOpen;
+    case Qt::Key_C:
+        return MenuKey::IrisClose;
+    case Qt::Key_M:
+        return MenuKey::Menu;
+    case Qt::Key_Escape:
+        return MenuKey::Escape;
+    default:
+        return MenuKey::None;
+    }
+}
+
+QString MenuControlInstructions() {
+    const QString crLf = QStringLiteral("\r\n");
+    const QString quote = QStringLiteral("\"");
+    return QStringLiteral("Enter menu commands via the arrow keys,") + crLf +
+           QStringLiteral("the ") + quote + u'O' + quote +
+           QStringLiteral(" key for iris open, and the ") + quote + u'C' + quote + crLf +
+           QStringLiteral("key for iris close.  Use the ") + quote + u'M' + quote +
+           QStringLiteral(" key to") + crLf + QStringLiteral("obtain access to the menus.");
+}
+
+MenuKeyOutcome MenuKeyDown(Quellpad_Support_Func& k, MenuKey key) {
+    MenuKeyOutcome outcome;
+    if (k.MenuKeyHeld || key == MenuKey::None) {
+        return outcome;
+    }
+    // Pan and tilt at speed 32 in the frames; the ASCII texts carry their own 20.
+    switch (key) {
+    case MenuKey::Right:
+        LoadRegisters(k, 0, 0x02, 32, 0, QStringLiteral("20Ra"));
+        break;
+    case MenuKey::Left:
+        LoadRegisters(k, 0, 0x04, 32, 0, QStringLiteral("20La"));
+        break;
+    case MenuKey::Up:
+        LoadRegisters(k, 0, 0x08, 0, 32, QStringLiteral("20Ua"));
+        break;
+    case MenuKey::Down:
+        LoadRegisters(k, 0, 0x10, 0, 32, QStringLiteral("20Da"));
+        break;
+    case MenuKey::IrisOpen:
+        LoadRegisters(k, IrisBit(k, 0x02, 0x04), 0, 0, 0, QStringLiteral("Oa"));
+        break;
+    case MenuKey::IrisClose:
+        LoadRegisters(k, IrisBit(k, 0x04, 0x08), 0, 0, 0, QStringLiteral("Ca"));
+        break;
+    case MenuKey::Menu:
+        // Set preset 95: the receiver's call for its on-screen menu.
+        LoadRegisters(k, 0, 3, 0, 95, QStringLiteral("95^a"));
+        break;
+    case MenuKey::Escape:
+        k.MenuKeyHeld = false;
+        outcome.close = true;
+        return outcome;
+    case MenuKey::None:
+        return outcome;
+    }
+    k.MenuKeyHeld = true;
+    outcome.send = true;
+    if (Pictured(key)) {
+        outcome.showOn = key;
+    }
+    return outcome;
+}
+
+MenuKeyOutcome MenuKeyUp(Quellpad_Support_Func& k, MenuKey key) {
+    MenuKeyOutcome outcome;
+    if (!k.MenuKeyHeld || key == MenuKey::None) {
+        return outcome;
+    }
+    k.MenuKeyHeld = false;
+    if (key == MenuKey::Menu) {
+        return outcome;
+    }
+    LoadRegisters(k, 0, 0, 0, 0, QStringLiteral("sa"));
+    outcome.send = true;
+    if (Pictured(key)) {
+        outcome.showOff = key;
+    }
+    return outcome;
+}
+
+// ---------------------------------------------------------------------------------------
+// The key pictures
+
+MenuKeyPicture::MenuKeyPicture(QWidget* parent, const char* name, MenuKey key, bool on)
+    : QWidget(parent), key_(key), on_(on) {
+    setObjectName(QLatin1String(name));
+    setFocusPolicy(Qt::NoFocus);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    static const char* const names[] = {"Right arrow", "Left arrow", "Up arrow",
+                                        "Down arrow",  "Iris open",  "Iris close"};
+    setAccessibleName(QLatin1String(names[PictureIndex(key)]) +
+                      (on ? QStringLiteral(" held") : QString()));
+}
+
+void MenuKeyPicture::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const qreal side = std::min(width(), height()) - 6.0;
+    // A held key sits lower, as a pressed key cap does.
+    const qreal sink = on_ ? 2.0 : 0.0;
+    const QRectF cap((width() - side) / 2, (height() - side) / 2 + sink, side, side - 2);
+    const qreal radius = side * 0.16;
+
+    if (!on_) {
+        QPainterPath shadow;
+        shadow.addRoundedRect(cap.translated(0, 3), radius, radius);
+        painter.fillPath(shadow, QColor(0x70, 0x70, 0x70));
+    }
+    QLinearGradient face(cap.topLeft(), cap.bottomLeft());
+    if (on_) {
+        face.setColorAt(0, QColor(0x3c, 0xd0, 0x5a));
+        face.setColorAt(1, QColor(0x12, 0x88, 0x2c));
+    } else {
+        face.setColorAt(0, QColor(0xfa, 0xfa, 0xfa));
+        face.setColorAt(1, QColor(0xd4, 0xd4, 0xd4));
+    }
+    QPainterPath body;
+    body.addRoundedRect(cap, radius, radius);
+    painter.fillPath(body, face);
+    painter.setPen(QPen(on_ ? QColor(0x0b, 0x5c, 0x1d) : QColor(0x55, 0x55, 0x55), 1.5));
+    painter.drawPath(body);
+
+    const QColor ink = on_ ? Qt::white : QColor(0x30, 0x30, 0x30);
+    const QPointF c = cap.center();
+    const qreal r = side * 0.26;
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(ink);
+    if (key_ == MenuKey::IrisOpen || key_ == MenuKey::IrisClose) {
+        QFont letter = font();
+        letter.setBold(true);
+        letter.setPixelSize(std::max(8, static_cast<int>(side * 0.38)));
+        painter.setFont(letter);
+        painter.setPen(ink);
+        const QRectF top(cap.left(), cap.top() + side * 0.08, cap.width(), cap.height() * 0.55);
+        painter.drawText(top, Qt::AlignCenter,
+                         key_ == MenuKey::IrisOpen ? QStringLiteral("O") : QStringLiteral("C"));
+        QFont small = font();
+        small.setPixelSize(std::max(6, static_cast<int>(side * 0.15)));
+        painter.setFont(small);
+        const QRectF bottom(cap.left(), cap.top() + cap.height() * 0.6, cap.width(),
+                            cap.height() * 0.3);
+        painter.drawText(bottom, Qt::AlignCenter,
+                         key_ == MenuKey::IrisOpen ? QStringLiteral("Iris Open")
+                                                   : QStringLiteral("Iris Close"));
+        return;
+    }
+    // An arrow head and shaft pointing right, turned to the key's direction.
+    painter.translate(c);
+    painter.rotate(key_ == MenuKey::Right  ? 0
+                   : key_ == MenuKey::Down ? 90
+                   : key_ == MenuKey::Left ? 180
+                                           : 270);
+    QPainterPath arrow;
+    arrow.moveTo(r, 0);
+    arrow.lineTo(0, -r * 0.85);
+    arrow.lineTo(0, -r * 0.35);
+    arrow.lineTo(-r, -r * 0.35);
+    arrow.lineTo(-r, r * 0.35);
+    arrow.lineTo(0, r * 0.35);
+    arrow.lineTo(0, r * 0.85);
+    arrow.closeSubpath();
+    painter.drawPath(arrow);
+}
+
+// ---------------------------------------------------------------------------------------
+// The window
+
+frmMenuControl::frmMenuControl(Quellpad_Support_Func& keyboard, QWidget* parent)
+    : QDialog(parent), keyboard_(keyboard), boundary_(this) {
+    dialog_parts::SetUpWindow(this, "frmMenuControl", QStringLiteral("Arrow/Menu Control"));
+    setFocusPolicy(Qt::StrongFocus);
+    QPalette grey = palette();
+    grey.setColor(QPalette::Window, QColor(0xC0, 0xC0, 0xC0));
+    setPalette(grey);
+    setAutoFillBackground(true);
+
+    InstructionsLabel = ui::MakeLabel(this, "InstructionsLabel", MenuControlInstructions());
+    InstructionsLabel->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+
+    static const char* const names[6][2] = {
+        {"RightArrowOff", "RightArrowOn"}, {"LeftArrowOff", "LeftArrowOn"},
+        {"UpArrowOff", "UpArrowOn"},       {"DownArrowOff", "DownArrowOn"},
+        {"IrisOpenOff", "IrisOpenOn"},     {"IrisCloseOff", "IrisCloseOn"},
+    };
+    // The arrows surround the centre of a three-by-three field; the iris keys stand
+    // apart on the right, open above close.
+    static const int cells[6][2] = {{1, 2}, {1, 0}, {0, 1}, {2, 1}, {0, 4}, {2, 4}};
+    auto* keys = new QGridLayout;
+    keys->setColumnMinimumWidth(3, 24);
+    for (int i = 0; i < 6; ++i) {
+        for (int on = 0; on < 2; ++on) {
+            auto* picture = new MenuKeyPicture(this, names[i][on], kPictured[i], on == 1);
+            picture->setVisible(on == 0);
+            pictures_[static_cast<std::size_t>(i)][static_cast<std::size_t>(on)] = picture;
+            keys->addWidget(picture, cells[i][0], cells[i][1]);
+        }
+    }
+    auto* column = new QVBoxLayout(this);
+    column->addWidget(InstructionsLabel);
+    column->addLayout(keys, 1);
+    resize(460, 360);
+}
+
+void frmMenuControl::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    setFocus();
+}
+
+void frmMenuControl::keyPressEvent(QKeyEvent* event) {
+    // The keyboard's own repeats of a held key are not presses of the operator.
+    if (!event->isAutoRepeat()) {
+        const MenuKey key = MenuKeyOf(event->key());
+        boundary_.Run("Form_KeyDown", [&] { Form_KeyDown(key); });
+    }
+    event->accept();
+}
+
+void frmMenuControl::keyReleaseEvent(QKeyEvent* event) {
+    if (!event->isAutoRepeat()) {
+        const MenuKey key = MenuKeyOf(event->key());
+        boundary_.Run("Form_KeyUp", [&] { Form_KeyUp(key); });
+    }
+    event->accept();
+}
+
+void frmMenuControl::Form_KeyDown(MenuKey key) {
+    Apply(MenuKeyDown(keyboard_, key));
+}
+
+void frmMenuControl::Form_KeyUp(MenuKey key) {
+    Apply(MenuKeyUp(keyboard_, key));
+}
+
+void frmMenuControl::Apply(const MenuKeyOutcome& outcome) {
+    if (outcome.showOn != MenuKey::None) {
+        ShowPicture(outcome.showOn, true);
+    }
+    if (outcome.showOff != MenuKey::None) {
+        ShowPicture(outcome.showOff, false);
+    }
+    if (outcome.send) {
+        keyboard_.SendCommand();
+    }
+    if (outcome.close) {
+        reject();
+    }
+}
+
+void frmMenuControl::ShowPicture(MenuKey key, bool held) {
+    const auto& pair = pictures_[static_cast<std::size_t>(PictureIndex(key))];
+    pair[0]->setVisible(!held);
+    pair[1]->setVisible(held);
+}
+
+} // namespace quellpad

@@ -1,0 +1,162 @@
+#include "fixtures.h"
+
+#include "console/frm_main.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDialog>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+namespace quellpad::test {
+namespace {
+
+// The main window opening its command windows: which timers run while each is open,
+// what reaches the ports, and what is left when it closes.
+class CommandWindowsTest : public KeyboardFixture {
+protected:
+    void Start(const char* mode) {
+        WriteSettings(QByteArray("2400\r\nn\r\nFalse\r\n1 2\r\n") + mode + "\r\n1\r\n");
+        MakeKeyboard();
+        window_ = std::make_unique<FrmMain>(*keyboard_);
+        window_->Form_Load();
+        window_->show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(window_.get()));
+    }
+    void TearDown() override {
+        window_.reset();
+        KeyboardFixture::TearDown();
+    }
+    template <class T = QWidget> T* Child(const char* name) const {
+        return window_->findChild<T*>(QLatin1String(name));
+    }
+    bool Running(const char* timer) const { return Child<QTimer>(timer)->isActive(); }
+    // Runs `inside` on the modal window once it is up; the window is closed after it.
+    // Returns false when no window came up.
+    bool WhileOpen(const std::function<void()>& open, const std::function<void(QDialog&)>& inside) {
+        bool opened = false;
+        QTimer poll;
+        poll.setInterval(10);
+        QObject::connect(&poll, &QTimer::timeout, [&] {
+            if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+                poll.stop();
+                opened = true;
+                inside(*dialog);
+                dialog->reject();
+            }
+        });
+        poll.start();
+        open();
+        return opened;
+    }
+
+    std::unique_ptr<FrmMain> window_;
+};
+
+TEST_F(CommandWindowsTest, TypedCommandsPauseBothTimersShowRepliesAndRestoreTheTimers) {
+    Start("D");
+    Child<QAction>("RetransmitTimerOption")->trigger();
+    ASSERT_TRUE(Running("RetransmitTimer"));
+    const bool opened =
+        WhileOpen([&] { Child<QAction>("Type_Commands_Option")->trigger(); },
+                  [&](QDialog& typed) {
+                      EXPECT_FALSE(Running("CommandChangeTimer"));
+                      EXPECT_FALSE(Running("RetransmitTimer"));
+                      auto* replies = typed.findChild<QPlainTextEdit*>(
+                          QStringLiteral("CommandResponseTextBox"));
+                      com1_.Write(QByteArray::fromHex("ff01"));
+                      EXPECT_TRUE(WaitUntil([&] { return replies->toPlainText() == u" FF 01"; }));
+                  });
+    ASSERT_TRUE(opened);
+    EXPECT_TRUE(Running("CommandChangeTimer"));
+    EXPECT_TRUE(Running("RetransmitTimer"));
+}
+
+TEST_F(CommandWindowsTest, TheMKeyCallsTheMenuAndOpensMenuControlWithTheTimersPaused) {
+    Start("D");
+    com1_.Drain(150);
+    // Any control but a text box: here the list of lens speeds.
+    QWidget* list = Child("LensSpeedList");
+    list->setFocus();
+    const bool opened = WhileOpen([&] { QTest::keyClick(list, Qt::Key_M, Qt::ShiftModifier); },
+                                  [&](QDialog& menu) {
+                                      EXPECT_EQ(menu.objectName(), u"frmMenuControl");
+                                      EXPECT_FALSE(Running("CommandChangeTimer"));
+                                      EXPECT_FALSE(Running("RetransmitTimer"));
+                                  });
+    ASSERT_TRUE(opened);
+    EXPECT_EQ(com1_.Read(7), QByteArray::fromHex("ff010003005f63")) << "set preset 95";
+    EXPECT_TRUE(Running("CommandChangeTimer"));
+    EXPECT_FALSE(Running("RetransmitTimer")) << "retransmission was off and stays off";
+    // The registers still hold the menu call, which the dispatcher has never sent itself.
+    EXPECT_EQ(com1_.Read(7), QByteArray::fromHex("ff010003005f63"));
+
+    Child<QAction>("RetransmitTimerOption")->trigger();
+    list->setFocus();
+    EXPECT_TRUE(WhileOpen([&] { QTest::keyClick(list, Qt::Key_M); },
+                          [&](QDialog&) { EXPECT_FALSE(Running("RetransmitTimer")); }))
+        << "lower-case m does the same";
+    EXPECT_TRUE(Running("RetransmitTimer"));
+    Child<QAction>("RetransmitTimerOption")->trigger();
+
+    auto* box = Child<QLineEdit>("AlarmNumberTextBox");
+    box->setFocus();
+    EXPECT_FALSE(WhileOpen([&] { QTest::keyClick(box, Qt::Key_M); }, [](QDialog&) {}))
+        << "in a text box M is the box's own key";
+    com1_.Drain(250);
+    EXPECT_TRUE(WhileOpen([&] { Child<QAction>("MenuControlOption")->trigger(); },
+                          [&](QDialog&) {
+                              EXPECT_EQ(com1_.Drain(150), QByteArray())
+                                  << "the menu item opens the window without calling the menu";
+                          }));
+}
+
+TEST_F(CommandWindowsTest, MDoesNothingInMuxAscii) {
+    Start("MUX ASCII");
+    com1_.Drain(250);
+    if (QWidget* focus = QApplication::focusWidget()) {
+        focus->clearFocus(); // no text box to take the key
+    }
+    EXPECT_FALSE(WhileOpen([&] { QTest::keyClick(window_.get(), Qt::Key_M); }, [](QDialog&) {}));
+    EXPECT_EQ(com1_.Drain(250), QByteArray());
+}
+
+TEST_F(CommandWindowsTest, AdvancedAndExtendedWindowsLoadWhileTheDispatcherRunsAndClearOnClose) {
+    Start("D");
+    const std::pair<const char*, std::pair<const char*, const char*>> windows[] = {
+        {"AdvancedCommandsOption", {"QueryPanButton", "ff010051000052"}},
+        {"ExtendedCommands", {"AutoFocusOffButton", "ff01002b00012d"}},
+    };
+    for (const auto& [item, click] : windows) {
+        com1_.Drain(150);
+        const bool opened =
+            WhileOpen([&] { Child<QAction>(item)->trigger(); },
+                      [&](QDialog& commands) {
+                          EXPECT_TRUE(Running("CommandChangeTimer"));
+                          commands.findChild<QPushButton*>(QLatin1String(click.first))->click();
+                          EXPECT_EQ(com1_.Read(7), QByteArray::fromHex(click.second));
+                      });
+        ASSERT_TRUE(opened) << item;
+        EXPECT_EQ(keyboard_->Command2, 0) << item;
+        EXPECT_EQ(com1_.Drain(250), QByteArray())
+            << "cleared with their last-sent copies, the registers send nothing more";
+    }
+}
+
+TEST_F(CommandWindowsTest, AboutKeepsTheMainWindowOutOfUseWhileOpen) {
+    Start("D");
+    ASSERT_TRUE(WhileOpen([&] { Child<QAction>("AboutOption")->trigger(); },
+                          [&](QDialog& about) {
+                              EXPECT_EQ(about.objectName(), u"frmAbout");
+                              EXPECT_FALSE(window_->isEnabled());
+                              EXPECT_TRUE(about.isEnabled()) << "its own buttons still work";
+                              EXPECT_TRUE(Running("CommandChangeTimer"));
+                          }));
+    EXPECT_TRUE(window_->isEnabled());
+}
+
+} // namespace
+} // namespace quellpad::test
