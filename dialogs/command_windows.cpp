@@ -28,6 +28,8 @@ void ShellContent(QDialog* window) {
 
 const QString kCrLf = QStringLiteral("\r\n");
 const QString kQuote = QStringLiteral("\"");
+// The box holds one short reply at a time; a long history is of no use here.
+constexpr qsizetype kResponseLimit = 50;
 
 } // namespace
 
@@ -84,13 +86,12 @@ FrmTypeCmnds::FrmTypeCmnds(QWidget* parent) : QDialog(parent) {
     instruction_ = ui::MakeLabel(this, "InstructionLabel");
     auto* toSendLabel =
         ui::MakeLabel(this, "CommandToSendLabel", QStringLiteral("Command To Send"));
-    commandToSend_ = ui::MakeTextBox(this, "CommandToSendTextBox", toSendLabel->text());
+    commandToSend_ = ui::MakeTextBox(this, "CommandToSendTextBox", toSendLabel);
     auto* responseLabel =
         ui::MakeLabel(this, "CommandResponseLabel", QStringLiteral("Command Response"));
-    response_ = new QPlainTextEdit(this);
+    response_ = new ui::LogView(this, kResponseLimit * 2);
     response_->setObjectName(QStringLiteral("CommandResponseTextBox"));
-    response_->setAccessibleName(responseLabel->text());
-    response_->setReadOnly(true);
+    responseLabel->setBuddy(response_);
     auto* column = new QVBoxLayout(this);
     column->addWidget(instruction_);
     column->addWidget(toSendLabel);
@@ -116,14 +117,14 @@ void FrmTypeCmnds::Prepare(const QString& mode) {
             QStringLiteral("represent the camera 1 stop command in D Protocol.") + kCrLf +
             QStringLiteral("The command response will appear below."));
     }
-    response_->clear();
+    response_->Clear();
 }
 
 void FrmTypeCmnds::AppendResponse(const QString& response) {
-    // The box holds one short reply at a time; a long history is of no use here.
-    constexpr qsizetype kLimit = 50;
-    const QString box = response_->toPlainText();
-    response_->setPlainText((box.size() >= kLimit ? QString() : box) + response);
+    if (response_->ReceivedLength() >= kResponseLimit) {
+        response_->Clear();
+    }
+    response_->Append(response);
 }
 
 } // namespace quellpad

@@ -6,7 +6,10 @@
 
 class QLabel;
 class QLineEdit;
-class QPlainTextEdit;
+
+namespace quellpad::ui {
+class LogView;
+}
 
 // The command windows that the main window's menus open. Each is modal; the main window
 // takes no input while one is open.
@@ -56,7 +59,7 @@ public:
 private:
     QLabel* instruction_;
     QLineEdit* commandToSend_;
-    QPlainTextEdit* response_;
+    ui::LogView* response_;
 };
 
 } // namespace quellpad
