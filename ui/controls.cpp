@@ -196,30 +196,49 @@ int TopIndex(const QListWidget* list) {
     return list->indexAt(QPoint(0, 0)).row();
 }
 
-LogView::LogView(QWidget* parent, qsizetype maximum) : QPlainTextEdit(parent), maximum_(maximum) {
+LogView::LogView(QWidget* parent, qsizetype maximum)
+    : QPlainTextEdit(parent), maximum_(maximum), redraw_(new QTimer(this)) {
     setReadOnly(true);
     // Every insert would otherwise stay in memory as an undo step, for ever.
     setUndoRedoEnabled(false);
     setTabChangesFocus(true);
+    redraw_->setSingleShot(true);
+    redraw_->setInterval(kLogRedrawMs);
+    connect(redraw_, &QTimer::timeout, this, &LogView::Redraw);
 }
 
 void LogView::Append(const QString& text) {
     received_ += text;
+    undrawn_ += text;
     if (received_.size() > maximum_) {
         // The oldest half goes at once, so that a flood rebuilds the box only now and then.
         received_ = received_.right(maximum_ / 2);
-        setPlainText(received_);
-    } else {
-        QTextCursor end(document());
-        end.movePosition(QTextCursor::End);
-        end.insertText(text);
+        rebuild_ = true;
     }
-    moveCursor(QTextCursor::End);
+    if (!redraw_->isActive()) {
+        redraw_->start();
+    }
 }
 
 void LogView::Clear() {
     received_.clear();
+    undrawn_.clear();
+    rebuild_ = false;
+    redraw_->stop();
     clear();
+}
+
+void LogView::Redraw() {
+    if (rebuild_) {
+        setPlainText(received_);
+    } else {
+        QTextCursor end(document());
+        end.movePosition(QTextCursor::End);
+        end.insertText(undrawn_);
+    }
+    undrawn_.clear();
+    rebuild_ = false;
+    moveCursor(QTextCursor::End);
 }
 
 } // namespace quellpad::ui

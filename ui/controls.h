@@ -66,9 +66,12 @@ int TopIndex(const QListWidget* list);
 
 // A read-only running log (the response boxes): keeps no undo history and at most
 // `maximum` of the latest characters, and counts its text as received (CR LF is two
-// characters), not as shown.
+// characters), not as shown. What arrives is drawn at most every kLogRedrawMs, so that a
+// flood of replies costs a few layouts a second, not one per reply.
 class LogView : public QPlainTextEdit {
 public:
+    static constexpr int kLogRedrawMs = 50;
+
     LogView(QWidget* parent, qsizetype maximum);
 
     void Append(const QString& text);
@@ -77,8 +80,13 @@ public:
     qsizetype ReceivedLength() const { return received_.size(); }
 
 private:
+    void Redraw();
+
     qsizetype maximum_;
     QString received_;
+    QString undrawn_;      // received but not yet in the box
+    bool rebuild_ = false; // the oldest text was dropped: the box is drawn afresh
+    QTimer* redraw_;
 };
 
 } // namespace quellpad::ui
