@@ -137,7 +137,7 @@ void FrmMain::BuildMenus() {
     ui::MakeItem(VCR_Menu, "Stop_Option", QStringLiteral("Stop"));
     ui::MakeItem(VCR_Menu, "Play_Option", QStringLiteral("Play"));
 
-    MoreCommandsMenu = ui::MakeMenu(this, "MoreCommandsMenu", QStringLiteral("Mo&re Commands"));
+    MoreCommandsMenu = ui::MakeMenu(this, "MoreCommandsMenu", QStringLiteral("Mor&e Commands"));
     unofferedItems_.append(ui::MakeItem(MoreCommandsMenu, "Constant_Motion_Option",
                                         QStringLiteral("Constant Motion")));
 

@@ -13,6 +13,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
+#include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSet>
@@ -339,6 +340,35 @@ TEST_F(MainWindowTest, TabLeavesTheRetransmitTimeBoxAndEveryBoxAndListIsReached)
                              "RetransmitTimeTextBox", "LensSpeedList", "PresetNumberTextBox",
                              "PatternNumberListBox", "AuxNumberTextBox", "ZoneNumberList"}) {
         EXPECT_TRUE(reached.contains(QLatin1String(name))) << name;
+    }
+}
+
+TEST_F(MainWindowTest, EachEnabledMenuOpensByAltAndItsLetter) {
+    struct Case {
+        const char* mode;
+        Qt::Key letter;
+        const char* menu;
+    };
+    const Case cases[] = {{"D_Protocol_Menu_Option", Qt::Key_O, "OptionsMenu"},
+                          {"D_Protocol_Menu_Option", Qt::Key_M, "ModeMenu"},
+                          {"D_Protocol_Menu_Option", Qt::Key_A, "AuxMenu"},
+                          {"D_Protocol_Menu_Option", Qt::Key_E, "MoreCommandsMenu"},
+                          {"ASCII_Menu_Option", Qt::Key_R, "MacroMenu"},
+                          {"ASCII_Menu_Option", Qt::Key_C, "CamLock_Menu"},
+                          {"ASCII_Menu_Option", Qt::Key_X, "MuxMenu"},
+                          {"ASCII_Menu_Option", Qt::Key_V, "VCR_Menu"}};
+    Start("D");
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    for (const Case& c : cases) {
+        Choose(c.mode);
+        QTest::keyClick(window_.get(), c.letter, Qt::AltModifier);
+        auto* menu = Child<QMenu>(c.menu);
+        EXPECT_TRUE(WaitUntil([&] { return menu->isVisible(); }, 1000)) << c.menu;
+        QTest::keyClick(menu, Qt::Key_Escape);
+        QTest::keyClick(window_->menuBar(), Qt::Key_Escape);
+        EXPECT_TRUE(WaitUntil([&] { return !menu->isVisible(); }, 1000)) << c.menu;
+        window_->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
     }
 }
 
