@@ -326,6 +326,12 @@ TEST_F(MainWindowTest, TabLeavesTheRetransmitTimeBoxAndEveryBoxAndListIsReached)
     ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
     auto* retransmit = Child<QLineEdit>("RetransmitTimeTextBox");
     retransmit->setFocus();
+    QTest::keyClicks(retransmit, QStringLiteral("12"));
+    QTest::keyClick(retransmit, Qt::Key_Home);
+    QTest::keyClick(retransmit, Qt::Key_Delete);
+    QTest::keyClick(retransmit, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(retransmit, QStringLiteral("3"));
+    EXPECT_EQ(retransmit->text(), QStringLiteral("3")) << "Home, Delete and select-all pass";
     QTest::keyClick(retransmit, Qt::Key_Tab);
     EXPECT_NE(QApplication::focusWidget(), retransmit) << "Tab leaves the box";
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
