@@ -4,6 +4,7 @@
 #include "console/frm_main_parts.h"
 #include "console/receiver.h"
 #include "dialogs/command_windows.h"
+#include "dialogs/frm_label.h"
 #include "dialogs/frm_settings.h"
 #include "engine/port_control.h"
 #include "engine/retransmission.h"
@@ -36,6 +37,7 @@ FrmMain::FrmMain(Quellpad_Support_Func& keyboard, QWidget* parent)
     BuildMenus();
     BuildControls();
     ConnectHandlers();
+    ConnectTargets();
 }
 
 FrmMain::~FrmMain() = default;
@@ -332,7 +334,7 @@ void FrmMain::ExtendedCommands_Click() {
 }
 
 void FrmMain::SetLabelOption_Click() {
-    FrmLabel window(this);
+    FrmLabel window(keyboard_, this);
     RunModalWindow(window, false);
 }
 

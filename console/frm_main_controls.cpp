@@ -365,6 +365,7 @@ void FrmMain::BuildControls() {
 
 void FrmMain::LayOut() {
     layout_.Apply(canvas_->size());
+    // The one-line lists (ui::OneLineList) fit their items to their boxes as they resize.
     PlaceJoystick();
 }
 

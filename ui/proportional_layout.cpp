@@ -90,7 +90,10 @@ void ProportionalLayout::Apply(QSizeF containerSize) {
             size = std::max(kSmallestPointSize, size - kPointStep);
             font.setPointSizeF(size);
         }
-        control->setFont(font);
+        // A font set again at the same size would still be matched and laid out anew.
+        if (control->font().pointSizeF() != size) {
+            control->setFont(font);
+        }
     }
 }
 
