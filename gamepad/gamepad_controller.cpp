@@ -1,5 +1,7 @@
 #include "gamepad_controller.h"
 
+#include "console/targets.h"
+
 #include "console/frm_main.h"
 
 #include <QPushButton>
@@ -77,7 +79,7 @@ void GamepadController::ButtonChanged(int button, bool pressed) {
     if (action.kind == GamepadAction::Kind::Lens) {
         LensPressed(action.lens, pressed);
     } else if (action.kind == GamepadAction::Kind::PresetGo && pressed) {
-        GamepadPresetGo(keyboard_, action.preset);
+        LoadPresetGo(keyboard_, action.preset);
     }
 }
 

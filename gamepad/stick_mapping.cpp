@@ -152,12 +152,4 @@ QPointF StickPointer(double pan, double tilt, const JoystickGeometry& g) {
     return {std::clamp(x, g.squareLeft + 1, right - 1), std::clamp(y, g.squareTop + 1, bottom - 1)};
 }
 
-void GamepadPresetGo(Quellpad_Support_Func& keyboard, int preset) {
-    keyboard.LastAsciiCommand.clear();
-    keyboard.SetCommandBytes(0, 7, 0, preset);
-    if (keyboard.CurrentMode == kModeAscii) {
-        keyboard.AsciiCommand = QString::number(preset) + QStringLiteral("\\a");
-    }
-}
-
 } // namespace quellpad

@@ -66,8 +66,4 @@ double ShapeAxis(int raw, bool invert, double deadZone, StickCurve curve);
 // and far enough out for the limits 64 and 63 at full deflection; always inside the square.
 QPointF StickPointer(double pan, double tilt, const JoystickGeometry& geometry);
 
-// Preset go for preset n, as the preset Go button loads it: 00 07 00 n, and n"\a" in
-// "ASCII"; sent again even when the same preset was the last command.
-void GamepadPresetGo(Quellpad_Support_Func& keyboard, int preset);
-
 } // namespace quellpad
