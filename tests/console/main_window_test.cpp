@@ -16,6 +16,7 @@
 #include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QSet>
 #include <QTest>
 #include <QTimer>
@@ -436,6 +437,9 @@ TEST_F(MainWindowTest, CaptionsReadInFullAndListsShowTheirOneItemAtEverySize) {
             }
         }
     }
+    auto* zones = Child<QListWidget>("ZoneNumberList");
+    zones->verticalScrollBar()->setValue(2);
+    EXPECT_EQ(zones->currentRow(), 2) << "scrolled, the item on top becomes the current one";
 }
 
 } // namespace
