@@ -1,5 +1,6 @@
 // Renders the main window offscreen in one mode and saves it as a PNG, for the README.
-// Usage: quellpad_screenshot MODE OUTPUT.png   (MODE: "D", "P", "ASCII" or "MUX ASCII")
+// Usage: quellpad_screenshot MODE OUTPUT.png [WIDTH HEIGHT]
+//        (MODE: "D", "P", "ASCII" or "MUX ASCII"; the size is clamped to the window's minimum)
 #include "console/frm_main.h"
 #include "engine/keyboard_state.h"
 
@@ -10,10 +11,11 @@
 #include <QTimer>
 
 #include <cstdio>
+#include <cstdlib>
 
 int main(int argc, char* argv[]) {
-    if (argc != 3) {
-        std::fprintf(stderr, "usage: %s MODE OUTPUT.png\n", argv[0]);
+    if (argc != 3 && argc != 5) {
+        std::fprintf(stderr, "usage: %s MODE OUTPUT.png [WIDTH HEIGHT]\n", argv[0]);
         return 2;
     }
     qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -30,7 +32,7 @@ int main(int argc, char* argv[]) {
     quellpad::Quellpad_Support_Func keyboard;
     quellpad::FrmMain window(keyboard);
     window.Form_Load();
-    window.resize(760, 540);
+    window.resize(argc == 5 ? QSize(std::atoi(argv[3]), std::atoi(argv[4])) : QSize(760, 540));
     window.show();
     QTimer::singleShot(
         200, &app, [&] { app.exit(window.grab().save(QString::fromLocal8Bit(argv[2])) ? 0 : 1); });

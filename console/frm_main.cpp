@@ -26,7 +26,6 @@
 #include <QScopeGuard>
 #include <QScreen>
 #include <QStatusBar>
-#include <QTextDocument>
 #include <QTimer>
 
 #include <cmath>
@@ -40,7 +39,6 @@ FrmMain::FrmMain(Quellpad_Support_Func& keyboard, QWidget* parent)
     : QMainWindow(parent), keyboard_(keyboard), boundary_(this), layout_(kDesignSize) {
     setObjectName(QStringLiteral("FrmMain"));
     setWindowTitle(QStringLiteral("Quellpad"));
-    setAccessibleName(QStringLiteral("Quellpad"));
     BuildMenus();
     BuildControls();
     ConnectHandlers();
@@ -91,11 +89,8 @@ void FrmMain::ConnectHandlers() {
 
     for (const LensButton button : kLensButtons) {
         QPushButton* control = LensControl(button);
-        connect(control, &QPushButton::pressed, this, [this, button] {
-            boundary_.Run("Lens_MouseDown", [&] { Lens_MouseDown(button); });
-        });
-        connect(control, &QPushButton::released, this,
-                [this, button] { boundary_.Run("Lens_MouseUp", [&] { Lens_MouseUp(button); }); });
+        // Mouse down and up themselves: pressed and released follow the pointer in and out.
+        control->installEventFilter(this);
         connect(control, &QPushButton::clicked, this,
                 [this, button] { boundary_.Run("Lens_Click", [&] { Lens_Click(button); }); });
     }
@@ -409,20 +404,10 @@ void FrmMain::MSComm_OnComm(int number, int eventCode) {
     }
     QString& response = number == 1 ? keyboard_.Com1Response : keyboard_.Com2Response;
     response += ResponseText(mode, keyboard_.Port(number).Input());
-    QTextDocument* box = AccessResponseTextBox->document();
-    if (ClearsResponseBox(mode, box->characterCount() - 1, response)) {
-        box->clear();
+    if (ClearsResponseBox(mode, AccessResponseTextBox->ReceivedLength(), response)) {
+        AccessResponseTextBox->Clear();
     }
-    QTextCursor end(box);
-    end.movePosition(QTextCursor::End);
-    end.insertText(response);
-    const int excess = box->characterCount() - 1 - static_cast<int>(kResponseBoxMaximum);
-    if (excess > 0) {
-        QTextCursor oldest(box);
-        oldest.movePosition(QTextCursor::NextCharacter, QTextCursor::KeepAnchor, excess);
-        oldest.removeSelectedText();
-    }
-    AccessResponseTextBox->moveCursor(QTextCursor::End);
+    AccessResponseTextBox->Append(response);
     if (IsAsciiMode(mode)) {
         if (const auto alarm = AlarmNumberFromReply(response)) {
             AlarmNumberTextBox->setText(*alarm);

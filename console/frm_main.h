@@ -25,6 +25,10 @@ class QPushButton;
 class QRadioButton;
 class QTimer;
 
+namespace quellpad::ui {
+class LogView;
+}
+
 namespace quellpad {
 
 class FrmTypeCmnds;
@@ -96,7 +100,7 @@ private:
     void D_Protocol_Menu_Option_Click();
     void P_Protocol_Menu_Option_Click();
     void SwitchMode(const QString& mode, QAction* item);
-    // The response box's label, which is also the box's accessible name.
+    // The response box's label, which also names the box.
     void SetResponseCaption(const QString& caption);
 
     // Timers.
@@ -110,6 +114,8 @@ private:
     void Lens_MouseDown(LensButton button);
     void Lens_MouseUp(LensButton button);
     void Lens_Click(LensButton button);
+    // Mouse down and up of the left button on a lens button, wherever the release lands.
+    void LensButton_MouseEvent(LensButton button, const QEvent& event);
 
     // Joystick: mouse events of the window.
     void Form_MouseDown(int button, QPointF canvasPoint);
@@ -191,7 +197,7 @@ private:
     QLabel* COM1CommandLabel = nullptr;
     QLabel* COM2CommandLabel = nullptr;
     QLabel* AccessResponseLabel = nullptr;
-    QPlainTextEdit* AccessResponseTextBox = nullptr;
+    ui::LogView* AccessResponseTextBox = nullptr;
     QLabel* RetransmitTimeLabel = nullptr;
     QLineEdit* RetransmitTimeTextBox = nullptr;
     QLabel* LensSpeedLabel = nullptr;

@@ -2,7 +2,10 @@
 #include "console/frm_main.h"
 #include "console/frm_main_parts.h"
 #include "console/joystick_widgets.h"
+#include "console/receiver.h"
+#include "engine/retransmission.h"
 #include "ui/controls.h"
+#include "ui/key_filter.h"
 
 #include <QAction>
 #include <QFontDatabase>
@@ -134,7 +137,7 @@ void FrmMain::BuildMenus() {
     ui::MakeItem(VCR_Menu, "Stop_Option", QStringLiteral("Stop"));
     ui::MakeItem(VCR_Menu, "Play_Option", QStringLiteral("Play"));
 
-    MoreCommandsMenu = ui::MakeMenu(this, "MoreCommandsMenu", QStringLiteral("Mo&re Commands"));
+    MoreCommandsMenu = ui::MakeMenu(this, "MoreCommandsMenu", QStringLiteral("Mor&e Commands"));
     unofferedItems_.append(ui::MakeItem(MoreCommandsMenu, "Constant_Motion_Option",
                                         QStringLiteral("Constant Motion")));
 
@@ -161,20 +164,18 @@ void FrmMain::BuildControls() {
                          const char* boxName, const QString& what, double x, double y,
                          double labelWidth, double boxWidth) {
         label = ui::MakeLabel(c, labelName, TwoLines(what, kNumber));
-        box = ui::MakeTextBox(c, boxName, what + QStringLiteral(" Number"));
+        box = ui::MakeTextBox(c, boxName, label);
         place(label, x, y, labelWidth, 28);
         place(box, x + labelWidth + 2, y + 4, boxWidth, 20);
     };
 
     // Ports: address, and the command last sent on each.
     AddressCOM1Label = ui::MakeLabel(c, "AddressCOM1Label", TwoLines("COM1", "Address"));
-    AddressCOM1_TextBox = ui::MakeTextBox(c, "AddressCOM1_TextBox", QStringLiteral("COM1 Address"));
+    AddressCOM1_TextBox = ui::MakeTextBox(c, "AddressCOM1_TextBox", AddressCOM1Label);
     AddressCOM2Label = ui::MakeLabel(c, "AddressCOM2Label", TwoLines("COM2", "Address"));
-    AddressCOM2_TextBox = ui::MakeTextBox(c, "AddressCOM2_TextBox", QStringLiteral("COM2 Address"));
-    COM1CommandLabel = ui::MakeLabel(c, "COM1CommandLabel");
-    COM1CommandLabel->setAccessibleName(QStringLiteral("COM1 Command Sent"));
-    COM2CommandLabel = ui::MakeLabel(c, "COM2CommandLabel");
-    COM2CommandLabel->setAccessibleName(QStringLiteral("COM2 Command Sent"));
+    AddressCOM2_TextBox = ui::MakeTextBox(c, "AddressCOM2_TextBox", AddressCOM2Label);
+    COM1CommandLabel = ui::MakeReadout(c, "COM1CommandLabel", QStringLiteral("COM1 Command Sent"));
+    COM2CommandLabel = ui::MakeReadout(c, "COM2CommandLabel", QStringLiteral("COM2 Command Sent"));
     for (QLabel* echo : {COM1CommandLabel, COM2CommandLabel}) {
         echo->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
         echo->setFrameShape(QFrame::StyledPanel);
@@ -191,38 +192,40 @@ void FrmMain::BuildControls() {
     place(COM2CommandLabel, 100, 36, 182, 28);
 
     AccessResponseLabel = ui::MakeLabel(c, "AccessResponseLabel", QStringLiteral("D Response"));
-    AccessResponseTextBox = new QPlainTextEdit(c);
+    AccessResponseTextBox = new ui::LogView(c, kResponseBoxMaximum);
     AccessResponseTextBox->setObjectName(QStringLiteral("AccessResponseTextBox"));
-    AccessResponseTextBox->setAccessibleName(QStringLiteral("Response"));
-    AccessResponseTextBox->setReadOnly(true);
+    AccessResponseLabel->setBuddy(AccessResponseTextBox);
     AccessResponseTextBox->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     place(AccessResponseLabel, 292, 2, 160, 14);
     place(AccessResponseTextBox, 292, 16, 278, 48);
 
     // Retransmission and lens speed, above the joystick.
     RetransmitTimeLabel = ui::MakeLabel(c, "RetransmitTimeLabel", TwoLines("Retransmit", "Time"));
-    RetransmitTimeTextBox =
-        ui::MakeTextBox(c, "RetransmitTimeTextBox", QStringLiteral("Retransmit Time"));
+    RetransmitTimeTextBox = ui::MakeTextBox(c, "RetransmitTimeTextBox", RetransmitTimeLabel);
+    ui::FilterCharacters(RetransmitTimeTextBox, &RetransmitKeyAccepted);
     RetransmitTimeTextBox->setToolTip(
         QStringLiteral("Seconds between repeats, above .05 and below 61"));
     LensSpeedLabel = ui::MakeLabel(c, "LensSpeedLabel", TwoLines("Lens", "Speed"));
-    LensSpeedList = ui::MakeList(c, "LensSpeedList", QStringLiteral("Lens Speed"));
+    LensSpeedList = ui::MakeList(c, "LensSpeedList", LensSpeedLabel);
     place(RetransmitTimeLabel, 182, 74, 62, 28);
     place(RetransmitTimeTextBox, 246, 78, 40, 20);
     place(LensSpeedLabel, 300, 74, 44, 28);
     place(LensSpeedList, 346, 78, 40, 20);
 
-    // Lens buttons, under the joystick: zoom, focus and iris, each pair in a column.
-    const double lensX[] = {180, 252, 180, 252, 324, 324};
+    // Lens buttons, under the joystick and on to the right edge: zoom, focus and iris, each
+    // pair in a column wide enough for the Control Lock captions ("Focus Near Off").
+    const double lensX[] = {178, 310, 178, 310, 442, 442};
     const double lensY[] = {0, 0, 1, 1, 0, 1};
     const LensButton lensOrder[] = {LensButton::ZoomIn,   LensButton::FocusNear,
                                     LensButton::ZoomOut,  LensButton::FocusFar,
                                     LensButton::IrisOpen, LensButton::IrisClose};
     for (std::size_t i = 0; i < 6; ++i) {
         const LensButton button = lensOrder[i];
-        QPushButton* control = ui::MakeButton(c, LensButtonName(button), LensPlainCaption(button));
+        const QString caption = LensPlainCaption(button);
+        QPushButton* control = ui::MakeButton(c, LensButtonName(button), caption);
         lensButtons_[static_cast<std::size_t>(button)] = control;
-        place(control, lensX[i], 326 + lensY[i] * 30, 70, 26);
+        layout_.Place(control, QRectF(lensX[i], 326 + lensY[i] * 30, 128, 26), 8.0,
+                      {caption + QStringLiteral(" On"), caption + QStringLiteral(" Off")});
     }
 
     // Left column: preset, pattern, aux, macro and zone.
@@ -236,8 +239,7 @@ void FrmMain::BuildControls() {
     place(PresetClearButton, 100, 100, 70, 20);
 
     PatternNumberLabel = ui::MakeLabel(c, "PatternNumberLabel", TwoLines("Pattern", kNumber));
-    PatternNumberListBox =
-        ui::MakeList(c, "PatternNumberListBox", QStringLiteral("Pattern Number"));
+    PatternNumberListBox = ui::MakeList(c, "PatternNumberListBox", PatternNumberLabel);
     StartPatternButton = ui::MakeButton(c, "StartPatternButton", QStringLiteral("Start"));
     EndPatternButton = ui::MakeButton(c, "EndPatternButton", QStringLiteral("End"));
     RunPatternButton = ui::MakeButton(c, "RunPatternButton", QStringLiteral("Run"));
@@ -261,7 +263,7 @@ void FrmMain::BuildControls() {
     ZoneScanOffOption =
         ui::MakeOption(ZoneFrame, "ZoneScanOffOption", QStringLiteral("Zone Scan Off"));
     ZoneNumberLabel = ui::MakeLabel(ZoneFrame, "ZoneNumberLabel", TwoLines("Zone", kNumber));
-    ZoneNumberList = ui::MakeList(ZoneFrame, "ZoneNumberList", QStringLiteral("Zone Number"));
+    ZoneNumberList = ui::MakeList(ZoneFrame, "ZoneNumberList", ZoneNumberLabel);
     ZoneButton = ui::MakeButton(ZoneFrame, "ZoneButton", QStringLiteral("Send Zone"));
     place(ZoneFrame, 6, 218, 164, 166);
     place(ZoneStartOption, 8, 16, 150, 20);
@@ -344,13 +346,13 @@ void FrmMain::BuildControls() {
     ball_ = new JoystickBall(c);
     square_->installEventFilter(this);
     canvas_->installEventFilter(this);
-    RetransmitTimeTextBox->installEventFilter(this);
 
     portBindings_ = new QLabel(this);
     portBindings_->setObjectName(QStringLiteral("PortBindingsLabel"));
-    portBindings_->setAccessibleName(QStringLiteral("Port Bindings"));
     statusBar()->addWidget(portBindings_);
     statusBar()->setSizeGripEnabled(true);
+    // The window's own keys (the menu-access key) must reach it whatever was clicked.
+    ui::TakeButtonsOutOfTabOrder(this);
 
     CommandChangeTimer = ui::MakeTimer(this, "CommandChangeTimer");
     RetransmitTimer = ui::MakeTimer(this, "RetransmitTimer");
@@ -363,16 +365,7 @@ void FrmMain::BuildControls() {
 
 void FrmMain::LayOut() {
     layout_.Apply(canvas_->size());
-    // A one-line list shows exactly one item, its current one, whole: the commands read
-    // the item on top.
-    for (QListWidget* list : {LensSpeedList, PatternNumberListBox, ZoneNumberList}) {
-        // The frame's inside, known at once: the viewport follows only at the next layout.
-        const QSize item = list->contentsRect().size();
-        for (int row = 0; row < list->count(); ++row) {
-            list->item(row)->setSizeHint(item);
-        }
-        list->scrollToItem(list->currentItem(), QAbstractItemView::PositionAtTop);
-    }
+    // The one-line lists (ui::OneLineList) fit their items to their boxes as they resize.
     PlaceJoystick();
 }
 

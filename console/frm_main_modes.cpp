@@ -34,7 +34,6 @@ void Enable(QMenu* menu, bool enabled) {
 
 void FrmMain::SetResponseCaption(const QString& caption) {
     AccessResponseLabel->setText(caption);
-    AccessResponseTextBox->setAccessibleName(caption);
 }
 
 void FrmMain::ASCII_Menu_Option_Click() {

@@ -1,11 +1,8 @@
 // The main window's motion controls: the lens buttons and the joystick.
 #include "console/frm_main.h"
 #include "console/joystick_widgets.h"
-#include "engine/retransmission.h"
 #include "ui/controls.h"
 
-#include <QKeyEvent>
-#include <QLineEdit>
 #include <QMouseEvent>
 #include <QPushButton>
 
@@ -61,6 +58,23 @@ void FrmMain::Lens_Click(LensButton button) {
     } else {
         control->setText(onCaption);
         SwitchLensOn(keyboard_, button);
+    }
+}
+
+void FrmMain::LensButton_MouseEvent(LensButton button, const QEvent& event) {
+    const auto type = event.type();
+    if (type != QEvent::MouseButtonPress && type != QEvent::MouseButtonDblClick &&
+        type != QEvent::MouseButtonRelease) {
+        return;
+    }
+    // The button that took the press is sent the release wherever the pointer is then.
+    if (static_cast<const QMouseEvent&>(event).button() != Qt::LeftButton) {
+        return;
+    }
+    if (type == QEvent::MouseButtonRelease) {
+        boundary_.Run("Lens_MouseUp", [&] { Lens_MouseUp(button); });
+    } else {
+        boundary_.Run("Lens_MouseDown", [&] { Lens_MouseDown(button); });
     }
 }
 
@@ -121,11 +135,11 @@ void FrmMain::Form_MouseUp() {
 }
 
 bool FrmMain::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == RetransmitTimeTextBox && event->type() == QEvent::KeyPress) {
-        const auto* key = static_cast<QKeyEvent*>(event);
-        const QString text = key->text();
-        // Keys without a character (arrows, Home) move the cursor and always pass.
-        return !text.isEmpty() && !RetransmitKeyAccepted(text[0], RetransmitTimeTextBox->text());
+    for (const LensButton button : kLensButtons) {
+        if (watched == LensControl(button)) {
+            LensButton_MouseEvent(button, *event);
+            return false; // the button still draws itself pressed and reports its clicks
+        }
     }
     if (watched == canvas_ && event->type() == QEvent::Resize) {
         LayOut();

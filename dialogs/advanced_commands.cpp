@@ -186,8 +186,7 @@ FrmAdvancedCommands::FrmAdvancedCommands(Quellpad_Support_Func& keyboard, QWidge
         QLabel* label = ui::MakeLabel(frames[frame], labelName, labelText);
         grid->addWidget(label, at, 0);
         if (box) {
-            *box = ui::MakeTextBox(frames[frame], boxName, labelText);
-            label->setBuddy(*box);
+            *box = ui::MakeTextBox(frames[frame], boxName, label);
             (*box)->setMinimumWidth(
                 (*box)->fontMetrics().horizontalAdvance(QStringLiteral("-359.999")) + 16);
             grid->addWidget(*box, at, 1);

@@ -30,7 +30,7 @@ FrmLabel::FrmLabel(Quellpad_Support_Func& keyboard, QWidget* parent)
     setModal(true);
 
     auto* label = ui::MakeLabel(this, "LabelLabel", QStringLiteral("Label"));
-    LabelTextBox = ui::MakeTextBox(this, "LabelTextBox", label->text());
+    LabelTextBox = ui::MakeTextBox(this, "LabelTextBox", label);
     label->setBuddy(LabelTextBox);
     LabelTextBox->setMaxLength(kMaximumLength);
     LabelTextBox->setText(keyboard_.LabelText.left(kMaximumLength));

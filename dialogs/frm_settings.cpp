@@ -60,8 +60,6 @@ frmSettings::frmSettings(Quellpad_Support_Func& keyboard, QWidget* parent)
 
     auto* save = ui::MakeButton(this, "Save", QStringLiteral("Save"));
     auto* cancel = ui::MakeButton(this, "Cancel", QStringLiteral("Cancel"));
-    save->setFocusPolicy(Qt::StrongFocus);
-    cancel->setFocusPolicy(Qt::StrongFocus);
     connect(save, &QPushButton::clicked, this, [this] { Save_Click(); });
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
 

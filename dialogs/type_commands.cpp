@@ -68,8 +68,7 @@ FrmTypeCmnds::FrmTypeCmnds(Quellpad_Support_Func& keyboard, QWidget* parent)
     InstructionLabel = ui::MakeLabel(this, "InstructionLabel");
     auto* toSendLabel =
         ui::MakeLabel(this, "CommandToSendLabel", QStringLiteral("Command To Send"));
-    CommandToSendTextBox = ui::MakeTextBox(this, "CommandToSendTextBox", toSendLabel->text());
-    toSendLabel->setBuddy(CommandToSendTextBox);
+    CommandToSendTextBox = ui::MakeTextBox(this, "CommandToSendTextBox", toSendLabel);
     CommandToSendTextBox->setMaxLength(kTypedLineLimit);
     ui::FilterCharacters(CommandToSendTextBox,
                          [this](QChar c, const QString&) { return TypedCommandKey(mode_, c); });
@@ -78,7 +77,6 @@ FrmTypeCmnds::FrmTypeCmnds(Quellpad_Support_Func& keyboard, QWidget* parent)
         ui::MakeLabel(this, "CommandResponseLabel", QStringLiteral("Command Response"));
     CommandResponseTextBox = new QPlainTextEdit(this);
     CommandResponseTextBox->setObjectName(QStringLiteral("CommandResponseTextBox"));
-    CommandResponseTextBox->setAccessibleName(responseLabel->text());
     CommandResponseTextBox->setReadOnly(true);
     CommandResponseTextBox->setUndoRedoEnabled(false);
     responseLabel->setBuddy(CommandResponseTextBox);

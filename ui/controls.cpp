@@ -1,26 +1,72 @@
 #include "controls.h"
 
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QAction>
 #include <QCheckBox>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QMenu>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
+#include <QTextCursor>
 #include <QTimer>
 
 namespace quellpad::ui {
 
 namespace {
 
-template <class Control>
-Control* Named(Control* control, const char* name, const QString& caption) {
+// No accessible name is forced here: Qt names a control by its caption, as it changes.
+template <class Control> Control* Named(Control* control, const char* name) {
     control->setObjectName(QLatin1String(name));
-    control->setAccessibleName(OneLine(caption));
     return control;
 }
+
+constexpr const char* kReadoutName = "quellpadReadoutName";
+
+// A readout is heard by its fixed name, with its text as value and description.
+class ReadoutAccessible final : public QAccessibleWidget {
+public:
+    explicit ReadoutAccessible(QLabel* label) : QAccessibleWidget(label, QAccessible::StaticText) {}
+
+    QString text(QAccessible::Text kind) const override {
+        const auto* label = static_cast<const QLabel*>(widget());
+        switch (kind) {
+        case QAccessible::Name:
+            return label->property(kReadoutName).toString();
+        case QAccessible::Value:
+        case QAccessible::Description:
+            return label->text();
+        default:
+            return QAccessibleWidget::text(kind);
+        }
+    }
+};
+
+QAccessibleInterface* ReadoutFactory(const QString& className, QObject* object) {
+    auto* label = qobject_cast<QLabel*>(object);
+    if (className == QLatin1String("QLabel") && label && label->property(kReadoutName).isValid()) {
+        return new ReadoutAccessible(label);
+    }
+    return nullptr;
+}
+
+// Every item as high as the list's box, so that the box shows exactly one.
+class OneLineDelegate final : public QStyledItemDelegate {
+public:
+    explicit OneLineDelegate(QListWidget* list) : QStyledItemDelegate(list), list_(list) {}
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        const QSize natural = QStyledItemDelegate::sizeHint(option, index);
+        return {natural.width(), std::max(1, list_->viewport()->height())};
+    }
+
+private:
+    QListWidget* list_;
+};
 
 } // namespace
 
@@ -37,43 +83,49 @@ QString OneLine(const QString& caption) {
 }
 
 QPushButton* MakeButton(QWidget* parent, const char* name, const QString& caption) {
-    auto* button = Named(new QPushButton(caption, parent), name, caption);
-    button->setFocusPolicy(Qt::NoFocus);
-    return button;
+    return Named(new QPushButton(caption, parent), name);
 }
 
 QLabel* MakeLabel(QWidget* parent, const char* name, const QString& caption) {
-    auto* label = Named(new QLabel(caption, parent), name, caption);
+    auto* label = Named(new QLabel(caption, parent), name);
     label->setWordWrap(false);
     return label;
 }
 
-QLineEdit* MakeTextBox(QWidget* parent, const char* name, const QString& labelText) {
-    return Named(new QLineEdit(parent), name, labelText);
+QLineEdit* MakeTextBox(QWidget* parent, const char* name, QLabel* label) {
+    auto* box = Named(new QLineEdit(parent), name);
+    label->setBuddy(box);
+    return box;
 }
 
-QListWidget* MakeList(QWidget* parent, const char* name, const QString& labelText) {
-    auto* list = Named(new QListWidget(parent), name, labelText);
-    list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+QLineEdit* MakeTextBox(QWidget* parent, const char* name, const QString& accessibleName) {
+    auto* box = Named(new QLineEdit(parent), name);
+    box->setAccessibleName(accessibleName);
+    return box;
+}
+
+QListWidget* MakeList(QWidget* parent, const char* name, QLabel* label) {
+    auto* list = Named(new OneLineList(parent), name);
+    label->setBuddy(list);
+    // Qt's list views do not take their buddy's text; these labels never change.
+    list->setAccessibleName(label->text());
     return list;
 }
 
 QRadioButton* MakeOption(QWidget* parent, const char* name, const QString& caption) {
-    auto* option = Named(new QRadioButton(caption, parent), name, caption);
-    option->setFocusPolicy(Qt::NoFocus);
-    return option;
+    return Named(new QRadioButton(caption, parent), name);
 }
 
 QCheckBox* MakeCheckBox(QWidget* parent, const char* name, const QString& caption) {
-    return Named(new QCheckBox(caption, parent), name, caption);
+    return Named(new QCheckBox(caption, parent), name);
 }
 
 QGroupBox* MakeFrame(QWidget* parent, const char* name, const QString& caption) {
-    return Named(new QGroupBox(caption, parent), name, caption);
+    return Named(new QGroupBox(caption, parent), name);
 }
 
 QMenu* MakeMenu(QWidget* parent, const char* name, const QString& caption) {
-    return Named(new QMenu(caption, parent), name, caption);
+    return Named(new QMenu(caption, parent), name);
 }
 
 QAction* MakeItem(QMenu* menu, const char* name, const QString& caption, bool checkable) {
@@ -89,6 +141,104 @@ QTimer* MakeTimer(QWidget* parent, const char* name) {
     // Coarse timers may fire up to 5% late; the tick is the operator's latency.
     timer->setTimerType(Qt::PreciseTimer);
     return timer;
+}
+
+QLabel* MakeReadout(QWidget* parent, const char* name, const QString& accessibleName) {
+    static const bool installed = [] {
+        QAccessible::installFactory(&ReadoutFactory);
+        return true;
+    }();
+    Q_UNUSED(installed);
+    auto* label = MakeLabel(parent, name);
+    label->setProperty(kReadoutName, accessibleName);
+    return label;
+}
+
+bool IsReadout(const QWidget* control) {
+    return control->property(kReadoutName).isValid();
+}
+
+void TakeButtonsOutOfTabOrder(QWidget* window) {
+    for (QAbstractButton* button : window->findChildren<QAbstractButton*>()) {
+        button->setFocusPolicy(Qt::NoFocus);
+    }
+}
+
+OneLineList::OneLineList(QWidget* parent) : QListWidget(parent) {
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setUniformItemSizes(true);
+    setItemDelegate(new OneLineDelegate(this));
+    connect(this, &QListWidget::currentRowChanged, this, [this](int row) {
+        if (row >= 0) {
+            scrollTo(model()->index(row, 0), QAbstractItemView::PositionAtTop);
+        }
+    });
+    // Scrolled by its arrows or the wheel, the list makes the item on top its current one.
+    connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
+        const int top = TopIndex(this);
+        if (top >= 0 && top != currentRow()) {
+            setCurrentRow(top);
+        }
+    });
+}
+
+void OneLineList::resizeEvent(QResizeEvent* event) {
+    QListWidget::resizeEvent(event);
+    doItemsLayout(); // the items take the box's new height
+    if (currentRow() >= 0) {
+        scrollTo(currentIndex(), QAbstractItemView::PositionAtTop);
+    }
+}
+
+int TopIndex(const QListWidget* list) {
+    return list->indexAt(QPoint(0, 0)).row();
+}
+
+LogView::LogView(QWidget* parent, qsizetype maximum)
+    : QPlainTextEdit(parent), maximum_(maximum), redraw_(new QTimer(this)) {
+    setReadOnly(true);
+    // Every insert would otherwise stay in memory as an undo step, for ever.
+    setUndoRedoEnabled(false);
+    setTabChangesFocus(true);
+    redraw_->setSingleShot(true);
+    redraw_->setInterval(kLogRedrawMs);
+    connect(redraw_, &QTimer::timeout, this, &LogView::Redraw);
+}
+
+void LogView::Append(const QString& text) {
+    received_ += text;
+    undrawn_ += text;
+    if (received_.size() > maximum_) {
+        // The oldest half goes at once, so that a flood rebuilds the box only now and then.
+        received_ = received_.right(maximum_ / 2);
+        rebuild_ = true;
+    }
+    if (!redraw_->isActive()) {
+        redraw_->start();
+    }
+}
+
+void LogView::Clear() {
+    received_.clear();
+    undrawn_.clear();
+    rebuild_ = false;
+    redraw_->stop();
+    clear();
+}
+
+void LogView::Redraw() {
+    if (rebuild_) {
+        setPlainText(received_);
+    } else {
+        QTextCursor end(document());
+        end.movePosition(QTextCursor::End);
+        end.insertText(undrawn_);
+    }
+    undrawn_.clear();
+    rebuild_ = false;
+    moveCursor(QTextCursor::End);
 }
 
 } // namespace quellpad::ui

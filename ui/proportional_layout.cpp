@@ -1,6 +1,17 @@
 #include "proportional_layout.h"
 
+#include "controls.h"
+
+#include <QAbstractButton>
+#include <QCheckBox>
 #include <QFont>
+#include <QFontMetrics>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QStyle>
+#include <QStyleOptionButton>
 #include <QWidget>
 
 #include <algorithm>
@@ -10,11 +21,44 @@ namespace quellpad::ui {
 
 namespace {
 // Below this a caption stops being readable on an ordinary screen.
-constexpr double kSmallestPointSize = 7.0;
+constexpr double kSmallestPointSize = 6.5;
+constexpr double kPointStep = 0.25;
+
+// The captions' lines as they are drawn: CR LF is one line break.
+QString DrawnText(const QString& caption) {
+    QString text = caption;
+    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    return text;
+}
+
+// The size a button or option needs to show `caption` whole.
+QSize ButtonNeeds(const QAbstractButton* button, const QFont& font, const QString& caption) {
+    const QFontMetrics metrics(font);
+    QStyleOptionButton option;
+    option.initFrom(button);
+    option.fontMetrics = metrics;
+    option.text = caption;
+    const QSize text = metrics.size(Qt::TextShowMnemonic, DrawnText(caption));
+    QStyle::ContentsType type = QStyle::CT_PushButton;
+    if (qobject_cast<const QRadioButton*>(button)) {
+        type = QStyle::CT_RadioButton;
+    } else if (qobject_cast<const QCheckBox*>(button)) {
+        type = QStyle::CT_CheckBox;
+    }
+    if (type == QStyle::CT_PushButton) {
+        // The style's size hint for a push button adds a minimum width and generous margins;
+        // the caption itself reads in full inside the button's frame, with a little air.
+        const int frame =
+            button->style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &option, button);
+        return {text.width() + 2 * (frame + 2), text.height()};
+    }
+    return button->style()->sizeFromContents(type, &option, text, button);
+}
 } // namespace
 
-void ProportionalLayout::Place(QWidget* control, QRectF designRect, double designPointSize) {
-    entries_.append({control, designRect, designPointSize});
+void ProportionalLayout::Place(QWidget* control, QRectF designRect, double designPointSize,
+                               const QStringList& otherCaptions) {
+    entries_.append({control, designRect, designPointSize, otherCaptions});
 }
 
 void ProportionalLayout::Apply(QSizeF containerSize) {
@@ -25,20 +69,66 @@ void ProportionalLayout::Apply(QSizeF containerSize) {
         if (!entry.control) {
             continue;
         }
+        QWidget* control = entry.control;
         const QRectF& r = entry.rect;
         const int left = static_cast<int>(std::lround(r.left() * scaleX_));
         const int top = static_cast<int>(std::lround(r.top() * scaleY_));
         const int right = static_cast<int>(std::lround(r.right() * scaleX_));
         const int bottom = static_cast<int>(std::lround(r.bottom() * scaleY_));
-        entry.control->setGeometry(left, top, std::max(1, right - left), std::max(1, bottom - top));
+        control->setGeometry(left, top, std::max(1, right - left), std::max(1, bottom - top));
+
+        const QStringList captions = QStringList(CaptionOf(control)) + entry.otherCaptions;
+        QFont font = control->font();
+        double size = std::max(kSmallestPointSize, entry.pointSize * fontScale);
+        font.setPointSizeF(size);
+        const auto fits = [&] {
+            return std::all_of(captions.begin(), captions.end(), [&](const QString& caption) {
+                return CaptionFits(control, font, caption);
+            });
+        };
+        while (size > kSmallestPointSize && !fits()) {
+            size = std::max(kSmallestPointSize, size - kPointStep);
+            font.setPointSizeF(size);
+        }
         // A font set again at the same size would still be matched and laid out anew.
-        const double pointSize = std::max(kSmallestPointSize, entry.pointSize * fontScale);
-        if (entry.control->font().pointSizeF() != pointSize) {
-            QFont font = entry.control->font();
-            font.setPointSizeF(pointSize);
-            entry.control->setFont(font);
+        if (control->font().pointSizeF() != size) {
+            control->setFont(font);
         }
     }
+}
+
+QString CaptionOf(const QWidget* control) {
+    if (const auto* button = qobject_cast<const QAbstractButton*>(control)) {
+        return button->text();
+    }
+    if (const auto* label = qobject_cast<const QLabel*>(control); label && !IsReadout(label)) {
+        return label->text();
+    }
+    if (const auto* frame = qobject_cast<const QGroupBox*>(control)) {
+        return frame->title();
+    }
+    return {};
+}
+
+bool CaptionFits(const QWidget* control, const QFont& font, const QString& caption) {
+    if (caption.isEmpty()) {
+        return true;
+    }
+    const QFontMetrics metrics(font);
+    QSize needed;
+    QSize room = control->size();
+    if (const auto* button = qobject_cast<const QAbstractButton*>(control)) {
+        needed = ButtonNeeds(button, font, caption);
+    } else if (const auto* label = qobject_cast<const QLabel*>(control)) {
+        needed = metrics.size(Qt::TextShowMnemonic, DrawnText(caption));
+        room = label->contentsRect().size();
+        const int margins = 2 * label->margin() + std::max(0, label->indent());
+        room -= QSize(margins, 2 * label->margin());
+    } else if (qobject_cast<const QGroupBox*>(control)) {
+        // The title sits inside the frame's rounded corners.
+        needed = QSize(metrics.horizontalAdvance(caption) + 2 * metrics.averageCharWidth(), 0);
+    }
+    return needed.width() <= room.width() && needed.height() <= room.height();
 }
 
 double TwipsPerPixel(const QWidget* widget) {

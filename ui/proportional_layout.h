@@ -4,19 +4,24 @@
 #include <QPointer>
 #include <QRectF>
 #include <QSizeF>
+#include <QStringList>
 
+class QFont;
 class QWidget;
 
 namespace quellpad::ui {
 
 // Places controls as fractions of their window: each control has a rectangle and a font
 // size in the window's design size, and both scale with the window. Fonts follow the
-// smaller of the two scales so that text always fits its control.
+// smaller of the two scales, and shrink further where a caption would not read in full.
 class ProportionalLayout {
 public:
     explicit ProportionalLayout(QSizeF designSize) : designSize_(designSize) {}
 
-    void Place(QWidget* control, QRectF designRect, double designPointSize = 9.0);
+    // `otherCaptions`: captions the control may show later besides its present one (the
+    // lens buttons' "Focus Near Off"); its font is chosen so that each of them fits too.
+    void Place(QWidget* control, QRectF designRect, double designPointSize = 9.0,
+               const QStringList& otherCaptions = {});
     // Places and sizes every control for a container of the given size.
     void Apply(QSizeF containerSize);
 
@@ -28,12 +33,19 @@ private:
         QPointer<QWidget> control;
         QRectF rect;
         double pointSize;
+        QStringList otherCaptions;
     };
     QSizeF designSize_;
     QList<Entry> entries_;
     double scaleX_ = 1.0;
     double scaleY_ = 1.0;
 };
+
+// The caption a control shows (a button's, label's or frame's text), empty for a box.
+QString CaptionOf(const QWidget* control);
+
+// Whether `caption` reads in full on the control at its present size in `font`.
+bool CaptionFits(const QWidget* control, const QFont& font, const QString& caption);
 
 // Twips (1/1440 inch) per logical pixel of a widget's screen.
 double TwipsPerPixel(const QWidget* widget);

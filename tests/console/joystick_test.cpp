@@ -52,6 +52,8 @@ TEST_F(JoystickTest, DirectionsSpeedsAndTextsPerMode) {
         {"ASCII", 4500 + 825, 4500 + 600, "", 0, 37, 26, "37Ra26Da"},
         {"ASCII", 4500, 4500 + 600, "37Ra26Da", 0, 0, 26, "~Ra26Da"},
         {"ASCII", 4500 + 10, 4500 - 10, "37Ra", 0, 0, 0, "sa"},
+        {"ASCII", 4500 + 1499, 4500 + 1499, "", 0, 64, 63, "64Ra63Da"}, // the limits, as sent
+        {"ASCII", 4500 - 1499, 4500 - 1499, "", 0, 64, 63, "64La63Ua"},
         {"MUX ASCII", 4500 + 825, 4500 - 825, "", 0, 37, 36, "dRmdUm"},
         {"MUX ASCII", 4500, 4500 - 825, "dLmdUm", 0, 0, 36, "~dLmdUm"},
     };

@@ -2,14 +2,22 @@
 
 #include "console/frm_main.h"
 #include "console/receiver.h"
+#include "ui/controls.h"
+#include "ui/proportional_layout.h"
 
 #include <QAbstractItemView>
+#include <QAccessible>
 #include <QAction>
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMenu>
+#include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScrollBar>
+#include <QSet>
 #include <QTest>
 #include <QTimer>
 
@@ -184,14 +192,29 @@ TEST_F(MainWindowTest, RepliesAreShownPerModeAndAlarmNumbersPickedOut) {
     EXPECT_EQ(alarm->text(), QStringLiteral("7")) << "a reply split in two carries no marker";
 }
 
-TEST_F(MainWindowTest, AResponseBoxWithoutMarkersKeepsOnlyItsLatestText) {
+TEST_F(MainWindowTest, AResponseBoxUnderAStreamOfRepliesKeepsNoHistoryAndLittleText) {
     Start("ASCII");
-    com1_.Write(QByteArray(kResponseBoxMaximum, 'x') + "yz");
     auto* responses = Child<QPlainTextEdit>("AccessResponseTextBox");
+    QByteArray flood;
+    for (int i = 0; i < 3000; ++i) {
+        flood += "OK\r\n"; // no marker: nothing ever clears the box
+    }
+    com1_.Write(flood + "yz");
     EXPECT_TRUE(WaitUntil([&] { return responses->toPlainText().endsWith(u"yz"); }, 10000));
-    const QString box = responses->toPlainText();
-    EXPECT_EQ(box.size(), kResponseBoxMaximum);
-    EXPECT_TRUE(box.endsWith(u"xyz"));
+    EXPECT_EQ(responses->document()->availableUndoSteps(), 0);
+    EXPECT_LE(responses->toPlainText().size(), kResponseBoxMaximum);
+    EXPECT_TRUE(responses->toPlainText().endsWith(u"OK\nOK\nyz"));
+}
+
+TEST_F(MainWindowTest, TheResponseBoxCountsCrLfAsTwoCharacters) {
+    Start("ASCII");
+    auto* responses = Child<QPlainTextEdit>("AccessResponseTextBox");
+    // 252 characters as received, 126 as shown.
+    com1_.Write(QByteArray(126, '\r').replace("\r", "\r\n"));
+    ASSERT_TRUE(WaitUntil([&] { return responses->blockCount() == 127; }));
+    com1_.Write("1a");
+    EXPECT_TRUE(WaitUntil([&] { return responses->toPlainText() == u"1a"; }))
+        << "a box of 251 characters or more is cleared by a reply with a marker";
 }
 
 TEST_F(MainWindowTest, AFailingTickIsReportedOnceAndTheKeyboardKeepsWorking) {
@@ -236,20 +259,187 @@ TEST_F(MainWindowTest, StartUpFromTheFile) {
     EXPECT_FALSE(Child<QAction>("HernisProtocolOption")->isVisible());
 }
 
-TEST_F(MainWindowTest, EveryNamedControlCanBeFoundByAScreenReader) {
+TEST_F(MainWindowTest, AHeldLensButtonStopsOnlyAtTheReleaseWhereverItLands) {
     Start("D");
-    for (QWidget* control : window_->findChildren<QWidget*>()) {
-        const bool operable =
-            qobject_cast<QAbstractButton*>(control) || qobject_cast<QLineEdit*>(control) ||
-            qobject_cast<QAbstractItemView*>(control) || qobject_cast<QPlainTextEdit*>(control);
-        const QString name = control->objectName();
-        if (operable && !name.isEmpty() && !name.startsWith(u"qt_")) {
-            EXPECT_FALSE(control->accessibleName().isEmpty())
-                << control->objectName().toStdString();
+    auto* focusNear = Child<QPushButton>("FocusNear");
+    const auto mouse = [&](QEvent::Type type, Qt::MouseButton button, QPoint at) {
+        const Qt::MouseButtons held = type == QEvent::MouseButtonRelease ? Qt::NoButton : button;
+        QMouseEvent event(type, at, focusNear->mapToGlobal(at), button, held, Qt::NoModifier);
+        QApplication::sendEvent(focusNear, &event);
+    };
+    const QPoint inside = focusNear->rect().center();
+    const QPoint outside(-40, -40);
+    mouse(QEvent::MouseButtonPress, Qt::LeftButton, inside);
+    EXPECT_EQ(keyboard_->Command1, 0x01);
+    mouse(QEvent::MouseMove, Qt::LeftButton, outside);
+    EXPECT_EQ(keyboard_->Command1, 0x01) << "sliding off does not stop";
+    mouse(QEvent::MouseMove, Qt::LeftButton, inside);
+    mouse(QEvent::MouseMove, Qt::LeftButton, outside);
+    mouse(QEvent::MouseButtonRelease, Qt::LeftButton, outside);
+    EXPECT_EQ(keyboard_->Command1, 0x00) << "the release stops, wherever it lands";
+    mouse(QEvent::MouseButtonPress, Qt::RightButton, inside);
+    EXPECT_EQ(keyboard_->Command1, 0x00) << "the right button does nothing";
+    mouse(QEvent::MouseButtonRelease, Qt::RightButton, inside);
+}
+
+TEST_F(MainWindowTest, TabLeavesTheRetransmitTimeBoxAndEveryBoxAndListIsReached) {
+    Start("D");
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    auto* retransmit = Child<QLineEdit>("RetransmitTimeTextBox");
+    retransmit->setFocus();
+    QTest::keyClicks(retransmit, QStringLiteral("12"));
+    QTest::keyClick(retransmit, Qt::Key_Home);
+    QTest::keyClick(retransmit, Qt::Key_Delete);
+    QTest::keyClick(retransmit, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(retransmit, QStringLiteral("3"));
+    EXPECT_EQ(retransmit->text(), QStringLiteral("3")) << "Home, Delete and select-all pass";
+    QTest::keyClick(retransmit, Qt::Key_Tab);
+    EXPECT_NE(QApplication::focusWidget(), retransmit) << "Tab leaves the box";
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
+    EXPECT_EQ(QApplication::focusWidget(), retransmit) << "Shift+Tab comes back";
+
+    QSet<QString> reached;
+    for (int i = 0; i < 40; ++i) {
+        reached << QApplication::focusWidget()->objectName();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    }
+    for (const char* name : {"AddressCOM1_TextBox", "AddressCOM2_TextBox", "AccessResponseTextBox",
+                             "RetransmitTimeTextBox", "LensSpeedList", "PresetNumberTextBox",
+                             "PatternNumberListBox", "AuxNumberTextBox", "ZoneNumberList"}) {
+        EXPECT_TRUE(reached.contains(QLatin1String(name))) << name;
+    }
+}
+
+TEST_F(MainWindowTest, EachEnabledMenuOpensByAltAndItsLetter) {
+    struct Case {
+        const char* mode;
+        Qt::Key letter;
+        const char* menu;
+    };
+    const Case cases[] = {{"D_Protocol_Menu_Option", Qt::Key_O, "OptionsMenu"},
+                          {"D_Protocol_Menu_Option", Qt::Key_M, "ModeMenu"},
+                          {"D_Protocol_Menu_Option", Qt::Key_A, "AuxMenu"},
+                          {"D_Protocol_Menu_Option", Qt::Key_E, "MoreCommandsMenu"},
+                          {"ASCII_Menu_Option", Qt::Key_R, "MacroMenu"},
+                          {"ASCII_Menu_Option", Qt::Key_C, "CamLock_Menu"},
+                          {"ASCII_Menu_Option", Qt::Key_X, "MuxMenu"},
+                          {"ASCII_Menu_Option", Qt::Key_V, "VCR_Menu"}};
+    Start("D");
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    for (const Case& c : cases) {
+        Choose(c.mode);
+        QTest::keyClick(window_.get(), c.letter, Qt::AltModifier);
+        auto* menu = Child<QMenu>(c.menu);
+        EXPECT_TRUE(WaitUntil([&] { return menu->isVisible(); }, 1000)) << c.menu;
+        QTest::keyClick(menu, Qt::Key_Escape);
+        QTest::keyClick(window_->menuBar(), Qt::Key_Escape);
+        EXPECT_TRUE(WaitUntil([&] { return !menu->isVisible(); }, 1000)) << c.menu;
+        window_->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    }
+}
+
+// What a screen reader hears of every shown control, against what the operator sees.
+void ExpectEveryControlHeardAsShown(QAccessibleInterface* heard) {
+    auto* widget = qobject_cast<QWidget*>(heard->object());
+    if (widget && !widget->isVisible()) {
+        return;
+    }
+    const QString name = heard->text(QAccessible::Name);
+    const QString objectName = heard->object() ? heard->object()->objectName() : QString();
+    QString shown;
+    if (qobject_cast<QLineEdit*>(widget) || qobject_cast<QAbstractItemView*>(widget) ||
+        qobject_cast<QPlainTextEdit*>(widget)) {
+        for (const QLabel* label : widget->parentWidget()->findChildren<QLabel*>()) {
+            if (label->buddy() == widget) {
+                shown = label->text();
+            }
+        }
+    } else if (const auto* button = qobject_cast<QAbstractButton*>(widget)) {
+        shown = button->text();
+    } else if (const auto* frame = qobject_cast<QGroupBox*>(widget)) {
+        shown = frame->title();
+    } else if (const auto* label = qobject_cast<QLabel*>(widget)) {
+        shown = label->text();
+        if (objectName.startsWith(u"COM")) {
+            EXPECT_EQ(name, objectName.left(4) + QStringLiteral(" Command Sent"));
+            EXPECT_EQ(heard->text(QAccessible::Value), shown) << "the echo is heard";
+            shown = name;
+        }
+    } else if (const auto* item = qobject_cast<QAction*>(heard->object())) {
+        shown = item->text().remove(u'&');
+    }
+    if (!shown.isEmpty() || qobject_cast<QLineEdit*>(widget)) {
+        EXPECT_EQ(name, shown) << objectName.toStdString();
+    }
+    for (int i = 0; i < heard->childCount(); ++i) {
+        ExpectEveryControlHeardAsShown(heard->child(i));
+    }
+}
+
+TEST_F(MainWindowTest, AScreenReaderHearsEveryControlByItsCurrentCaption) {
+    Start("D");
+    QAccessibleInterface* window = QAccessible::queryAccessibleInterface(window_.get());
+    ExpectEveryControlHeardAsShown(window);
+
+    Choose("P_Protocol_Menu_Option");
+    Choose("ControlLock");
+    QTest::mouseClick(Child<QPushButton>("ZoomIn"), Qt::LeftButton);
+    EXPECT_EQ(com1_.Read(8).size(), 8);
+    com1_.Write(QByteArray::fromHex("a2"));
+    auto* responses = Child<QPlainTextEdit>("AccessResponseTextBox");
+    ASSERT_TRUE(WaitUntil([&] { return !responses->toPlainText().isEmpty(); }));
+    ExpectEveryControlHeardAsShown(window);
+    const auto heard = [](QObject* control, QAccessible::Text kind) {
+        return QAccessible::queryAccessibleInterface(control)->text(kind);
+    };
+    EXPECT_EQ(heard(Child("ZoomIn"), QAccessible::Name), QStringLiteral("Zoom In On"));
+    EXPECT_EQ(heard(Child("ZoomOut"), QAccessible::Name), QStringLiteral("Zoom Out Off"));
+    EXPECT_EQ(heard(responses, QAccessible::Name), QStringLiteral("P Response"));
+    EXPECT_EQ(heard(responses, QAccessible::Value), QStringLiteral(" A2"));
+    EXPECT_FALSE(heard(Child("COM1CommandLabel"), QAccessible::Value).isEmpty());
+}
+
+TEST_F(MainWindowTest, CaptionsReadInFullAndListsShowTheirOneItemAtEverySize) {
+    Start("D");
+    Choose("ControlLock");
+    for (const char* name :
+         {"ZoomIn", "ZoomOut", "FocusNear", "FocusFar", "IrisOpen", "IrisClose"}) {
+        QTest::mouseClick(Child<QPushButton>(name), Qt::LeftButton); // leaves the Off captions
+    }
+    const QSize sizes[] = {{1, 1},       {640, 480},  {800, 600}, {1280, 800},
+                           {1920, 1080}, {600, 1000}, {1600, 470}};
+    for (const char* mode : {"D_Protocol_Menu_Option", "ASCII_Menu_Option"}) {
+        Choose(mode);
+        for (const QSize size : sizes) {
+            window_->resize(size);
+            QApplication::processEvents();
+            const QString at = QStringLiteral("%1 at %2x%3")
+                                   .arg(QLatin1String(mode))
+                                   .arg(window_->width())
+                                   .arg(window_->height());
+            for (QWidget* control : window_->findChildren<QWidget*>()) {
+                if (control->isVisible() && !ui::IsReadout(control)) {
+                    EXPECT_TRUE(ui::CaptionFits(control, control->font(), ui::CaptionOf(control)))
+                        << ui::CaptionOf(control).toStdString() << " in " << at.toStdString();
+                }
+            }
+            for (const char* name : {"LensSpeedList", "PatternNumberListBox", "ZoneNumberList"}) {
+                auto* list = Child<QListWidget>(name);
+                if (!list->isVisible()) {
+                    continue;
+                }
+                QListWidgetItem* current = list->currentItem();
+                ASSERT_NE(current, nullptr) << name;
+                EXPECT_EQ(list->itemAt(0, 0), current) << name << " in " << at.toStdString();
+                EXPECT_EQ(list->visualItemRect(current), list->viewport()->rect())
+                    << name << " in " << at.toStdString();
+            }
         }
     }
-    EXPECT_EQ(Child("Joystick_Square")->accessibleName(), QStringLiteral("Joystick"));
-    EXPECT_EQ(Child("AccessResponseTextBox")->accessibleName(), QStringLiteral("D Response"));
+    auto* zones = Child<QListWidget>("ZoneNumberList");
+    zones->verticalScrollBar()->setValue(2);
+    EXPECT_EQ(zones->currentRow(), 2) << "scrolled, the item on top becomes the current one";
 }
 
 } // namespace

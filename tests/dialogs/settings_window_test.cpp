@@ -68,6 +68,24 @@ TEST_F(SettingsWindowTest, AValueMatchingNoButtonSelectsNone) {
     }
 }
 
+TEST_F(SettingsWindowTest, EveryChoiceIsReachedByKeyboardTabBetweenGroupsArrowsWithin) {
+    frmSettings window(*keyboard_);
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    Child<QRadioButton>(window, "BR2400")->setFocus();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+    EXPECT_EQ(keyboard_->BaudRate, QStringLiteral("4800"));
+    QStringList visited;
+    for (int i = 0; i < 5; ++i) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        visited << QApplication::focusWidget()->objectName();
+    }
+    EXPECT_EQ(visited, QStringList({"P_None", "RTS_CheckBox", "Save", "Cancel", "BR4800"}));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+    EXPECT_EQ(keyboard_->Parity, QStringLiteral("o"));
+}
+
 TEST_F(SettingsWindowTest, TheMainWindowTitleFollowsASave) {
     FrmMain main(*keyboard_);
     main.Form_Load();
