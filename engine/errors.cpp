@@ -14,6 +14,8 @@ QString Describe(int portNumber, const QString& device, PortFailure failure,
     case PortFailure::InUse:
         return QStringLiteral("%1 could not be opened: it is in use by another program (%2).")
             .arg(port, reason);
+    case PortFailure::AccessRefused:
+        return QStringLiteral("%1 could not be opened. %2").arg(port, reason);
     case PortFailure::NotSerial:
         return QStringLiteral("%1 could not be opened: the device is not a serial port (%2).")
             .arg(port, reason);
@@ -30,6 +32,24 @@ QString Describe(int portNumber, const QString& device, PortFailure failure,
 }
 
 } // namespace
+
+QString QuoteValue(const QString& value, int most) {
+    QString quoted;
+    int shown = 0;
+    for (const QChar c : value) {
+        if (shown == most) {
+            return quoted + QStringLiteral("...");
+        }
+        if (c.unicode() < 32 || c.unicode() == 127 || !c.isPrint()) {
+            quoted += QStringLiteral("\\x") +
+                      QString::number(c.unicode(), 16).toUpper().rightJustified(2, u'0');
+        } else {
+            quoted += c;
+        }
+        ++shown;
+    }
+    return quoted;
+}
 
 PortError::PortError(int portNumber, const QString& device, PortFailure failure,
                      const QString& reason)
