@@ -25,6 +25,7 @@ class QTimer;
 namespace quellpad {
 
 class FrmTypeCmnds;
+class PortWatch;
 class JoystickBall;
 class JoystickSquare;
 
@@ -108,6 +109,7 @@ private:
     // Replies from the equipment.
     void MSComm_OnComm(int portNumber, int eventCode);
     void Port_LineFailed(int portNumber, const QString& message);
+    void Port_Back(int portNumber, const QString& message);
 
     void RunModalWindow(QDialog& window, bool pauseTimers);
     void UpdateWindowTitle();
@@ -119,6 +121,7 @@ private:
     ui::ProportionalLayout layout_;
     JoystickState joystick_;
     QPointer<FrmTypeCmnds> typeCommands_;
+    PortWatch* portWatch_ = nullptr;
 
     QWidget* canvas_ = nullptr;
     JoystickSquare* square_ = nullptr;
