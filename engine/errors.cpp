@@ -35,18 +35,17 @@ QString Describe(int portNumber, const QString& device, PortFailure failure,
 
 QString QuoteValue(const QString& value, int most) {
     QString quoted;
-    int shown = 0;
-    for (const QChar c : value) {
-        if (shown == most) {
+    for (qsizetype i = 0; i < value.size(); ++i) {
+        const QChar c = value[i];
+        const QString shown =
+            c.unicode() < 32 || c.unicode() == 127 || !c.isPrint()
+                ? QStringLiteral("\\x") +
+                      QString::number(c.unicode(), 16).toUpper().rightJustified(2, u'0')
+                : QString(c);
+        if (quoted.size() + shown.size() > most) {
             return quoted + QStringLiteral("...");
         }
-        if (c.unicode() < 32 || c.unicode() == 127 || !c.isPrint()) {
-            quoted += QStringLiteral("\\x") +
-                      QString::number(c.unicode(), 16).toUpper().rightJustified(2, u'0');
-        } else {
-            quoted += c;
-        }
-        ++shown;
+        quoted += shown;
     }
     return quoted;
 }

@@ -51,7 +51,7 @@ private:
 };
 
 // A value from the file or the operator as a message may quote it: at most `most`
-// characters, control characters as \xNN, and an ellipsis when it was cut.
+// characters, control characters written as \xNN, and an ellipsis when it was cut.
 QString QuoteValue(const QString& value, int most = 40);
 
 class SettingsError : public QuellpadError {

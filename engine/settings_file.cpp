@@ -115,6 +115,14 @@ SettingsFields ReadSettingsFile(const QString& path) {
     return InspectSettingsFile(path).fields;
 }
 
+QByteArray SettingsContent(const SettingsFields& fields) {
+    const QString text = QStringList{fields.BaudRate,       fields.Parity,      fields.HoldRts,
+                                     fields.AvailablePorts, fields.CurrentMode, fields.EnabledPorts}
+                             .join(QStringLiteral("\r\n")) +
+                         QStringLiteral("\r\n");
+    return text.toLatin1();
+}
+
 void WriteSettingsFile(const QString& path, const SettingsFields& fields) {
     if (IsNoPlainFile(path)) {
         throw SettingsError(NotPlainFileText(path) + QStringLiteral(" and was not written."));
@@ -124,11 +132,7 @@ void WriteSettingsFile(const QString& path, const SettingsFields& fields) {
         throw SettingsError(QStringLiteral("Settings.dat could not be written to %1: %2.")
                                 .arg(QDir::toNativeSeparators(path), file.errorString()));
     }
-    const QString text = QStringList{fields.BaudRate,       fields.Parity,      fields.HoldRts,
-                                     fields.AvailablePorts, fields.CurrentMode, fields.EnabledPorts}
-                             .join(QStringLiteral("\r\n")) +
-                         QStringLiteral("\r\n");
-    file.write(text.toLatin1());
+    file.write(SettingsContent(fields));
     if (!file.commit()) {
         throw SettingsError(QStringLiteral("Settings.dat could not be written to %1: %2.")
                                 .arg(QDir::toNativeSeparators(path), file.errorString()));

@@ -45,6 +45,9 @@ SettingsRead ParseSettingsContent(const QByteArray& content, bool whole = true);
 SettingsRead InspectSettingsFile(const QString& path);
 SettingsFields ReadSettingsFile(const QString& path);
 
+// The six lines as the file holds them, each ended by CR LF.
+QByteArray SettingsContent(const SettingsFields& fields);
+
 // Writes the six lines, each ended by CR LF, through a temporary file that replaces
 // the old one only when complete. Fails with SettingsError, also for a path that is no
 // plain file.

@@ -120,9 +120,11 @@ TEST_F(SettingsTest, BadValuesAreQuotedShortAndOnlyForEnabledPorts) {
         QString value;
         const char* quoted;
     };
-    const Quote quotes[] = {{QStringLiteral("D "), "D "},
-                            {QStringLiteral("a\tb\x7f"), "a\\x09b\\x7F"},
-                            {QString(41, u'x'), "xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx..."}};
+    const Quote quotes[] = {
+        {QStringLiteral("D "), "D "},
+        {QStringLiteral("a\tb\x7f"), "a\\x09b\\x7F"},
+        {QString(41, u'x'), "xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx..."},
+        {QString(20, QChar(1)), "\\x01\\x01\\x01\\x01\\x01\\x01\\x01\\x01\\x01\\x01..."}};
     for (const Quote& q : quotes) {
         EXPECT_EQ(QuoteValue(q.value), QLatin1String(q.quoted));
     }
