@@ -174,6 +174,7 @@ void SerialDevice::Close() {
         port_.close();
     }
     port_.clearError();
+    received_.clear();
 }
 
 bool SerialDevice::IsOpen() const {
@@ -205,10 +206,6 @@ QByteArray SerialDevice::Input() {
 }
 
 void SerialDevice::OnReadyRead() {
-    if (reportingData_) {
-        return;
-    }
-    reportingData_ = true;
     // Everything the driver delivered is taken at once, so that QSerialPort's own buffer
     // never fills (a bounded one that fills stops reading the device for good); what
     // waits for Input() is bounded here instead.
@@ -216,18 +213,28 @@ void SerialDevice::OnReadyRead() {
     if (received_.size() > kReceiveLimit) {
         received_.remove(0, received_.size() - kReceiveLimit);
     }
-    // One event per input length: the handler reads at most that many bytes, and what it
-    // leaves must not wait for the next arrival to be shown.
-    qsizetype waiting = received_.size();
-    while (waiting > 0 && port_.isOpen()) {
-        emit CommEvent(kDataReceived);
-        const qsizetype left = port_.isOpen() ? received_.size() : 0;
-        if (left >= waiting) {
-            break; // the handler took nothing (a mode that ignores replies)
-        }
-        waiting = left;
+    if (!reportPending_) {
+        ReportReceived();
     }
+}
+
+void SerialDevice::ReportReceived() {
+    reportPending_ = false;
+    if (reportingData_ || received_.isEmpty() || !port_.isOpen()) {
+        return;
+    }
+    reportingData_ = true;
+    const qsizetype waiting = received_.size();
+    emit CommEvent(kDataReceived);
     reportingData_ = false;
+    // One event per input length. What the handler left is reported at the next turn of
+    // the event loop rather than at once, so that under a flood the timers between (the
+    // dispatcher, retransmission) still keep their periods. A handler that took nothing
+    // (a mode that shows no replies) waits for the next arrival.
+    if (port_.isOpen() && !received_.isEmpty() && received_.size() < waiting) {
+        reportPending_ = true;
+        QMetaObject::invokeMethod(this, &SerialDevice::ReportReceived, Qt::QueuedConnection);
+    }
 }
 
 void SerialDevice::OnError(QSerialPort::SerialPortError error) {

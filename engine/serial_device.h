@@ -57,6 +57,7 @@ public:
 
 private:
     void OnReadyRead();
+    void ReportReceived();
     void OnError(QSerialPort::SerialPortError error);
     void ApplyRts();
 
@@ -66,6 +67,7 @@ private:
     bool rts_ = false;
     int inputLength_ = 0;
     bool reportingData_ = false;
+    bool reportPending_ = false;
     QByteArray received_;
 };
 

@@ -3,8 +3,11 @@
 #include "engine/errors.h"
 #include "engine/serial_device.h"
 
+#include <QElapsedTimer>
 #include <QFile>
 #include <QSignalSpy>
+#include <QThread>
+#include <QTimer>
 
 #include <grp.h>
 #include <sys/stat.h>
@@ -91,6 +94,31 @@ TEST_F(SerialDeviceTest, AFloodNobodyReadsIsBoundedAndKeepsTheLatestBytes) {
     const QByteArray kept = port.Input();
     EXPECT_EQ(kept.size(), kReceiveLimit);
     EXPECT_TRUE(kept.endsWith("end"));
+}
+
+TEST_F(SerialDeviceTest, TimersKeepTheirPeriodWhileAFloodIsReported) {
+    SerialDevice port(1, com1_.SlavePath());
+    port.SetInputLength(30);
+    port.Open();
+    qsizetype taken = 0;
+    QObject::connect(&port, &SerialLine::CommEvent, [&](int) {
+        taken += port.Input().size();
+        QThread::msleep(1); // a response box that takes its time
+    });
+    QTimer tick;
+    tick.setTimerType(Qt::PreciseTimer);
+    tick.setInterval(20);
+    QElapsedTimer clock;
+    qint64 last = 0, longestGap = 0;
+    QObject::connect(&tick, &QTimer::timeout, [&] {
+        longestGap = qMax(longestGap, clock.elapsed() - last);
+        last = clock.elapsed();
+    });
+    clock.start();
+    tick.start();
+    com1_.Write(QByteArray(kReceiveLimit, 'x'));
+    ASSERT_TRUE(WaitUntil([&] { return taken >= kReceiveLimit - 4096; }, 10000));
+    EXPECT_LT(longestGap, 60) << "one reply event at a time between the timers' ticks";
 }
 
 TEST_F(SerialDeviceTest, ADeviceThisUserMayNotOpenIsToldAsRefusedWithTheGroupThatOwnsIt) {
