@@ -252,7 +252,9 @@ void FrmMain::ComOption_Click(int number) {
         own->setChecked(keyboard_.Port(number).IsOpen());
         UpdatePortBindings();
     });
-    const bool open = TogglePort(keyboard_, number, other->isChecked());
+    // A port waiting for its device to come back is still enabled.
+    const bool open =
+        TogglePort(keyboard_, number, other->isChecked() || portWatch_->Watching(3 - number));
     if (open) {
         portWatch_->Forget(number);
     } else {

@@ -293,6 +293,12 @@ TEST_F(MainWindowTest, AnUnpluggedDeviceIsWatchedForAndReopenedEachTimeItComesBa
         EXPECT_FALSE(Child<QAction>("Com1Option")->isChecked());
         EXPECT_TRUE(ReadSettings().endsWith("\r\n1\r\n")) << "the port stays enabled";
         EXPECT_TRUE(Child<QTimer>("PortWatchTimer")->isActive());
+        if (plug == 1) { // the other port's item keeps this one enabled
+            Choose("Com2Option");
+            EXPECT_TRUE(ReadSettings().endsWith("\r\n1 2\r\n"));
+            Choose("Com2Option");
+            EXPECT_TRUE(ReadSettings().endsWith("\r\n1\r\n"));
+        }
 
         devices.push_back(std::make_unique<PseudoTerminal>());
         pointAt(devices.back()->SlavePath());
