@@ -103,7 +103,8 @@ def main():
     settled = [kb for at, kb in samples if at >= warm_up]
     growth = max(settled) - settled[0] if settled else 0
     print(f"mode {mode}: {seconds:.0f} s, flooded {flooded[0] / 1e6:.1f} MB on COM 1 and "
-          f"{flooded[1] / 1e6:.1f} MB on COM 2")
+          f"{flooded[1] / 1e6:.1f} MB on COM 2 (machine load {os.getloadavg()[0]:.1f} on "
+          f"{os.cpu_count()} cores: a busy machine delays the timers too)")
     print(f"  resident memory {samples[0][1] // 1024} MB at start, "
           f"{settled[0] // 1024 if settled else 0} MB after the warm-up, "
           f"{samples[-1][1] // 1024} MB at the end: growth {growth} KB")
