@@ -12,6 +12,7 @@
 #include "dialogs/menu_control.h"
 #include "dialogs/type_commands.h"
 #include "engine/port_control.h"
+#include "engine/port_watch.h"
 #include "engine/retransmission.h"
 #include "ui/controls.h"
 #include "ui/messages.h"
@@ -95,6 +96,12 @@ void FrmMain::ConnectHandlers() {
                 [this, button] { boundary_.Run("Lens_Click", [&] { Lens_Click(button); }); });
     }
 
+    for (const char* repeating : {"CommandChangeTimer_Timer", "RetransmitTimer_Timer",
+                                  "MSComm1_OnComm", "MSComm2_OnComm"}) {
+        boundary_.SetRepeating(repeating);
+    }
+    portWatch_ = new PortWatch(keyboard_, this);
+    connect(portWatch_, &PortWatch::PortBack, this, &FrmMain::Port_Back);
     for (int number = 1; number <= 2; ++number) {
         SerialLine* port = &keyboard_.Port(number);
         connect(port, &SerialLine::CommEvent, this, [this, number](int code) {
@@ -143,6 +150,12 @@ void FrmMain::LoadKeyboard() {
 
     Com1Option->setChecked(keyboard_.MSComm1().IsOpen());
     Com2Option->setChecked(keyboard_.MSComm2().IsOpen());
+    for (int number = 1; number <= 2; ++number) {
+        if (keyboard_.EnabledPorts.contains(QString::number(number)) &&
+            !keyboard_.Port(number).IsOpen()) {
+            portWatch_->Watch(number);
+        }
+    }
 
     CommandChangeTimer->setInterval(IsAsciiMode(mode) ? kAsciiModeTick : kFrameModeTick);
     CommandChangeTimer->start();
@@ -242,8 +255,12 @@ void FrmMain::ComOption_Click(int number) {
         own->setChecked(keyboard_.Port(number).IsOpen());
         UpdatePortBindings();
     });
-    const bool open = TogglePort(keyboard_, number, other->isChecked());
-    if (!open) {
+    // A port waiting for its device to come back is still enabled.
+    const bool open =
+        TogglePort(keyboard_, number, other->isChecked() || portWatch_->Watching(3 - number));
+    if (open) {
+        portWatch_->Forget(number);
+    } else {
         (number == 1 ? COM1CommandLabel : COM2CommandLabel)->clear();
     }
 }
@@ -396,10 +413,11 @@ void FrmMain::CommandChangeTimer_Timer() {
 
 void FrmMain::MSComm_OnComm(int number, int eventCode) {
     const QString& mode = keyboard_.CurrentMode;
-    if (!IsAsciiMode(mode) && !IsFrameMode(mode)) {
+    if (eventCode != SerialLine::kDataReceived) {
         return;
     }
-    if (eventCode != SerialLine::kDataReceived) {
+    if (!IsAsciiMode(mode) && !IsFrameMode(mode)) {
+        keyboard_.Port(number).Input(); // a mode that shows no replies drops them
         return;
     }
     QString& response = number == 1 ? keyboard_.Com1Response : keyboard_.Com2Response;
@@ -420,9 +438,18 @@ void FrmMain::MSComm_OnComm(int number, int eventCode) {
 }
 
 void FrmMain::Port_LineFailed(int number, const QString& message) {
+    // The port stays enabled in Settings.dat: it is reopened when its device comes back.
     (number == 1 ? Com1Option : Com2Option)->setChecked(false);
+    (number == 1 ? COM1CommandLabel : COM2CommandLabel)->clear();
     UpdatePortBindings();
+    portWatch_->Watch(number);
     boundary_.Report(number == 1 ? "MSComm1_Failed" : "MSComm2_Failed", message);
+}
+
+void FrmMain::Port_Back(int number, const QString& message) {
+    (number == 1 ? Com1Option : Com2Option)->setChecked(true);
+    UpdatePortBindings();
+    boundary_.Report("PortWatchTimer_Timer", message);
 }
 
 } // namespace quellpad

@@ -32,6 +32,7 @@ class LogView;
 namespace quellpad {
 
 class FrmTypeCmnds;
+class PortWatch;
 class JoystickBall;
 class JoystickSquare;
 
@@ -129,6 +130,7 @@ private:
     // Replies from the equipment.
     void MSComm_OnComm(int portNumber, int eventCode);
     void Port_LineFailed(int portNumber, const QString& message);
+    void Port_Back(int portNumber, const QString& message);
 
     // The main window's one shortcut: M calls the camera's menu and opens the menu control
     // window. Whether the character was taken.
@@ -146,6 +148,7 @@ private:
     ui::ProportionalLayout layout_;
     JoystickState joystick_;
     QPointer<FrmTypeCmnds> typeCommands_;
+    PortWatch* portWatch_ = nullptr;
 
     QWidget* canvas_ = nullptr;
     JoystickSquare* square_ = nullptr;

@@ -14,6 +14,8 @@ QString Describe(int portNumber, const QString& device, PortFailure failure,
     case PortFailure::InUse:
         return QStringLiteral("%1 could not be opened: it is in use by another program (%2).")
             .arg(port, reason);
+    case PortFailure::AccessRefused:
+        return QStringLiteral("%1 could not be opened. %2").arg(port, reason);
     case PortFailure::NotSerial:
         return QStringLiteral("%1 could not be opened: the device is not a serial port (%2).")
             .arg(port, reason);
@@ -30,6 +32,23 @@ QString Describe(int portNumber, const QString& device, PortFailure failure,
 }
 
 } // namespace
+
+QString QuoteValue(const QString& value, int most) {
+    QString quoted;
+    for (qsizetype i = 0; i < value.size(); ++i) {
+        const QChar c = value[i];
+        const QString shown =
+            c.unicode() < 32 || c.unicode() == 127 || !c.isPrint()
+                ? QStringLiteral("\\x") +
+                      QString::number(c.unicode(), 16).toUpper().rightJustified(2, u'0')
+                : QString(c);
+        if (quoted.size() + shown.size() > most) {
+            return quoted + QStringLiteral("...");
+        }
+        quoted += shown;
+    }
+    return quoted;
+}
 
 PortError::PortError(int portNumber, const QString& device, PortFailure failure,
                      const QString& reason)

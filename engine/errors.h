@@ -25,12 +25,13 @@ public:
 };
 
 enum class PortFailure {
-    NoSuchPort,  // nothing answers at the bound device path
-    InUse,       // the device exists but another program (or port object) holds it
-    NotSerial,   // the path is there but is not a serial device
-    BadSettings, // the line settings text cannot be applied
-    WriteFailed, // a byte could not be handed to the driver
-    Vanished,    // the device went away while open (a USB adapter pulled out)
+    NoSuchPort,    // nothing answers at the bound device path
+    InUse,         // the device exists but another program (or port object) holds it
+    AccessRefused, // the device exists but this user may not open it
+    NotSerial,     // the path is there but is not a serial device
+    BadSettings,   // the line settings text cannot be applied
+    WriteFailed,   // a byte could not be handed to the driver
+    Vanished,      // the device went away while open (a USB adapter pulled out)
     Other,
 };
 
@@ -48,6 +49,10 @@ private:
     PortFailure failure_;
     QString reason_;
 };
+
+// A value from the file or the operator as a message may quote it: at most `most`
+// characters, control characters written as \xNN, and an ellipsis when it was cut.
+QString QuoteValue(const QString& value, int most = 40);
 
 class SettingsError : public QuellpadError {
 public:

@@ -173,8 +173,10 @@ void Quellpad_Support_Func::DetectPorts() {
             port.Open();
             exists = port.IsOpen();
         } catch (const PortError& error) {
-            // A port held by another program exists all the same.
-            exists = error.Failure() == PortFailure::InUse;
+            // A port held by another program, or one this user may not open, exists all
+            // the same.
+            exists = error.Failure() == PortFailure::InUse ||
+                     error.Failure() == PortFailure::AccessRefused;
         }
         port.Close();
         if (exists) {

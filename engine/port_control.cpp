@@ -3,6 +3,8 @@
 #include "errors.h"
 #include "settings_file.h"
 
+#include <QDir>
+
 #ifdef Q_OS_WIN
 #include <windows.h>
 #endif
@@ -74,13 +76,19 @@ QStringList StartKeyboard(Quellpad_Support_Func& k) {
     QStringList problems;
     ResetKeyboardState(k);
 
-    const SettingsFields read = ReadSettingsFile(k.SettingsPath);
-    k.BaudRate = read.BaudRate;
-    k.Parity = read.Parity;
-    k.HoldRts = read.HoldRts;
-    k.AvailablePorts = read.AvailablePorts;
-    k.CurrentMode = read.CurrentMode;
-    k.EnabledPorts = read.EnabledPorts;
+    const SettingsRead read = InspectSettingsFile(k.SettingsPath);
+    k.BaudRate = read.fields.BaudRate;
+    k.Parity = read.fields.Parity;
+    k.HoldRts = read.fields.HoldRts;
+    k.AvailablePorts = read.fields.AvailablePorts;
+    k.CurrentMode = read.fields.CurrentMode;
+    k.EnabledPorts = read.fields.EnabledPorts;
+    const QString path = QDir::toNativeSeparators(k.SettingsPath);
+    if (read.notPlainFile) {
+        problems << QStringLiteral("Settings.dat at %1 is not a plain file, so it was neither "
+                                   "read nor written. The keyboard starts on its defaults.")
+                        .arg(path);
+    }
 
     const bool incomplete = k.BaudRate.isEmpty() || k.Parity.isEmpty() || k.HoldRts.isEmpty() ||
                             k.AvailablePorts.isEmpty() || k.CurrentMode.isEmpty() ||
@@ -99,10 +107,32 @@ QStringList StartKeyboard(Quellpad_Support_Func& k) {
         }
         fill(k.CurrentMode, kModeD);
         fill(k.EnabledPorts, QStringLiteral("None"));
-        try {
-            k.SaveSettings();
-        } catch (const SettingsError& error) {
-            problems << error.Message();
+        bool rewrite = !read.notPlainFile;
+        if (rewrite && !read.damage.isEmpty()) {
+            // What could not be read may still matter to its owner: it is kept, never lost.
+            const QString unreadable =
+                QStringLiteral("Settings.dat at %1 could not be read as six plain lines (%2)")
+                    .arg(path, read.damage);
+            try {
+                const QString backup = KeepSettingsBackup(k.SettingsPath);
+                problems << unreadable + QStringLiteral(". It has been kept as %1, and a new "
+                                                        "Settings.dat holds the defaults for "
+                                                        "what could not be read.")
+                                             .arg(backup);
+            } catch (const SettingsError& error) {
+                problems << unreadable + QStringLiteral(", and %1, so it was left as it is. The "
+                                                        "keyboard starts on the defaults for "
+                                                        "what could not be read.")
+                                             .arg(error.Message());
+                rewrite = false;
+            }
+        }
+        if (rewrite) {
+            try {
+                k.SaveSettings();
+            } catch (const SettingsError& error) {
+                problems << error.Message();
+            }
         }
     }
 
@@ -111,20 +141,31 @@ QStringList StartKeyboard(Quellpad_Support_Func& k) {
     if (k.CurrentMode == u"T" || k.CurrentMode == u"H") {
         k.CurrentMode = kModeD;
     }
+    if (!IsAsciiMode(k.CurrentMode) && !IsFrameMode(k.CurrentMode)) {
+        problems << QStringLiteral("Settings.dat holds the mode \"%1\", which this keyboard does "
+                                   "not know, so no command is sent and replies are dropped. "
+                                   "Choose a mode in the Mode menu.")
+                        .arg(QuoteValue(k.CurrentMode));
+    }
 
     for (int number = 1; number <= 2; ++number) {
         SerialLine& port = k.Port(number);
         port.SetBufferSizes(kInputBufferBytes, kOutputBufferBytes);
         port.SetInputLength(kInputLength);
+        // Only a port the operator enabled is worth a word; the other keeps its settings
+        // problem until it is enabled.
+        const bool enabled = k.EnabledPorts.contains(PortDigit(number));
         try {
             port.SetSettings(k.LineSettingsText());
-            if (k.EnabledPorts.contains(PortDigit(number))) {
+            if (enabled) {
                 port.Open();
             } else {
                 port.Close();
             }
         } catch (const PortError& error) {
-            problems << error.Message();
+            if (enabled) {
+                problems << error.Message();
+            }
         }
     }
     return problems;

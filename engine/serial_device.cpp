@@ -3,28 +3,28 @@
 #include "errors.h"
 #include "numeric.h"
 
+#include <QFile>
 #include <QStringList>
+
+#ifndef Q_OS_WIN
+#include <cerrno>
+#include <grp.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
 
 namespace quellpad {
 
-namespace {
-
-struct LineSettings {
-    qint32 baud;
-    QSerialPort::Parity parity;
-    QSerialPort::DataBits dataBits;
-    QSerialPort::StopBits stopBits;
-};
-
-bool ParseLineSettings(const QString& text, LineSettings& out) {
+std::optional<LineSettings> ParseLineSettings(const QString& text) {
     const QStringList parts = text.split(u',');
     if (parts.size() != 4) {
-        return false;
+        return std::nullopt;
     }
+    LineSettings out{};
     bool ok = false;
     const int baud = parts[0].trimmed().toInt(&ok);
     if (!ok || baud <= 0) {
-        return false;
+        return std::nullopt;
     }
     out.baud = baud;
     const QString parity = parts[1].trimmed().toLower();
@@ -39,11 +39,11 @@ bool ParseLineSettings(const QString& text, LineSettings& out) {
     } else if (parity == u"s") {
         out.parity = QSerialPort::SpaceParity;
     } else {
-        return false;
+        return std::nullopt;
     }
     const int bits = parts[2].trimmed().toInt(&ok);
     if (!ok || bits < 5 || bits > 8) {
-        return false;
+        return std::nullopt;
     }
     out.dataBits = static_cast<QSerialPort::DataBits>(bits);
     const QString stop = parts[3].trimmed();
@@ -54,18 +54,20 @@ bool ParseLineSettings(const QString& text, LineSettings& out) {
     } else if (stop == u"2") {
         out.stopBits = QSerialPort::TwoStop;
     } else {
-        return false;
+        return std::nullopt;
     }
-    return true;
+    return out;
 }
+
+namespace {
 
 PortFailure FailureOf(QSerialPort::SerialPortError error) {
     switch (error) {
     case QSerialPort::DeviceNotFoundError:
         return PortFailure::NoSuchPort;
     case QSerialPort::PermissionError:
-        // Qt reports a lock held by another program, and a device opened exclusively,
-        // as a permission error: to the keyboard both mean the port exists but is taken.
+        // Qt reports a lock held by another program, a device opened exclusively and a
+        // device this user may not open all alike; Open() tells the last one apart.
         return PortFailure::InUse;
     case QSerialPort::UnsupportedOperationError:
         return PortFailure::NotSerial;
@@ -103,19 +105,20 @@ SerialDevice::SerialDevice(int portNumber, const QString& device, QObject* paren
 }
 
 void SerialDevice::SetSettings(const QString& settings) {
-    LineSettings line{};
-    if (!ParseLineSettings(settings, line)) {
-        throw PortError(portNumber_, device_, PortFailure::BadSettings,
-                        QStringLiteral("the line settings \"%1\" are not valid").arg(settings));
+    const std::optional<LineSettings> line = ParseLineSettings(settings);
+    if (!line) {
+        throw PortError(
+            portNumber_, device_, PortFailure::BadSettings,
+            QStringLiteral("the line settings \"%1\" are not valid").arg(QuoteValue(settings)));
     }
-    const bool applied = port_.setBaudRate(line.baud) && port_.setParity(line.parity) &&
-                         port_.setDataBits(line.dataBits) && port_.setStopBits(line.stopBits);
+    const bool applied = port_.setBaudRate(line->baud) && port_.setParity(line->parity) &&
+                         port_.setDataBits(line->dataBits) && port_.setStopBits(line->stopBits);
     if (!applied) {
         const QString reason = port_.errorString();
         port_.clearError();
         throw PortError(portNumber_, device_, PortFailure::BadSettings,
                         QStringLiteral("the device refused the line settings \"%1\" (%2)")
-                            .arg(settings, reason));
+                            .arg(QuoteValue(settings), reason));
     }
 }
 
@@ -136,10 +139,9 @@ void SerialDevice::ApplyRts() {
 }
 
 void SerialDevice::SetBufferSizes(int /*inputBytes*/, int /*outputBytes*/) {
-    // Every byte is handed to the driver as it is written, and received bytes wait in
-    // QSerialPort's own buffer until the receive events have taken them. That buffer is
-    // left unbounded on purpose: once a bounded one fills, QSerialPort stops reading the
-    // device for good, and the replies would stall.
+    // Every byte is handed to the driver as it is written. Received bytes are bounded by
+    // kReceiveLimit rather than by QSerialPort's read buffer, which must stay unbounded:
+    // once a bounded one fills, QSerialPort stops reading the device for good.
 }
 
 void SerialDevice::SetInputLength(int bytes) {
@@ -154,8 +156,15 @@ void SerialDevice::Open() {
         const QSerialPort::SerialPortError error = port_.error();
         const QString reason = port_.errorString();
         port_.clearError();
+        if (error == QSerialPort::PermissionError) {
+            const QString refusal = AccessRefusal(device_);
+            if (!refusal.isEmpty()) {
+                throw PortError(portNumber_, device_, PortFailure::AccessRefused, refusal);
+            }
+        }
         throw PortError(portNumber_, device_, FailureOf(error), reason);
     }
+    received_.clear();
     port_.setFlowControl(QSerialPort::NoFlowControl);
     ApplyRts();
 }
@@ -165,6 +174,7 @@ void SerialDevice::Close() {
         port_.close();
     }
     port_.clearError();
+    received_.clear();
 }
 
 bool SerialDevice::IsOpen() const {
@@ -188,26 +198,43 @@ void SerialDevice::Output(std::uint8_t byte) {
 }
 
 QByteArray SerialDevice::Input() {
-    return inputLength_ > 0 ? port_.read(inputLength_) : port_.readAll();
+    const qsizetype count =
+        inputLength_ > 0 ? qMin<qsizetype>(inputLength_, received_.size()) : received_.size();
+    QByteArray taken = received_.left(count);
+    received_.remove(0, count);
+    return taken;
 }
 
 void SerialDevice::OnReadyRead() {
-    if (reportingData_) {
+    // Everything the driver delivered is taken at once, so that QSerialPort's own buffer
+    // never fills (a bounded one that fills stops reading the device for good); what
+    // waits for Input() is bounded here instead.
+    received_ += port_.readAll();
+    if (received_.size() > kReceiveLimit) {
+        received_.remove(0, received_.size() - kReceiveLimit);
+    }
+    if (!reportPending_) {
+        ReportReceived();
+    }
+}
+
+void SerialDevice::ReportReceived() {
+    reportPending_ = false;
+    if (reportingData_ || received_.isEmpty() || !port_.isOpen()) {
         return;
     }
     reportingData_ = true;
-    // One event per input length: the handler reads at most that many bytes, and what it
-    // leaves must not wait for the next arrival to be shown.
-    qint64 waiting = port_.bytesAvailable();
-    while (waiting > 0 && port_.isOpen()) {
-        emit CommEvent(kDataReceived);
-        const qint64 left = port_.isOpen() ? port_.bytesAvailable() : 0;
-        if (left >= waiting) {
-            break; // the handler took nothing (a mode that ignores replies)
-        }
-        waiting = left;
-    }
+    const qsizetype waiting = received_.size();
+    emit CommEvent(kDataReceived);
     reportingData_ = false;
+    // One event per input length. What the handler left is reported at the next turn of
+    // the event loop rather than at once, so that under a flood the timers between (the
+    // dispatcher, retransmission) still keep their periods. A handler that took nothing
+    // (a mode that shows no replies) waits for the next arrival.
+    if (port_.isOpen() && !received_.isEmpty() && received_.size() < waiting) {
+        reportPending_ = true;
+        QMetaObject::invokeMethod(this, &SerialDevice::ReportReceived, Qt::QueuedConnection);
+    }
 }
 
 void SerialDevice::OnError(QSerialPort::SerialPortError error) {
@@ -217,12 +244,40 @@ void SerialDevice::OnError(QSerialPort::SerialPortError error) {
     }
     // A device that went away (a pulled USB adapter, a hung-up line) fails every read, and
     // the driver repeats the error for as long as the port stays open; closing here
-    // reports it once and stops the repetition.
-    const QString reason = port_.errorString();
+    // reports it once and stops the repetition. The driver's own text is left out: it
+    // quotes whatever system error came last, which is seldom this one.
     port_.close();
     port_.clearError();
-    emit LineFailed(PortError(portNumber_, device_, PortFailure::Vanished, reason).Message());
+    received_.clear();
+    emit LineFailed(PortError(portNumber_, device_, PortFailure::Vanished,
+                              QStringLiteral("the device was unplugged or hung up"))
+                        .Message());
 }
+
+#ifdef Q_OS_WIN
+QString AccessRefusal(const QString& /*device*/) {
+    // Windows reports a port held by another program as access denied; rights on
+    // serial ports are not given per user there.
+    return {};
+}
+#else
+QString AccessRefusal(const QString& device) {
+    const QByteArray path = QFile::encodeName(device);
+    if (::access(path.constData(), R_OK | W_OK) == 0 || errno != EACCES) {
+        return {};
+    }
+    QString refusal = QStringLiteral("Access to %1 was refused.").arg(device);
+    struct stat info {};
+    if (::stat(path.constData(), &info) == 0) {
+        if (const group* owner = ::getgrgid(info.st_gid); owner && owner->gr_name) {
+            return refusal + QStringLiteral(" Ask for membership of the group \"%1\", which "
+                                            "owns it, then log in again.")
+                                 .arg(QString::fromLocal8Bit(owner->gr_name));
+        }
+    }
+    return refusal + QStringLiteral(" Ask for read and write access to it.");
+}
+#endif
 
 std::unique_ptr<SerialLine> MakeDeviceLine(int portNumber) {
     return std::make_unique<SerialDevice>(portNumber, DeviceForPort(portNumber));

@@ -5,8 +5,29 @@
 #include <QSerialPort>
 
 #include <memory>
+#include <optional>
 
 namespace quellpad {
+
+// A line settings text such as "9600,e,8,1" as the driver takes it.
+struct LineSettings {
+    qint32 baud;
+    QSerialPort::Parity parity;
+    QSerialPort::DataBits dataBits;
+    QSerialPort::StopBits stopBits;
+};
+// Baud rate, parity letter (n, e, o, m, s), data bits 5..8 and stop bits 1, 1.5 or 2;
+// nothing for any other text.
+std::optional<LineSettings> ParseLineSettings(const QString& text);
+
+// What the operator is to read when the device refused to be opened by this user: who
+// owns it and how to get access. Empty when access is not the reason (the device is
+// held by another program, or the platform has no such rights).
+QString AccessRefusal(const QString& device);
+
+// Most bytes that wait for Input() between two reads; older ones are dropped first, so
+// that a line flooding the keyboard cannot make it grow.
+inline constexpr qsizetype kReceiveLimit = 16384;
 
 // The device path a COM port number is bound to: QUELLPAD_COM1 / QUELLPAD_COM2 when
 // set, otherwise the platform's first and second serial device.
@@ -31,8 +52,12 @@ public:
     void Output(std::uint8_t byte) override;
     QByteArray Input() override;
 
+    // Bytes received and not yet taken by Input().
+    qsizetype BytesWaiting() const { return received_.size(); }
+
 private:
     void OnReadyRead();
+    void ReportReceived();
     void OnError(QSerialPort::SerialPortError error);
     void ApplyRts();
 
@@ -42,6 +67,8 @@ private:
     bool rts_ = false;
     int inputLength_ = 0;
     bool reportingData_ = false;
+    bool reportPending_ = false;
+    QByteArray received_;
 };
 
 // Makes the line for a COM port number; the keyboard asks it for COM 1 and COM 2.

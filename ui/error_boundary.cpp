@@ -16,14 +16,20 @@ QString ErrorBoundary::Describe(const std::exception& error) {
 void ErrorBoundary::Report(const char* entryPoint, const QString& message) noexcept {
     try {
         const QString key = QLatin1String(entryPoint);
-        if (lastFailure_.value(key) == message) {
-            return;
+        if (repeating_.contains(key)) {
+            if (lastFailure_.value(key) == message) {
+                return;
+            }
+            lastFailure_.insert(key, message);
         }
-        lastFailure_.insert(key, message);
         ShowMessage(owner_, {message, QStringLiteral("Error"), MessageButtons::Ok});
     } catch (...) {
         // Nothing is left to tell the operator with; the program goes on.
     }
+}
+
+void ErrorBoundary::SetRepeating(const char* entryPoint) {
+    repeating_.insert(QLatin1String(entryPoint));
 }
 
 } // namespace quellpad::ui

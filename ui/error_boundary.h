@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QHash>
+#include <QSet>
 #include <QString>
 
 #include <exception>
@@ -12,8 +13,9 @@ namespace quellpad::ui {
 
 // The one guard between the event loop and the program's handlers. A handler that
 // fails ends there; the operator is told in a message and the program keeps running.
-// An entry point that keeps failing the same way (a timer tick that meets the same dead
-// port every 100 ms) tells it once, until that entry point next succeeds.
+// An entry point that runs by itself again and again (a timer tick, a receive event) and
+// keeps failing the same way tells it once, until it next succeeds; every other failure
+// is told each time, as the operator asked for that action.
 class ErrorBoundary {
 public:
     explicit ErrorBoundary(QWidget* owner) : owner_(owner) {}
@@ -30,14 +32,19 @@ public:
     }
 
     // Tells the operator of a failure that did not come from a handler of this window
-    // (a port that vanished, a start-up problem), once for each distinct text in a row.
+    // (a port that vanished, a start-up problem); for a repeating entry point only once
+    // for each distinct text in a row.
     void Report(const char* entryPoint, const QString& message) noexcept;
+
+    // Marks an entry point that runs by itself again and again.
+    void SetRepeating(const char* entryPoint);
 
 private:
     static QString Describe(const std::exception& error);
 
     QWidget* owner_;
     QHash<QString, QString> lastFailure_;
+    QSet<QString> repeating_;
 };
 
 } // namespace quellpad::ui

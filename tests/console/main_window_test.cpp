@@ -2,6 +2,7 @@
 
 #include "console/frm_main.h"
 #include "console/receiver.h"
+#include "engine/serial_device.h"
 #include "ui/controls.h"
 #include "ui/proportional_layout.h"
 
@@ -20,6 +21,9 @@
 #include <QSet>
 #include <QTest>
 #include <QTimer>
+
+#include <cstdio>
+#include <unistd.h>
 
 namespace quellpad::test {
 namespace {
@@ -240,6 +244,81 @@ TEST_F(MainWindowTest, AnUnpluggedPortIsReportedOnceAndItsItemUnchecked) {
         QStringLiteral("COM 1 (%1) stopped working").arg(keyboard_->MSComm1().Device())));
     EXPECT_FALSE(Child<QAction>("Com1Option")->isChecked());
     EXPECT_TRUE(Child<QLabel>("PortBindingsLabel")->text().contains(u"(closed)"));
+}
+
+TEST_F(MainWindowTest, AnUnpluggedDeviceIsWatchedForAndReopenedEachTimeItComesBack) {
+    // COM 1 is bound to a link that the test points at a new pseudo-terminal each time,
+    // as a USB adapter comes back under the same name.
+    const QString link = dir_.filePath(QStringLiteral("com1"));
+    const auto pointAt = [&](const QString& device) {
+        const QString fresh = link + QStringLiteral(".new");
+        ASSERT_EQ(symlink(QFile::encodeName(device).constData(), QFile::encodeName(fresh)), 0);
+        ASSERT_EQ(rename(QFile::encodeName(fresh).constData(), QFile::encodeName(link)), 0);
+    };
+    std::vector<std::unique_ptr<PseudoTerminal>> devices;
+    devices.push_back(std::make_unique<PseudoTerminal>());
+    pointAt(devices.back()->SlavePath());
+    Bind(1, link);
+    Start("D");
+    auto* echo = Child<QLabel>("COM1CommandLabel");
+    for (int plug = 1; plug <= 3; ++plug) {
+        keyboard_->Data1 = static_cast<std::uint8_t>(20 + plug);
+        ASSERT_EQ(devices.back()->Read(7).size(), 7);
+        ASSERT_FALSE(echo->text().isEmpty());
+
+        devices.back()->Hangup();
+        ASSERT_TRUE(WaitUntil([&] { return ShownMessages().size() == 2 * plug - 1; }));
+        EXPECT_EQ(ShownMessages().back().text,
+                  QStringLiteral("COM 1 (%1) stopped working and has been closed: the device was "
+                                 "unplugged or hung up.")
+                      .arg(link));
+        EXPECT_TRUE(echo->text().isEmpty());
+        EXPECT_FALSE(Child<QAction>("Com1Option")->isChecked());
+        EXPECT_TRUE(ReadSettings().endsWith("\r\n1\r\n")) << "the port stays enabled";
+        EXPECT_TRUE(Child<QTimer>("PortWatchTimer")->isActive());
+        if (plug == 1) { // the other port's item keeps this one enabled
+            Choose("Com2Option");
+            EXPECT_TRUE(ReadSettings().endsWith("\r\n1 2\r\n"));
+            Choose("Com2Option");
+            EXPECT_TRUE(ReadSettings().endsWith("\r\n1\r\n"));
+        }
+
+        devices.push_back(std::make_unique<PseudoTerminal>());
+        pointAt(devices.back()->SlavePath());
+        ASSERT_TRUE(WaitUntil([&] { return ShownMessages().size() == 2 * plug; }));
+        EXPECT_EQ(ShownMessages().back().text,
+                  QStringLiteral("COM 1 (%1) is back and has been opened again.").arg(link));
+        EXPECT_TRUE(Child<QAction>("Com1Option")->isChecked());
+        EXPECT_FALSE(Child<QTimer>("PortWatchTimer")->isActive());
+    }
+    keyboard_->Data1 = 40;
+    EXPECT_EQ(devices.back()->Read(7), QByteArray::fromHex("ff010000280029"));
+}
+
+TEST_F(MainWindowTest, EveryFailedClickOnAComItemIsTold) {
+    Bind(2, QStringLiteral("/dev/quellpad-missing"));
+    Start("D", "None");
+    Choose("Com2Option");
+    Choose("Com2Option");
+    ASSERT_EQ(ShownMessages().size(), 2);
+    EXPECT_EQ(ShownMessages()[1].text, ShownMessages()[0].text);
+    EXPECT_TRUE(ShownMessages()[1].text.startsWith(
+        QStringLiteral("COM 2 (/dev/quellpad-missing) could not be opened")));
+}
+
+TEST_F(MainWindowTest, AStoredModeNoItemMatchesSendsNothingAndDropsWhatArrives) {
+    Start("ZZ", "1");
+    ASSERT_TRUE(WaitUntil([] { return !ShownMessages().isEmpty(); }));
+    EXPECT_TRUE(ShownMessages()[0].text.contains(u"Choose a mode in the Mode menu."));
+    for (const char* item : {"D_Protocol_Menu_Option", "P_Protocol_Menu_Option",
+                             "ASCII_Menu_Option", "MUX_ASCII_Option"}) {
+        EXPECT_FALSE(Child<QAction>(item)->isChecked()) << item;
+    }
+    keyboard_->Data1 = 20;
+    com1_.Write(QByteArray(100000, 'a'));
+    EXPECT_EQ(com1_.Drain(300), QByteArray());
+    EXPECT_EQ(dynamic_cast<SerialDevice&>(keyboard_->MSComm1()).BytesWaiting(), 0);
+    EXPECT_EQ(ShownMessages().size(), 1);
 }
 
 TEST_F(MainWindowTest, StartUpFromTheFile) {

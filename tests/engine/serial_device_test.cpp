@@ -3,7 +3,16 @@
 #include "engine/errors.h"
 #include "engine/serial_device.h"
 
+#include <QElapsedTimer>
+#include <QFile>
 #include <QSignalSpy>
+#include <QThread>
+#include <QTimer>
+
+#include <grp.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace quellpad::test {
 namespace {
@@ -43,8 +52,10 @@ TEST_F(SerialDeviceTest, AVanishedDeviceIsReportedOnceAndTheLineCloses) {
     ASSERT_TRUE(WaitUntil([&] { return !failed.isEmpty(); }));
     com1_.Drain(100);
     ASSERT_EQ(failed.size(), 1) << "told once, however often the driver repeats it";
-    EXPECT_TRUE(failed[0][0].toString().startsWith(
-        QStringLiteral("COM 2 (%1) stopped working").arg(port.Device())));
+    EXPECT_EQ(failed[0][0].toString(), QStringLiteral("COM 2 (%1) stopped working and has been "
+                                                      "closed: the device was unplugged or hung "
+                                                      "up.")
+                                           .arg(port.Device()));
     EXPECT_FALSE(port.IsOpen());
     EXPECT_THROW(port.Output(0xFF), PortError);
 }
@@ -67,6 +78,85 @@ TEST_F(SerialDeviceTest, ARepliesLongerThanTheInputLengthArriveInSeveralEvents) 
     for (const QByteArray& read : reads) {
         EXPECT_LE(read.size(), 30);
     }
+}
+
+TEST_F(SerialDeviceTest, AFloodNobodyReadsIsBoundedAndKeepsTheLatestBytes) {
+    SerialDevice port(1, com1_.SlavePath());
+    port.SetInputLength(0);
+    port.Open();
+    QByteArray flood;
+    for (int i = 0; i < 20000; ++i) {
+        flood += QByteArray::number(i % 10);
+    }
+    com1_.Write(flood + flood + flood + "end");
+    ASSERT_TRUE(WaitUntil([&] { return port.BytesWaiting() > 0 && com1_.Drain(50).isEmpty(); }));
+    com1_.Drain(100);
+    const QByteArray kept = port.Input();
+    EXPECT_EQ(kept.size(), kReceiveLimit);
+    EXPECT_TRUE(kept.endsWith("end"));
+}
+
+TEST_F(SerialDeviceTest, TimersKeepTheirPeriodWhileAFloodIsReported) {
+    SerialDevice port(1, com1_.SlavePath());
+    port.SetInputLength(30);
+    port.Open();
+    qsizetype taken = 0;
+    QObject::connect(&port, &SerialLine::CommEvent, [&](int) {
+        taken += port.Input().size();
+        QThread::msleep(1); // a response box that takes its time
+    });
+    QTimer tick;
+    tick.setTimerType(Qt::PreciseTimer);
+    tick.setInterval(20);
+    QElapsedTimer clock;
+    qint64 last = 0, longestGap = 0;
+    QObject::connect(&tick, &QTimer::timeout, [&] {
+        longestGap = qMax(longestGap, clock.elapsed() - last);
+        last = clock.elapsed();
+    });
+    clock.start();
+    tick.start();
+    com1_.Write(QByteArray(kReceiveLimit, 'x'));
+    ASSERT_TRUE(WaitUntil([&] { return taken >= kReceiveLimit - 4096; }, 10000));
+    EXPECT_LT(longestGap, 60) << "one reply event at a time between the timers' ticks";
+}
+
+TEST_F(SerialDeviceTest, ADeviceThisUserMayNotOpenIsToldAsRefusedWithTheGroupThatOwnsIt) {
+    const QByteArray path = QFile::encodeName(com1_.SlavePath());
+    const group* dialout = getgrnam("dialout");
+    ASSERT_NE(dialout, nullptr);
+    ASSERT_EQ(chown(path.constData(), 0, dialout->gr_gid), 0);
+    ASSERT_EQ(chmod(path.constData(), 0660), 0);
+    // Root may open anything: the attempt is made as an unprivileged user.
+    int pipeEnds[2];
+    ASSERT_EQ(pipe(pipeEnds), 0);
+    const pid_t child = fork();
+    if (child == 0) {
+        QByteArray told = "opened";
+        if (setgid(65534) == 0 && setuid(65534) == 0) {
+            try {
+                SerialDevice port(1, com1_.SlavePath());
+                port.Open();
+            } catch (const PortError& error) {
+                told = error.Message().toUtf8();
+            }
+        }
+        (void)!write(pipeEnds[1], told.constData(), static_cast<size_t>(told.size()));
+        _exit(0);
+    }
+    close(pipeEnds[1]);
+    QByteArray told;
+    char buffer[512];
+    for (ssize_t n; (n = read(pipeEnds[0], buffer, sizeof buffer)) > 0;) {
+        told.append(buffer, n);
+    }
+    close(pipeEnds[0]);
+    waitpid(child, nullptr, 0);
+    EXPECT_EQ(QString::fromUtf8(told),
+              QStringLiteral("COM 1 (%1) could not be opened. Access to %1 was refused. Ask for "
+                             "membership of the group \"dialout\", which owns it, then log in "
+                             "again.")
+                  .arg(com1_.SlavePath()));
 }
 
 TEST_F(SerialDeviceTest, BindingsComeFromTheEnvironment) {

@@ -6,8 +6,11 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QLockFile>
 #include <QSerialPort>
+
+#include <sys/stat.h>
 
 namespace quellpad::test {
 namespace {
@@ -27,14 +30,118 @@ TEST_F(SettingsTest, DamagedFilesAreCompletedWithDefaultsAndRewritten) {
         {"complete", full, full},
         {"extra lines are ignored", full + "junk\r\nmore\r\n", full + "junk\r\nmore\r\n"},
         {"line feeds only", "4800\no\nFalse\n1\nASCII\nNone", "4800\no\nFalse\n1\nASCII\nNone"},
-        {"binary junk", QByteArray("\x01\xff\x00zz\r\nn\r\n", 10) + "False\r\n1 2\r\nD\r\nNone\r\n",
-         "2400\r\nn\r\nFalse\r\n1 2\r\nD\r\nNone\r\n"},
     };
     for (const Case& c : cases) {
         WriteSettings(c.content);
         MakeKeyboard();
         EXPECT_TRUE(StartKeyboard(*keyboard_).isEmpty()) << c.name;
         EXPECT_EQ(ReadSettings(), c.rewritten) << c.name;
+    }
+}
+
+TEST_F(SettingsTest, AFileThatCannotBeReadAsPlainLinesIsKeptBeforeItIsRewritten) {
+    const QByteArray rest = "False\r\n1 2\r\nD\r\nNone\r\n";
+    struct Case {
+        const char* name;
+        QByteArray content;
+        const char* damage;
+    };
+    const Case cases[] = {
+        {"binary", QByteArray("\x01\xff\x00zz\r\nn\r\n", 10) + rest,
+         "line 1 holds characters that are not plain text"},
+        {"UTF-16",
+         QByteArray("\xff\xfe"
+                    "9\0"
+                    "6\0"
+                    "0\0"
+                    "0\0\r\0\n\0",
+                    16),
+         "line 1 holds characters"},
+        {"a line over 4 KB", "9600\r\n" + QByteArray(5000, 'e') + "\r\n" + rest,
+         "line 2 is longer than 4096 characters"},
+        {"a last line over 4 KB", "9600\r\n" + QByteArray(30000, 'e'),
+         "line 2 is longer than 4096 characters"},
+    };
+    const QStringList backups{"Settings.dat.bak", "Settings.dat.bak.1", "Settings.dat.bak.2",
+                              "Settings.dat.bak.3"};
+    for (int i = 0; i < 4; ++i) {
+        const Case& c = cases[i];
+        WriteSettings(c.content);
+        MakeKeyboard();
+        const QStringList problems = StartKeyboard(*keyboard_);
+        ASSERT_EQ(problems.size(), 1) << c.name;
+        EXPECT_TRUE(problems[0].contains(QLatin1String(c.damage))) << problems[0].toStdString();
+        EXPECT_TRUE(problems[0].contains(QStringLiteral("kept as ") + backups[i]))
+            << problems[0].toStdString();
+        QFile kept(dir_.filePath(backups[i]));
+        ASSERT_TRUE(kept.open(QIODevice::ReadOnly)) << c.name;
+        EXPECT_EQ(kept.readAll(), c.content) << "an older backup is never replaced";
+        EXPECT_TRUE(ReadSettings().startsWith(c.content.startsWith("9600") ? "9600\r\nn\r\n"
+                                                                           : "2400\r\nn\r\n"))
+            << c.name;
+    }
+
+    for (int n = 4; n <= 9; ++n) {
+        WriteSettings("taken");
+        QFile::copy(SettingsPath(), SettingsPath() + QStringLiteral(".bak.%1").arg(n));
+    }
+    WriteSettings(cases[0].content);
+    MakeKeyboard();
+    const QStringList problems = StartKeyboard(*keyboard_);
+    ASSERT_EQ(problems.size(), 1);
+    EXPECT_TRUE(problems[0].contains(u"are all taken, so it was left as it is"))
+        << problems[0].toStdString();
+    EXPECT_EQ(ReadSettings(), cases[0].content);
+    EXPECT_EQ(keyboard_->BaudRate, QStringLiteral("2400"));
+}
+
+TEST_F(SettingsTest, ASettingsPathThatIsNoPlainFileIsRefusedAndTheKeyboardStartsOnDefaults) {
+    ASSERT_EQ(mkfifo(QFile::encodeName(SettingsPath()).constData(), 0600), 0);
+    const QStringList problems = StartKeyboard(*keyboard_); // would wait for a writer for ever
+    ASSERT_EQ(problems.size(), 1);
+    EXPECT_EQ(problems[0], QStringLiteral("Settings.dat at %1 is not a plain file, so it was "
+                                          "neither read nor written. The keyboard starts on its "
+                                          "defaults.")
+                               .arg(SettingsPath()));
+    EXPECT_EQ(keyboard_->LineSettingsText(), QStringLiteral("2400,n,8,1"));
+    EXPECT_TRUE(QFileInfo(SettingsPath()).isFile() == false);
+    EXPECT_THROW(keyboard_->SaveSettings(), SettingsError);
+}
+
+TEST_F(SettingsTest, BadValuesAreQuotedShortAndOnlyForEnabledPorts) {
+    WriteSettings(QByteArray(4000, 'z') + "\r\nn\r\nFalse\r\n1 2\r\nD\r\n1\r\n");
+    MakeKeyboard();
+    const QStringList problems = StartKeyboard(*keyboard_);
+    ASSERT_EQ(problems.size(), 1) << "COM 2 is not enabled";
+    EXPECT_EQ(problems[0], QStringLiteral("COM 1 (%1): the line settings \"%2...\" are not valid")
+                               .arg(com1_.SlavePath(), QString(40, u'z')));
+
+    struct Quote {
+        QString value;
+        const char* quoted;
+    };
+    const Quote quotes[] = {
+        {QStringLiteral("D "), "D "},
+        {QStringLiteral("a\tb\x7f"), "a\\x09b\\x7F"},
+        {QString(41, u'x'), "xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx..."},
+        {QString(20, QChar(1)), "\\x01\\x01\\x01\\x01\\x01\\x01\\x01\\x01\\x01\\x01..."}};
+    for (const Quote& q : quotes) {
+        EXPECT_EQ(QuoteValue(q.value), QLatin1String(q.quoted));
+    }
+}
+
+TEST_F(SettingsTest, AStoredModeNoMenuItemMatchesIsTold) {
+    for (const char* mode : {"ZZ", "D "}) {
+        WriteSettings(QByteArray("2400\r\nn\r\nFalse\r\n1 2\r\n") + mode + "\r\nNone\r\n");
+        MakeKeyboard();
+        const QStringList problems = StartKeyboard(*keyboard_);
+        ASSERT_EQ(problems.size(), 1) << mode;
+        EXPECT_EQ(problems[0],
+                  QStringLiteral("Settings.dat holds the mode \"%1\", which this keyboard does not "
+                                 "know, so no command is sent and replies are dropped. Choose a "
+                                 "mode in the Mode menu.")
+                      .arg(QLatin1String(mode)));
+        EXPECT_EQ(keyboard_->CurrentMode, QLatin1String(mode));
     }
 }
 
