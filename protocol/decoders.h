@@ -24,6 +24,8 @@ public:
         Feed(bytes, out);
         return out;
     }
+    // Part of a frame has been heard and the rest is awaited.
+    virtual bool InFrame() const { return false; }
     // Frames or texts thrown away so far.
     std::size_t Rejected() const { return rejected_; }
 
@@ -36,6 +38,7 @@ class DFrameDecoder final : public Decoder {
 public:
     using Decoder::Feed;
     void Feed(std::span<const std::uint8_t> bytes, std::vector<Command>& out) override;
+    bool InFrame() const override { return !frame_.empty(); }
 
 private:
     std::string frame_;
@@ -46,6 +49,7 @@ class PFrameDecoder final : public Decoder {
 public:
     using Decoder::Feed;
     void Feed(std::span<const std::uint8_t> bytes, std::vector<Command>& out) override;
+    bool InFrame() const override { return !frame_.empty(); }
 
 private:
     std::string frame_;

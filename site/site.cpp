@@ -99,22 +99,33 @@ void Site::ToSwitcher(const protocol::Command& command, std::string& reply) {
 
 std::string Site::Hear(std::span<const std::uint8_t> bytes) {
     std::string reply;
-    decoded_.clear();
-    d_.Feed(bytes, decoded_);
-    p_.Feed(bytes, decoded_);
-    for (const protocol::Command& command : decoded_) {
-        ToCamera(command, reply);
-    }
-    decoded_.clear();
-    ascii_.Feed(bytes, decoded_);
-    for (const protocol::Command& command : decoded_) {
-        ToSwitcher(command, reply);
-    }
-    decoded_.clear();
-    mux_.Feed(bytes, decoded_);
-    for (const protocol::Command& command : decoded_) {
-        Log(multiplexerLog_, Prefix(command.language) + command.Describe());
-        multiplexer_.Apply(command);
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+        const auto byte = bytes.subspan(i, 1);
+        decoded_.clear();
+        const bool framing = d_.InFrame() || p_.InFrame();
+        d_.Feed(byte, decoded_);
+        p_.Feed(byte, decoded_);
+        // A text that ends inside a D or P frame is made of the frame's own bytes: the
+        // switcher and the multiplexer on a shared wire let it pass.
+        const bool inFrame = framing || !decoded_.empty() || d_.InFrame() || p_.InFrame();
+        for (const protocol::Command& command : decoded_) {
+            ToCamera(command, reply);
+        }
+        decoded_.clear();
+        ascii_.Feed(byte, decoded_);
+        for (const protocol::Command& command : decoded_) {
+            if (!inFrame) {
+                ToSwitcher(command, reply);
+            }
+        }
+        decoded_.clear();
+        mux_.Feed(byte, decoded_);
+        for (const protocol::Command& command : decoded_) {
+            if (!inFrame) {
+                Log(multiplexerLog_, Prefix(command.language) + command.Describe());
+                multiplexer_.Apply(command);
+            }
+        }
     }
     ++version_;
     return reply;

@@ -2,6 +2,9 @@
 
 #include "console/frm_main.h"
 #include "site/simulated_line.h"
+#include "site_window/frm_simulated_site.h"
+
+#include <QAction>
 
 #include <QPlainTextEdit>
 #include <QTest>
@@ -97,6 +100,30 @@ TEST_F(SimulatedDriveTest, MonitorAndCameraSelectedOnTheSwitcher) {
     EXPECT_EQ(Site1().Switcher().SelectedMonitor(), 4);
     EXPECT_EQ(Site1().Switcher().CameraOn(4), 7);
     EXPECT_EQ(Site1().SwitcherLog().back(), "ASCII: camera 7");
+}
+
+TEST_F(SimulatedDriveTest, SiteWindowIsMadeAtTheFirstRequestAndSitsBesideTheKeyboard) {
+    Start("D");
+    EXPECT_EQ(window_->findChild<QWidget*>(QStringLiteral("FrmSimulatedSite")), nullptr);
+    window_->findChild<QAction*>(QStringLiteral("SimulatedSiteOption"))->trigger();
+    auto* site = window_->findChild<QWidget*>(QStringLiteral("FrmSimulatedSite"));
+    ASSERT_NE(site, nullptr);
+    EXPECT_TRUE(site->isVisible());
+    EXPECT_FALSE(site->isModal());
+    EXPECT_TRUE(window_->isEnabled());
+    EXPECT_NE(site->findChild<QWidget*>(QStringLiteral("COM2SitePanel")), nullptr);
+
+    keyboard_->SetCommandBytes(0, 0x4B, 0x46, 0x50); // set pan 180.00
+    QWidget* com1 = site->findChild<QWidget*>(QStringLiteral("COM1SitePanel"));
+    QWidget* camera = com1->findChild<QWidget*>(QStringLiteral("Camera1View"));
+    EXPECT_TRUE(WaitUntil([&] { return camera->accessibleDescription().startsWith("pan 180.00"); }))
+        << camera->accessibleDescription().toStdString() << " site pan " << Site1().Camera(1).Pan()
+        << " log " << Site1().CameraLog(1).size();
+    auto* log = com1->findChild<QPlainTextEdit*>(QStringLiteral("CameraLogTextBox"));
+    EXPECT_TRUE(log->toPlainText().contains(QStringLiteral("D: set pan 180.00")));
+
+    window_->findChild<QAction*>(QStringLiteral("SimulatedSiteOption"))->trigger();
+    EXPECT_EQ(window_->findChildren<site_window::FrmSimulatedSite*>().size(), 1);
 }
 
 } // namespace
