@@ -14,6 +14,10 @@ namespace {
 // Steps of the simulation while something moves: smooth enough for the picture, few
 // enough to cost nothing.
 constexpr int kStepMs = 20;
+// The receive side hands over what has arrived at most this often, as a UART driver
+// gathers bytes before it wakes the program: a fast line costs a few wake-ups, not one
+// per byte.
+constexpr int kDeliveryMs = 4;
 // Answers waiting to leave beyond this are lost, as a flooded receiver drops them.
 constexpr std::size_t kSendLimit = 4096;
 
@@ -156,7 +160,7 @@ void SimulatedLine::Pace() {
     if (sent_ < sending_.size()) {
         const double nextNs = static_cast<double>(sent_ + 1) * byteNs -
                               static_cast<double>(clock_.nsecsElapsed() - sendingSince_);
-        paceTimer_.start(std::max(1, static_cast<int>(std::ceil(nextNs / 1e6))));
+        paceTimer_.start(std::max(kDeliveryMs, static_cast<int>(std::ceil(nextNs / 1e6))));
     } else {
         sending_.clear();
         sent_ = 0;

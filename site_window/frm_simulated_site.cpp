@@ -3,6 +3,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -228,6 +229,14 @@ void FrmSimulatedSite::showEvent(QShowEvent* event) {
     SiteRefreshTimer->start();
     SiteRefreshTimer_Timer();
     QWidget::showEvent(event);
+}
+
+void FrmSimulatedSite::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape) {
+        close();
+        return;
+    }
+    QWidget::keyPressEvent(event);
 }
 
 void FrmSimulatedSite::hideEvent(QHideEvent* event) {
