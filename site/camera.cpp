@@ -15,6 +15,9 @@ constexpr double kLensPerSecond = 0.3;
 constexpr std::array<double, 4> kZoomTravelSeconds = {8.0, 5.5, 4.0, 2.5};
 constexpr std::size_t kPatternSteps = 1024;
 constexpr double kPatternSeconds = 300.0;
+// A pattern shorter than this is a slip of the finger, not a tour: it is not kept, and a
+// run never loops faster than this.
+constexpr double kShortestPattern = 0.1;
 constexpr int kMenuPreset = 95;
 constexpr int kFlipPreset = 33;
 constexpr int kZeroPanPreset = 34;
@@ -342,7 +345,10 @@ std::string SimCamera::Apply(const protocol::Command& command) {
         }
         break;
     case Kind::EndPatternRecord:
-        if (recording_ != 0 && n == recording_) {
+        if (recording_ != 0 && n == recording_ && recordClock_ < kShortestPattern) {
+            recording_ = 0;
+            recorded_ = {};
+        } else if (recording_ != 0 && n == recording_) {
             recorded_.length = recordClock_;
             recorded_.steps.push_back({recordClock_, {}});
             patterns_[static_cast<std::size_t>(n - 1)] = std::move(recorded_);
@@ -353,7 +359,7 @@ std::string SimCamera::Apply(const protocol::Command& command) {
     case Kind::RunPattern:
         if (n >= 1 && n <= static_cast<int>(patterns_.size()) &&
             patterns_[static_cast<std::size_t>(n - 1)] &&
-            patterns_[static_cast<std::size_t>(n - 1)]->length > 0) {
+            patterns_[static_cast<std::size_t>(n - 1)]->length >= kShortestPattern) {
             target_.reset();
             running_ = n;
             runClock_ = 0;
@@ -461,18 +467,33 @@ void SimCamera::Advance(double seconds) {
             recorded_ = {};
         }
     }
-    if (running_ != 0) {
-        const Pattern& pattern = *patterns_[static_cast<std::size_t>(running_ - 1)];
-        runClock_ += seconds;
-        if (runClock_ >= pattern.length) {
-            runClock_ = std::fmod(runClock_, pattern.length);
-            runStep_ = 0;
-        }
+    if (running_ == 0) {
+        Move(seconds);
+        return;
+    }
+    // A running pattern changes the motion at its recorded moments: the time is cut at
+    // each of them, so a step of any length follows the pattern exactly.
+    const Pattern& pattern = *patterns_[static_cast<std::size_t>(running_ - 1)];
+    while (seconds > 0) {
         while (runStep_ < pattern.steps.size() && pattern.steps[runStep_].at <= runClock_) {
             motion_ = pattern.steps[runStep_].motion;
             ++runStep_;
         }
+        if (runStep_ == pattern.steps.size() && runClock_ >= pattern.length) {
+            runClock_ = 0;
+            runStep_ = 0;
+            continue;
+        }
+        const double next =
+            runStep_ < pattern.steps.size() ? pattern.steps[runStep_].at : pattern.length;
+        const double piece = std::min(seconds, next - runClock_);
+        Move(piece);
+        runClock_ += piece;
+        seconds -= piece;
     }
+}
+
+void SimCamera::Move(double seconds) {
     if (target_) {
         const auto& [azimuth, tilt, zoom] = *target_;
         double turn = Wrap(azimuth - azimuth_);

@@ -108,6 +108,7 @@ private:
     };
 
     void SetMotion(const protocol::Motion& motion);
+    void Move(double seconds);
     void StepMenu(const protocol::Motion& motion);
     void TravelTo(double azimuth, double tilt, double zoom);
     std::array<double, 3> Destination() const;

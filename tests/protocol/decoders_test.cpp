@@ -262,5 +262,39 @@ TEST(AsciiDecoders, CutAndOverlongTextsAreLostAsOnARealLine) {
     EXPECT_EQ(decoder.Rejected(), 2u);
 }
 
+TEST(AllDecoders, HowTheLineIsSplitIntoReadsChangesNothing) {
+    // Every language and its noise on one wire, read in pieces of every size from 1 to 23.
+    const std::string wire = protocol::BuildDFrame(1, 0, 0x02, 0x20, 0) + "12Ma\r" +
+                             protocol::BuildPFrame(3, 0, 0x03, 0, 5) + "dLm~dLm" +
+                             protocol::BuildDReply(1, 0x59, 1234) + " 12YaGATE!a" +
+                             protocol::BuildGeneralReply(2) + "\xFF\x01\x00laX" +
+                             protocol::BuildDFrame(2, 0, 0x51, 0, 0) + "sa16#m";
+    using Make = std::unique_ptr<protocol::Decoder> (*)();
+    const Make makers[] = {
+        [] { return std::unique_ptr<protocol::Decoder>(new protocol::DFrameDecoder); },
+        [] { return std::unique_ptr<protocol::Decoder>(new protocol::PFrameDecoder); },
+        [] { return std::unique_ptr<protocol::Decoder>(new protocol::DReplyDecoder); },
+        [] {
+            return std::unique_ptr<protocol::Decoder>(new protocol::AsciiDecoder(Language::Ascii));
+        },
+        [] {
+            return std::unique_ptr<protocol::Decoder>(
+                new protocol::AsciiDecoder(Language::MuxAscii));
+        },
+    };
+    for (const Make make : makers) {
+        const auto whole = Words(make()->Feed(AsBytes(wire)));
+        EXPECT_FALSE(whole.empty());
+        for (std::size_t piece = 1; piece < 24; ++piece) {
+            auto decoder = make();
+            std::vector<Command> pieces;
+            for (std::size_t at = 0; at < wire.size(); at += piece) {
+                decoder->Feed(AsBytes(std::string_view(wire).substr(at, piece)), pieces);
+            }
+            EXPECT_EQ(Words(pieces), whole) << "pieces of " << piece;
+        }
+    }
+}
+
 } // namespace
 } // namespace quellpad::test
