@@ -2,8 +2,8 @@
 
 #include "engine/numeric.h"
 
+#include <algorithm>
 #include <array>
-#include <cmath>
 
 namespace quellpad {
 
@@ -31,18 +31,6 @@ void Load(Quellpad_Support_Func& k, std::uint8_t command1, std::uint8_t command2
 std::uint8_t LabelCharacter(const QString& label, int position) {
     return position >= 1 && position <= label.size() ? ToByte(label[position - 1].unicode())
                                                      : std::uint8_t{32};
-}
-
-// Digits weighted by powers of ten from the right, each as its code minus 48, so that
-// any character counts as the keyboard has always counted it.
-double SpelledNumber(const QString& characters) {
-    double value = 0;
-    const auto count = characters.size();
-    for (qsizetype i = 0; i < count; ++i) {
-        value +=
-            (characters[i].unicode() - 48) * std::pow(10.0, static_cast<double>(count - 1 - i));
-    }
-    return value;
 }
 
 bool RegistersUnchanged(const Quellpad_Support_Func& k) {
@@ -98,9 +86,12 @@ bool AsciiPart(Quellpad_Support_Func& k, const DispatchInputs& in, DispatchOutco
     if ((!IsNonMotionCommand(k.AsciiCommand) || !k.AnyPortOpen()) && registersZero) {
         k.AsciiCommand = QStringLiteral("sa");
     }
+    // A range asks for a send only while it has an alarm left, so that the tick which
+    // finds it finished does not repeat the last alarm.
+    const bool rangeLeft = (k.AlarmTriggerPending || k.AlarmResetPending) &&
+                           k.AlarmRangeStart != 0 && k.AlarmRangeStart <= k.AlarmRangeEnd;
     const bool send = k.GpiToggleRequest != 0 || k.AuxToggleRequest != 0 ||
-                      k.AsciiCommand != k.LastAsciiCommand || k.AlarmTriggerPending ||
-                      k.AlarmResetPending;
+                      k.AsciiCommand != k.LastAsciiCommand || rangeLeft;
     if (send) {
         if (k.AlarmRangeStart != 0 && k.AlarmRangeStart <= k.AlarmRangeEnd) {
             const QString digits = Digits(k.AlarmRangeStart);
@@ -155,15 +146,30 @@ bool IsNonMotionCommand(const QString& text) {
     return !text.contains(QLatin1String("sa"));
 }
 
-void ParseAlarmRange(Quellpad_Support_Func& k, const QString& text) {
+std::optional<AlarmRange> ReadAlarmRange(const QString& text) {
     const qsizetype position = text.indexOf(QLatin1String("..")) + 1; // 1-based, 0 when absent
     if (position < 2 || position > 5) {
-        return;
+        return std::nullopt;
     }
-    const qsizetype firstPoint = text.indexOf(u'.');
-    const qsizetype lastPoint = text.lastIndexOf(u'.');
-    k.AlarmRangeStart = ToInt16(SpelledNumber(text.left(firstPoint)));
-    k.AlarmRangeEnd = ToInt16(SpelledNumber(text.mid(lastPoint + 1)));
+    // Digits weighted by powers of ten from the right, each as its code minus 48, so that
+    // any character counts as the keyboard has always counted it.
+    auto spelled = [](QStringView characters) {
+        double value = 0;
+        for (const QChar c : characters) {
+            value = value * 10 + (c.unicode() - 48);
+        }
+        return value;
+    };
+    return AlarmRange{spelled(QStringView(text).left(text.indexOf(u'.'))),
+                      spelled(QStringView(text).mid(text.lastIndexOf(u'.') + 1))};
+}
+
+void ParseAlarmRange(Quellpad_Support_Func& k, const QString& text) {
+    if (const auto range = ReadAlarmRange(text)) {
+        // The box refuses ends above 9999, so only text set behind its back could overflow.
+        k.AlarmRangeStart = ToInt16(std::min(range->first, 32767.0));
+        k.AlarmRangeEnd = ToInt16(std::min(range->last, 32767.0));
+    }
 }
 
 DispatchOutcome CommandChangeTick(Quellpad_Support_Func& k, const DispatchInputs& in) {

@@ -30,6 +30,14 @@ struct DispatchOutcome {
 // leaves it alone. "la" marks a label, whose free text may hold any mnemonic by chance.
 bool IsNonMotionCommand(const QString& text);
 
+// The two numbers of an alarm range "a..b", spelled digit by digit (one to four
+// characters before ".."); nothing for any other text.
+struct AlarmRange {
+    double first = 0;
+    double last = 0;
+};
+std::optional<AlarmRange> ReadAlarmRange(const QString& alarmNumberText);
+
 // Reads an alarm range "a..b" (one to four characters before "..") into
 // AlarmRangeStart and AlarmRangeEnd; any other text changes nothing.
 void ParseAlarmRange(Quellpad_Support_Func& keyboard, const QString& alarmNumberText);

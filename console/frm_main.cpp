@@ -6,6 +6,7 @@
 #include "console/frm_main_parts.h"
 #include "console/receiver.h"
 #include "dialogs/command_windows.h"
+#include "dialogs/frm_label.h"
 #include "dialogs/frm_settings.h"
 #include "engine/port_control.h"
 #include "engine/retransmission.h"
@@ -40,6 +41,7 @@ FrmMain::FrmMain(Quellpad_Support_Func& keyboard, QWidget* parent)
     BuildMenus();
     BuildControls();
     ConnectHandlers();
+    ConnectTargets();
 }
 
 FrmMain::~FrmMain() = default;
@@ -351,7 +353,7 @@ void FrmMain::ExtendedCommands_Click() {
 }
 
 void FrmMain::SetLabelOption_Click() {
-    FrmLabel window(this);
+    FrmLabel window(keyboard_, this);
     RunModalWindow(window, false);
 }
 

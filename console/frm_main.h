@@ -2,6 +2,7 @@
 
 #include "console/joystick.h"
 #include "console/lens.h"
+#include "console/targets.h"
 #include "engine/keyboard_state.h"
 #include "ui/error_boundary.h"
 #include "ui/proportional_layout.h"
@@ -10,6 +11,8 @@
 #include <QPointer>
 
 #include <array>
+#include <functional>
+#include <optional>
 
 class QAction;
 class QGroupBox;
@@ -46,6 +49,12 @@ public:
     // The knob back at the rest point.
     void CentreJoystickBall();
 
+    // A joystick outside the window (a USB stick) moving the on-screen one: the same as a
+    // left-button drag to `twips` (client area) with its own drag state, the knob following.
+    void DriveJoystick(JoystickState& state, QPointF twips);
+    // The joystick's geometry at this moment, in twips of the window's client area.
+    JoystickGeometry CurrentJoystickGeometry() const;
+
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
@@ -55,6 +64,14 @@ private:
     void BuildMenus();
     void BuildControls();
     void ConnectHandlers();
+    // The number boxes, and the buttons and items that load numbered-target commands.
+    void ConnectTargets();
+    // Runs handler, behind the error boundary, when the named button or item is chosen.
+    void OnControl(const char* name, std::function<void()> handler);
+    // Runs a number box's check at every change of its text; a refusal is told, the box
+    // emptied, and `then` runs after either outcome.
+    void OnChange(QLineEdit* box, std::function<std::optional<Refusal>()> check,
+                  std::function<void()> then = {});
     void LayOut();
     void PlaceJoystick();
 
@@ -100,8 +117,6 @@ private:
     void Form_MouseMove(int buttons, QPointF canvasPoint);
     void Form_MouseUp();
     void PlaceBallAt(QPointF twips);
-    // The joystick's geometry at this moment, in twips of the window's client area.
-    JoystickGeometry CurrentJoystickGeometry() const;
     // Twips of the client area for a point of the window's central area, and back.
     QPointF ToTwips(QPointF canvasPoint) const;
     QPointF FromTwips(QPointF twips) const;

@@ -364,6 +364,16 @@ void FrmMain::BuildControls() {
 
 void FrmMain::LayOut() {
     layout_.Apply(canvas_->size());
+    // A one-line list shows exactly one item, its current one, whole: the commands read
+    // the item on top.
+    for (QListWidget* list : {LensSpeedList, PatternNumberListBox, ZoneNumberList}) {
+        // The frame's inside, known at once: the viewport follows only at the next layout.
+        const QSize item = list->contentsRect().size();
+        for (int row = 0; row < list->count(); ++row) {
+            list->item(row)->setSizeHint(item);
+        }
+        list->scrollToItem(list->currentItem(), QAbstractItemView::PositionAtTop);
+    }
     PlaceJoystick();
 }
 

@@ -17,9 +17,22 @@ inline const QString kNumber = QStringLiteral("Number");
 // Fills a one-line list and shows the selected item.
 inline void FillList(QListWidget* list, const QStringList& items, int selected) {
     list->clear();
+    list->setUniformItemSizes(true); // one item's size is every item's: a cheap layout
     list->addItems(items);
     list->setCurrentRow(selected);
-    list->scrollToItem(list->item(selected));
+    // Scrolled by whole items, so that even the last item can stand on top.
+    list->setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
+    list->scrollToItem(list->item(selected), QAbstractItemView::PositionAtTop);
+}
+
+// A one-line list is read through the item it shows on top, which becomes its current
+// item; the index counts from the list's first item.
+inline int SelectTopItem(QListWidget* list) {
+    const QModelIndex top = list->indexAt(QPoint(1, 1));
+    if (top.isValid()) {
+        list->setCurrentRow(top.row());
+    }
+    return list->currentRow();
 }
 
 } // namespace quellpad::frm_main_parts

@@ -41,11 +41,6 @@ FrmExtendedCommands::FrmExtendedCommands(QWidget* parent) : QDialog(parent) {
     ShellContent(this);
 }
 
-FrmLabel::FrmLabel(QWidget* parent) : QDialog(parent) {
-    Name(this, "FrmLabel", QStringLiteral("Preset/Zone Label or Camera Title"));
-    ShellContent(this);
-}
-
 frmMenuControl::frmMenuControl(QWidget* parent) : QDialog(parent) {
     Name(this, "frmMenuControl", QStringLiteral("Arrow/Menu Control"));
     ShellContent(this);

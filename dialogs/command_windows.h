@@ -24,12 +24,6 @@ public:
     explicit FrmExtendedCommands(QWidget* parent = nullptr);
 };
 
-class FrmLabel : public QDialog {
-    Q_OBJECT
-public:
-    explicit FrmLabel(QWidget* parent = nullptr);
-};
-
 class frmMenuControl : public QDialog {
     Q_OBJECT
 public:

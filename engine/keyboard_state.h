@@ -78,6 +78,11 @@ public:
     std::uint8_t PresetSetStep = 0;
     QString LabelText;
     std::int16_t MacroNumber = 0;
+    std::int32_t CameraNumber = 0;
+    std::int16_t MonitorNumber = 0;
+    std::int16_t AlarmNumber = 0;
+    // 1 after the Flip option was chosen, 2 after Remote Reset; kept, though nothing reads it.
+    std::uint8_t MiscOptionChoice = 0;
     std::int16_t AlarmRangeStart = 0;
     std::int16_t AlarmRangeEnd = 0;
     bool AlarmTriggerPending = false;

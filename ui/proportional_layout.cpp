@@ -31,9 +31,13 @@ void ProportionalLayout::Apply(QSizeF containerSize) {
         const int right = static_cast<int>(std::lround(r.right() * scaleX_));
         const int bottom = static_cast<int>(std::lround(r.bottom() * scaleY_));
         entry.control->setGeometry(left, top, std::max(1, right - left), std::max(1, bottom - top));
-        QFont font = entry.control->font();
-        font.setPointSizeF(std::max(kSmallestPointSize, entry.pointSize * fontScale));
-        entry.control->setFont(font);
+        // A font set again at the same size would still be matched and laid out anew.
+        const double pointSize = std::max(kSmallestPointSize, entry.pointSize * fontScale);
+        if (entry.control->font().pointSizeF() != pointSize) {
+            QFont font = entry.control->font();
+            font.setPointSizeF(pointSize);
+            entry.control->setFont(font);
+        }
     }
 }
 

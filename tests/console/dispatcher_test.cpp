@@ -143,23 +143,36 @@ TEST_F(DispatcherTest, AsciiStopSubstitution) {
     }
 }
 
-TEST_F(DispatcherTest, AlarmRangeIsSteppedThenRestored) {
+TEST_F(DispatcherTest, AlarmRangeSendsEachAlarmOnceThenRestoresTheRange) {
+    struct Case {
+        const char* text;
+        bool trigger;
+        bool reset;
+        QByteArray wire;
+    };
+    const Case cases[] = {{"3..5", true, false, "3Ea4Ea5Ea"},
+                          {"3..4", false, true, "3Ia4Ia"},
+                          {"3..4", true, true, "3Ia4Ia"}, // reset wins
+                          {"0..4", true, false, ""},
+                          {"5..3", true, false, ""}};
     keyboard_->CurrentMode = kModeAscii;
-    inputs_.alarmNumberText = QStringLiteral("3..5");
-    ParseAlarmRange(*keyboard_, inputs_.alarmNumberText);
-    keyboard_->AlarmTriggerPending = true;
-    std::optional<int> restored;
-    for (int i = 0; i < 5; ++i) {
-        if (const auto interval = Tick().newInterval) {
-            restored = interval;
+    for (const Case& c : cases) {
+        inputs_.alarmNumberText = QLatin1String(c.text);
+        keyboard_->AsciiCommand = keyboard_->LastAsciiCommand = QStringLiteral("1Ma");
+        ParseAlarmRange(*keyboard_, inputs_.alarmNumberText);
+        keyboard_->AlarmTriggerPending = c.trigger;
+        keyboard_->AlarmResetPending = c.reset;
+        std::optional<int> restored;
+        for (int i = 0; i < 6; ++i) {
+            if (const auto interval = Tick().newInterval) {
+                restored = interval;
+            }
         }
+        EXPECT_EQ(com1_.Drain(10), c.wire) << c.text;
+        EXPECT_EQ(restored, kAsciiModeTick) << c.text;
+        EXPECT_FALSE(keyboard_->AlarmTriggerPending || keyboard_->AlarmResetPending) << c.text;
+        EXPECT_EQ(keyboard_->AlarmRangeStart, c.text[0] - '0') << "restored for the next use";
     }
-    // The tick that finds the range done still sends (the flags clear after the send is
-    // decided), so the last alarm goes out twice; the fifth tick sends nothing.
-    EXPECT_EQ(com1_.Drain(10), QByteArray("3Ea4Ea5Ea5Ea"));
-    EXPECT_EQ(restored, kAsciiModeTick);
-    EXPECT_FALSE(keyboard_->AlarmTriggerPending);
-    EXPECT_EQ(keyboard_->AlarmRangeStart, 3);
 }
 
 TEST_F(DispatcherTest, MuxAsciiSendsChangesOnlyWithNoStopOfItsOwn) {

@@ -1,0 +1,334 @@
+#include "targets.h"
+
+#include "console/dispatcher.h"
+#include "engine/numeric.h"
+
+namespace quellpad {
+
+namespace {
+
+const QString kError = QStringLiteral("Error");
+
+// Registers loaded so that the dispatcher sends them even when they equal the last sent.
+void LoadRegisters(Quellpad_Support_Func& k, std::uint8_t command2, std::uint8_t data2) {
+    k.SetCommandBytes(0, command2, 0, data2);
+}
+
+Refusal Refuse(const QString& text, const QString& title = {},
+               ui::MessageButtons buttons = ui::MessageButtons::Ok,
+               std::function<void()> afterEmptying = {}) {
+    return {{text, title, buttons}, std::move(afterEmptying)};
+}
+
+} // namespace
+
+ui::Message AddressRangeMessage() {
+    return {QStringLiteral("Must be a number between 1 and 254."), kError, ui::MessageButtons::Ok};
+}
+
+std::optional<Refusal> CheckAddress(const QString& mode, const QString& text,
+                                    std::uint8_t& address) {
+    if (!IsFrameMode(mode)) {
+        return std::nullopt;
+    }
+    const double value = Val(text);
+    if (value > 254 || (!text.isEmpty() && value == 0)) {
+        return Refusal{AddressRangeMessage(), {}};
+    }
+    address = text.isEmpty() ? 1 : ToByte(IntPart(value));
+    return std::nullopt;
+}
+
+QString CameraTitleCaption(std::int32_t camera) {
+    return QStringLiteral("Send Camera ") + Str(camera) + QStringLiteral(" Title");
+}
+
+std::optional<Refusal> CheckCameraNumber(Quellpad_Support_Func& k, const QString& text) {
+    const double value = Val(text);
+    if ((!text.isEmpty() && value == 0) || IntPart(value) > 999999) {
+        return Refuse(QStringLiteral("Camera number must be between 1 and 999999."), kError,
+                      ui::MessageButtons::Ok, [&k] { k.CameraNumber = 1; });
+    }
+    k.CameraNumber = ToInt32(value);
+    return std::nullopt;
+}
+
+std::optional<Refusal> CheckMonitorNumber(Quellpad_Support_Func& k, const QString& text) {
+    const double value = Val(text);
+    if (IntPart(value) > 9999 || (!text.isEmpty() && value <= 0)) {
+        // Stored before the box is emptied, whose own check then leaves 0.
+        k.MonitorNumber = 1;
+        return Refuse(QStringLiteral("Monitor number must be between 1 and 9999."), kError);
+    }
+    k.MonitorNumber = ToInt16(value);
+    return std::nullopt;
+}
+
+std::optional<Refusal> CheckPresetNumber(Quellpad_Support_Func& k, const QString& text) {
+    const QString& mode = k.CurrentMode;
+    if (text.isEmpty() || mode == u"T" || mode == u"H") {
+        return std::nullopt;
+    }
+    const double value = Val(text);
+    if (IntPart(value) < 1 || IntPart(value) > 150) {
+        return Refuse(QStringLiteral("Preset numbers range from 1 to 150."), kError,
+                      ui::MessageButtons::OkCancel);
+    }
+    k.PresetNumber = ToInt16(value);
+    return std::nullopt;
+}
+
+std::optional<Refusal> CheckMacroNumber(Quellpad_Support_Func& k, const QString& text) {
+    if (k.CurrentMode != kModeAscii) {
+        return std::nullopt;
+    }
+    const double value = Val(text);
+    if (!text.isEmpty() && (IntPart(value) == 0 || value > 9999)) {
+        return Refuse(QStringLiteral("Must be a number between 1 and 9999."), kError);
+    }
+    k.MacroNumber = ToInt16(value);
+    return std::nullopt;
+}
+
+bool HoldsAlarmRange(const QString& alarmNumberText) {
+    return ReadAlarmRange(alarmNumberText).has_value();
+}
+
+std::optional<Refusal> CheckAlarmNumber(Quellpad_Support_Func& k, const QString& text) {
+    const std::optional<AlarmRange> range = ReadAlarmRange(text);
+    if (!range) {
+        k.AlarmRangeStart = 0;
+        k.AlarmRangeEnd = 0;
+        const double value = Val(text);
+        if (value > 9999) {
+            k.AlarmNumber = 0;
+            return Refuse(
+                QStringLiteral("Alarm numbers must be greater than 0 and less than 9999."));
+        }
+        k.AlarmNumber = ToInt16(value);
+        return std::nullopt;
+    }
+    const QString tooLarge = QStringLiteral("Alarm numbers must be less than 9999");
+    // An end above 32767 would not fit the range's 16 bits; it is simply above 9999.
+    if (range->first > 9999) {
+        k.AlarmRangeStart = 0;
+        return Refuse(tooLarge);
+    }
+    k.AlarmRangeStart = ToInt16(range->first);
+    if (range->last > 9999) {
+        k.AlarmRangeEnd = 0;
+        return Refuse(tooLarge);
+    }
+    k.AlarmRangeEnd = ToInt16(range->last);
+    return std::nullopt;
+}
+
+std::optional<Refusal> CheckAuxNumber(Quellpad_Support_Func& k, const QString& text) {
+    const double value = Val(text);
+    if (IntPart(value) == 0) {
+        return std::nullopt; // the caller shows the bare, disabled items
+    }
+    const QString& mode = k.CurrentMode;
+    auto refuse = [&k](const QString& message) {
+        return Refuse(message, {}, ui::MessageButtons::Ok, [&k] { k.AuxNumber = 0; });
+    };
+    if (IsFrameMode(mode) && value > 8) {
+        return refuse(QStringLiteral("In D or P Protocol auxes must\r\nbe less than 9."));
+    }
+    // "MUX ASCII" sets no limit of its own, but no aux number beyond the switcher's
+    // can be held either.
+    if (value >= 65001) {
+        return refuse(QStringLiteral("In ASCII Protocol auxes must\r\nbe less than 65000."));
+    }
+    k.AuxNumber = ToInt32(value);
+    return std::nullopt;
+}
+
+std::array<QString, kAuxItems> BareAuxCaptions() {
+    return {QStringLiteral("Aux ON"), QStringLiteral("Aux OFF"), QStringLiteral("Toggle Aux"),
+            QStringLiteral("GPI ON"), QStringLiteral("GPI OFF"), QStringLiteral("Toggle GPI")};
+}
+
+std::array<QString, kAuxItems> AuxCaptions(const QString& mode, std::int32_t aux) {
+    const QString n = QString::number(aux);
+    const std::array<QString, 3> gpi{QStringLiteral("GPI ") + n + QStringLiteral(" On"),
+                                     QStringLiteral("GPI ") + n + QStringLiteral(" Off"),
+                                     QStringLiteral("Toggle GPI ") + n};
+    if (aux <= 8) {
+        const bool ascii = mode == kModeAscii;
+        return {QStringLiteral("Aux ") + n + QStringLiteral(" ON"),
+                QStringLiteral("Aux ") + n + QStringLiteral(" OFF"),
+                QStringLiteral("Toggle Aux ") + n,
+                ascii ? gpi[0] : QString(),
+                ascii ? gpi[1] : QString(),
+                ascii ? gpi[2] : QString()};
+    }
+    // Above 8 an aux is addressed as group and output; a multiple of 8 is output 8 of the
+    // group below (16 is group 2, aux 8), as the switcher counts them.
+    const std::int32_t remainder = aux % 8;
+    const QString group = QString::number(aux / 8);
+    const QString output = QString::number(remainder == 0 ? 8 : remainder);
+    const QString place = QStringLiteral("GPI ") + group + QStringLiteral(", Aux ") + output;
+    return {place + QStringLiteral(" ON"),
+            place + QStringLiteral(" OFF"),
+            QStringLiteral("Toggle ") + place,
+            gpi[0],
+            gpi[1],
+            gpi[2]};
+}
+
+std::array<QString, 6> MacroCaptions(std::int16_t macro) {
+    std::array<QString, 6> captions{
+        QStringLiteral("Start Macro"),    QStringLiteral("Halt Macro"),
+        QStringLiteral("Start Sequence"), QStringLiteral("Halt Sequence"),
+        QStringLiteral("Start Tour"),     QStringLiteral("Halt Tour")};
+    if (macro != 0) {
+        for (QString& caption : captions) {
+            caption += u' ' + QString::number(macro);
+        }
+    }
+    return captions;
+}
+
+void LoadAsciiCommand(Quellpad_Support_Func& k, const QString& text) {
+    k.LastAsciiCommand.clear();
+    k.AsciiCommand = text;
+}
+
+QString AsciiTargetText(const Quellpad_Support_Func& k, const AsciiTarget& target) {
+    QString number;
+    switch (target.number) {
+    case TargetNumber::None:
+        break;
+    case TargetNumber::Monitor:
+        number = Digits(k.MonitorNumber);
+        break;
+    case TargetNumber::Camera:
+        number = Digits(k.CameraNumber);
+        break;
+    case TargetNumber::Aux:
+        number = Digits(k.AuxNumber);
+        break;
+    case TargetNumber::Macro:
+        number = Digits(k.MacroNumber);
+        break;
+    }
+    return number + QLatin1String(target.mnemonic);
+}
+
+QString TriggerAlarmText(std::int16_t alarm) {
+    return Digits(alarm) + QStringLiteral("Ea");
+}
+
+QString ResetAlarmText(std::int16_t alarm) {
+    return (alarm == 0 ? QString() : Digits(alarm)) + QStringLiteral("Ia");
+}
+
+void LoadAux(Quellpad_Support_Func& k, bool on) {
+    if (k.CurrentMode == kModeAscii) {
+        LoadAsciiCommand(k,
+                         Digits(k.AuxNumber) + (on ? QStringLiteral("Aa") : QStringLiteral("Ba")));
+    } else if (IsFrameMode(k.CurrentMode)) {
+        // Loaded directly: the same aux command twice in a row goes out once.
+        k.Command1 = 0;
+        k.Command2 = on ? 9 : 11;
+        k.Data1 = 0;
+        k.Data2 = ToByte(k.AuxNumber);
+    }
+}
+
+void LoadPresetGo(Quellpad_Support_Func& k) {
+    LoadRegisters(k, 7, ToByte(k.PresetNumber));
+    if (k.CurrentMode == kModeAscii) {
+        LoadAsciiCommand(k, Digits(k.PresetNumber) + QStringLiteral("\\a"));
+    }
+}
+
+void LoadPresetClear(Quellpad_Support_Func& k) {
+    LoadRegisters(k, 5, ToByte(k.PresetNumber));
+}
+
+void LoadPresetSet(Quellpad_Support_Func& k) {
+    const QString store = Digits(k.PresetNumber) + QStringLiteral("^a");
+    if (k.CurrentMode == kModeAscii) {
+        LoadAsciiCommand(k, k.LabelText.isEmpty() ? store
+                                                  : QStringLiteral("la") + k.LabelText +
+                                                        QStringLiteral("!a") + store);
+    } else if (IsFrameMode(k.CurrentMode) && k.AnyPortOpen()) {
+        // Twenty label characters first when there is a label, then the store itself.
+        k.PresetSetStep = k.LabelText.isEmpty() ? 40 : 20;
+    }
+}
+
+void LoadPattern(Quellpad_Support_Func& k, PatternAction action, int pattern) {
+    static constexpr std::uint8_t kCommand[] = {0x1F, 0x21, 0x23};
+    static constexpr const char* kMnemonic[] = {"/a", "na", "pa"};
+    const auto index = static_cast<std::size_t>(action);
+    LoadRegisters(k, kCommand[index], ToByte(pattern));
+    if (k.CurrentMode == kModeAscii) {
+        LoadAsciiCommand(k, Digits(k.Data2) + QLatin1String(kMnemonic[index]));
+    }
+}
+
+void LoadZone(Quellpad_Support_Func& k, ZoneChoice choice, int zone) {
+    switch (choice) {
+    case ZoneChoice::None:
+        return;
+    case ZoneChoice::ScanOn:
+    case ZoneChoice::ScanOff:
+        k.LastCommand1 = 0;
+        k.LastCommand2 = 0;
+        k.Command1 = 0;
+        k.Command2 = choice == ZoneChoice::ScanOn ? 0x1B : 0x1D;
+        k.Data1 = 0;
+        k.Data2 = 0;
+        return;
+    case ZoneChoice::Start:
+    case ZoneChoice::End:
+        if (k.AnyPortOpen()) {
+            k.ZoneRequest = 1;
+            k.ZoneNumber = ToByte(zone);
+        }
+        return;
+    }
+}
+
+void LoadMisc(Quellpad_Support_Func& k, MiscChoice choice, int speed) {
+    k.LastCommand1 = k.LastCommand2 = k.LastData1 = k.LastData2 = 0;
+    switch (choice) {
+    case MiscChoice::None:
+        return;
+    case MiscChoice::Flip:
+        LoadRegisters(k, 0x07, 0x21);
+        return;
+    case MiscChoice::RemoteReset:
+        LoadRegisters(k, 0x0F, 0);
+        return;
+    case MiscChoice::ClearScreen:
+        LoadRegisters(k, 0x17, 0);
+        return;
+    case MiscChoice::ZoomSpeed:
+        LoadRegisters(k, 0x25, ToByte(speed));
+        return;
+    case MiscChoice::FocusSpeed:
+        LoadRegisters(k, 0x27, ToByte(speed));
+        return;
+    }
+}
+
+QString TimeUpdateText(const QDateTime& now) {
+    const QDate date = now.date();
+    const QTime time = now.time();
+    auto two = [](int value) {
+        return QStringLiteral("%1").arg(value % 100, 2, 10, QLatin1Char('0'));
+    };
+    return QStringLiteral("Za") + two(date.month()) + u'/' + two(date.day()) + u'/' +
+           two(date.year()) + u'/' + two(time.hour()) + u':' + two(time.minute()) + u':' +
+           two(time.second()) + u'a';
+}
+
+QString CameraTitleText(std::int32_t camera, const QString& label) {
+    return Str(camera) + QStringLiteral("Ya") + label + QStringLiteral("!a");
+}
+
+} // namespace quellpad

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "fixtures.h"
+
+#include "console/frm_main.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QMouseEvent>
+#include <QTest>
+
+namespace quellpad::test {
+
+// The main window on two pseudo-terminals, started from a Settings.dat of the test's.
+class MainWindowFixture : public KeyboardFixture {
+protected:
+    void Start(const char* mode, const char* enabledPorts = "1") {
+        WriteSettings(QByteArray("2400\r\nn\r\nFalse\r\n1 2\r\n") + mode + "\r\n" + enabledPorts +
+                      "\r\n");
+        Load();
+    }
+    void Load() {
+        window_.reset();
+        MakeKeyboard();
+        window_ = std::make_unique<FrmMain>(*keyboard_);
+        window_->Form_Load();
+        window_->show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(window_.get()));
+    }
+    void TearDown() override {
+        window_.reset();
+        KeyboardFixture::TearDown();
+    }
+    template <class T = QWidget> T* Child(const char* name) const {
+        T* child = window_->findChild<T*>(QLatin1String(name));
+        EXPECT_NE(child, nullptr) << name;
+        return child;
+    }
+    void Choose(const char* item) { Child<QAction>(item)->trigger(); }
+    bool Shown(const char* name) const { return Child(name)->isVisibleTo(window_.get()); }
+    // A point of the joystick square, as fractions of its side from its centre.
+    QPoint InSquare(double right, double down) const {
+        QWidget* square = Child("Joystick_Square");
+        return square->rect().center() + QPoint(static_cast<int>(right * square->width()),
+                                                static_cast<int>(down * square->height()));
+    }
+    void MoveInSquare(QPoint at, Qt::MouseButtons held) {
+        QWidget* square = Child("Joystick_Square");
+        QMouseEvent move(QEvent::MouseMove, at, square->mapToGlobal(at), Qt::NoButton, held,
+                         Qt::NoModifier);
+        QApplication::sendEvent(square, &move);
+    }
+
+    std::unique_ptr<FrmMain> window_;
+};
+
+} // namespace quellpad::test
