@@ -4,12 +4,15 @@
 #include "site/simulated_line.h"
 #include "site_window/frm_simulated_site.h"
 
+#include <QAbstractButton>
 #include <QAction>
+#include <QLineEdit>
 
 #include <QPlainTextEdit>
 #include <QTest>
 
 #include <cmath>
+#include <tuple>
 
 namespace quellpad::test {
 namespace {
@@ -80,22 +83,43 @@ TEST_F(SimulatedDriveTest, JoystickHeldRightPansTheCameraAndThePanQueryReportsIt
         << Responses().toStdString() << " lacks " << reply.toStdString();
 }
 
-TEST_F(SimulatedDriveTest, PresetStoredAndRecalled) {
+TEST_F(SimulatedDriveTest, PresetStoredWithItsLabelAndRecalledThroughTheButtons) {
     Start("D");
-    keyboard_->SetCommandBytes(0, 0x03, 0, 5);
-    ASSERT_TRUE(WaitUntil([&] { return Site1().Camera(1).StoredPreset(5).has_value(); }));
+    keyboard_->LabelText = QStringLiteral("DOCK");
+    auto* number = window_->findChild<QLineEdit*>(QStringLiteral("PresetNumberTextBox"));
+    number->clear();
+    QTest::keyClicks(number, QStringLiteral("5"));
+    const auto click = [this](const char* button) {
+        QTest::mouseClick(window_->findChild<QAbstractButton*>(QLatin1String(button)),
+                          Qt::LeftButton);
+    };
+    click("PresetSetButton");
+    // Twenty label characters at one a tick, then the preset.
+    ASSERT_TRUE(WaitUntil([&] { return Site1().Camera(1).StoredPreset(5).has_value(); }, 5000));
+    EXPECT_EQ(Site1().Camera(1).StoredPreset(5)->label, "DOCK");
     const double stored = Site1().Camera(1).Pan();
     keyboard_->SetCommandBytes(0, 0x4B, 0x46, 0x50); // set pan 180.00
     ASSERT_TRUE(WaitUntil([&] { return std::abs(Site1().Camera(1).Pan() - 180.0) < 1e-6; }));
-    keyboard_->SetCommandBytes(0, 0x07, 0, 5);
+    click("PresetGoButton");
     EXPECT_TRUE(WaitUntil([&] { return std::abs(Site1().Camera(1).Pan() - stored) < 1e-6; }));
+    EXPECT_EQ(Site1().Camera(1).PresetLabel(), "DOCK");
 }
 
-TEST_F(SimulatedDriveTest, MonitorAndCameraSelectedOnTheSwitcher) {
+TEST_F(SimulatedDriveTest, MonitorAndCameraSelectedOnTheSwitcherThroughTheButtons) {
     Start("ASCII");
-    for (const char* text : {"4Ma", "7#a"}) {
-        keyboard_->AsciiCommand = QLatin1String(text);
-        ASSERT_TRUE(WaitUntil([&] { return keyboard_->LastAsciiCommand == QLatin1String(text); }));
+    for (const auto& [box, number, button] :
+         {std::tuple{"MonitorNumberTextBox", "4", "MonitorButton"},
+          std::tuple{"CameraNumberTextBox", "7", "CameraButton"}}) {
+        auto* edit = window_->findChild<QLineEdit*>(QLatin1String(box));
+        ASSERT_NE(edit, nullptr) << box;
+        edit->clear();
+        QTest::keyClicks(edit, QLatin1String(number));
+        QTest::mouseClick(window_->findChild<QAbstractButton*>(QLatin1String(button)),
+                          Qt::LeftButton);
+        ASSERT_TRUE(WaitUntil([&] {
+            return !Site1().SwitcherLog().empty() &&
+                   Site1().SwitcherLog().back().find(number) != std::string::npos;
+        }));
     }
     EXPECT_EQ(Site1().Switcher().SelectedMonitor(), 4);
     EXPECT_EQ(Site1().Switcher().CameraOn(4), 7);
