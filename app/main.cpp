@@ -2,6 +2,7 @@
 #include "engine/keyboard_state.h"
 #include "engine/settings_location.h"
 #include "gamepad/gamepad.h"
+#include "site/simulated_line.h"
 
 #include <QApplication>
 #include <QDir>
@@ -15,7 +16,8 @@ int main(int argc, char* argv[]) {
     QApplication::setApplicationName(QStringLiteral("Quellpad"));
     QApplication::setApplicationVersion(QStringLiteral(QUELLPAD_VERSION));
 
-    quellpad::Quellpad_Support_Func keyboard;
+    // QUELLPAD_COM1=sim (or COM2) puts a simulated site on that port instead of a device.
+    quellpad::Quellpad_Support_Func keyboard(&quellpad::site::MakeLine);
     quellpad::FrmMain window(keyboard);
     window.Form_Load();
 

@@ -1,5 +1,7 @@
 #include "frm_main.h"
 
+#include "site_window/frm_simulated_site.h"
+
 #include "console/dispatcher.h"
 #include "console/frm_main_parts.h"
 #include "console/key_preview.h"
@@ -61,6 +63,8 @@ void FrmMain::ConnectHandlers() {
     on(Com2Option, "Com2Option_Click", &FrmMain::Com2Option_Click);
     on(item("Settings_Menu_Option"), "Settings_Menu_Option_Click",
        &FrmMain::Settings_Menu_Option_Click);
+    on(item("SimulatedSiteOption"), "SimulatedSiteOption_Click",
+       &FrmMain::SimulatedSiteOption_Click);
     on(RetransmitTimerOption, "RetransmitTimerOption_Click", &FrmMain::RetransmitTimerOption_Click);
     on(ControlLock, "ControlLock_Click", &FrmMain::ControlLock_Click);
     on(MenuControlOption, "MenuControlOption_Click", &FrmMain::MenuControlOption_Click);
@@ -239,6 +243,16 @@ void FrmMain::UpdatePortBindings() {
 
 // ---------------------------------------------------------------------------------------
 // Options menu
+
+void FrmMain::SimulatedSiteOption_Click() {
+    // Made at the first request only, so that a keyboard on real ports pays nothing for it.
+    if (siteWindow_ == nullptr) {
+        siteWindow_ = new site_window::FrmSimulatedSite(keyboard_, this);
+    }
+    siteWindow_->show();
+    siteWindow_->raise();
+    siteWindow_->activateWindow();
+}
 
 void FrmMain::Com1Option_Click() {
     ComOption_Click(1);

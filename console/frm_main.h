@@ -85,6 +85,7 @@ private:
     void Com2Option_Click();
     void ComOption_Click(int portNumber);
     void Settings_Menu_Option_Click();
+    void SimulatedSiteOption_Click();
     void RetransmitTimerOption_Click();
     void ControlLock_Click();
     void MenuControlOption_Click();
@@ -144,6 +145,8 @@ private:
     QPushButton* LensControl(LensButton button) const;
 
     Quellpad_Support_Func& keyboard_;
+    // The "Simulated Site" window, once the operator has asked for it.
+    QWidget* siteWindow_ = nullptr;
     ui::ErrorBoundary boundary_;
     ui::ProportionalLayout layout_;
     JoystickState joystick_;

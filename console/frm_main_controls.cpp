@@ -43,6 +43,7 @@ void FrmMain::BuildMenus() {
     Com1Option = ui::MakeItem(OptionsMenu, "Com1Option", QStringLiteral("COM 1"), true);
     Com2Option = ui::MakeItem(OptionsMenu, "Com2Option", QStringLiteral("COM 2"), true);
     ui::MakeItem(OptionsMenu, "Settings_Menu_Option", QStringLiteral("Settings..."));
+    ui::MakeItem(OptionsMenu, "SimulatedSiteOption", QStringLiteral("Simulated Site..."));
     OptionsMenu->addSeparator();
     RetransmitTimerOption = ui::MakeItem(OptionsMenu, "RetransmitTimerOption",
                                          QStringLiteral("Retransmit Timer"), true);

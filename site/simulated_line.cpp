@@ -1,0 +1,187 @@
+#include "simulated_line.h"
+
+#include "engine/errors.h"
+
+#include <QStringList>
+
+#include <algorithm>
+#include <cmath>
+
+namespace quellpad::site {
+
+namespace {
+
+// Steps of the simulation while something moves: smooth enough for the picture, few
+// enough to cost nothing.
+constexpr int kStepMs = 20;
+// The receive side hands over what has arrived at most this often, as a UART driver
+// gathers bytes before it wakes the program: a fast line costs a few wake-ups, not one
+// per byte.
+constexpr int kDeliveryMs = 4;
+// Answers waiting to leave beyond this are lost, as a flooded receiver drops them.
+constexpr std::size_t kSendLimit = 4096;
+
+} // namespace
+
+bool ParseLineFormat(const QString& text, LineFormat& format) {
+    const QStringList parts = text.split(u',');
+    if (parts.size() != 4) {
+        return false;
+    }
+    bool baudOk = false;
+    bool bitsOk = false;
+    bool stopOk = false;
+    const int baud = parts[0].trimmed().toInt(&baudOk);
+    const QString parity = parts[1].trimmed().toLower();
+    const int bits = parts[2].trimmed().toInt(&bitsOk);
+    const double stop = parts[3].trimmed().toDouble(&stopOk);
+    if (!baudOk || baud <= 0 || parity.size() != 1 || !QStringLiteral("noems").contains(parity) ||
+        !bitsOk || bits < 5 || bits > 8 || !stopOk || (stop != 1 && stop != 1.5 && stop != 2)) {
+        return false;
+    }
+    format = {baud, parity[0].toLatin1(), bits, stop};
+    return true;
+}
+
+std::uint8_t Garble(std::uint8_t byte, const LineFormat& sent, const LineFormat& read) {
+    // A receiver sampling at the wrong rate sees the start bit and a smear of the rest;
+    // the pattern depends only on the byte and on how far the two settings are apart.
+    const auto seed = static_cast<unsigned>(sent.baud * 7 + read.baud * 13 + sent.parity * 3 +
+                                            read.parity * 5 + sent.dataBits + read.dataBits);
+    const auto g = static_cast<std::uint8_t>(0x80 | ((byte * 37u + seed) & 0x7F));
+    return g == 0xFF ? 0xFE : (g == 0xA0 ? 0xE0 : g);
+}
+
+SimulatedLine::SimulatedLine(int portNumber, QObject* parent)
+    : SerialLine(parent), portNumber_(portNumber) {
+    clock_.start();
+    stepTimer_.setInterval(kStepMs);
+    paceTimer_.setSingleShot(true);
+    paceTimer_.setTimerType(Qt::PreciseTimer);
+    connect(&stepTimer_, &QTimer::timeout, this, &SimulatedLine::Step);
+    connect(&paceTimer_, &QTimer::timeout, this, &SimulatedLine::Pace);
+}
+
+SimulatedLine::~SimulatedLine() = default;
+
+QString SimulatedLine::Device() const {
+    return QStringLiteral("simulated site");
+}
+
+void SimulatedLine::SetSettings(const QString& settings) {
+    LineFormat format;
+    if (!ParseLineFormat(settings, format)) {
+        throw PortError(portNumber_, Device(), PortFailure::BadSettings,
+                        QStringLiteral("the line settings \"%1\" are not valid").arg(settings));
+    }
+    format_ = format;
+}
+
+void SimulatedLine::Open() {
+    open_ = true;
+}
+
+void SimulatedLine::Close() {
+    open_ = false;
+    // What was on its way is lost with the line; the equipment itself carries on.
+    sending_.clear();
+    sent_ = 0;
+    received_.clear();
+    paceTimer_.stop();
+}
+
+void SimulatedLine::Step() {
+    const qint64 now = clock_.nsecsElapsed();
+    site_.Advance(static_cast<double>(now - steppedAt_) / 1e9);
+    steppedAt_ = now;
+    if (!site_.Busy()) {
+        stepTimer_.stop();
+    }
+}
+
+const Site& SimulatedLine::Equipment() {
+    Step();
+    return site_;
+}
+
+void SimulatedLine::Output(std::uint8_t byte) {
+    if (!open_) {
+        throw PortError(portNumber_, Device(), PortFailure::WriteFailed,
+                        QStringLiteral("the port is not open"));
+    }
+    const bool matched = format_ == kEquipment;
+    const std::uint8_t heard = matched ? byte : Garble(byte, format_, kEquipment);
+    // The equipment acts on the state it has reached by now.
+    Step();
+    std::string reply = site_.Hear({&heard, 1});
+    if (!site_.Busy()) {
+        stepTimer_.stop();
+    } else if (!stepTimer_.isActive()) {
+        stepTimer_.start();
+    }
+    if (reply.empty()) {
+        return;
+    }
+    if (!matched) {
+        for (char& c : reply) {
+            c = static_cast<char>(Garble(static_cast<std::uint8_t>(c), kEquipment, format_));
+        }
+    }
+    if (sending_.size() - sent_ + reply.size() > kSendLimit) {
+        return;
+    }
+    if (sent_ == sending_.size()) {
+        sending_.clear();
+        sent_ = 0;
+        sendingSince_ = clock_.nsecsElapsed();
+    }
+    sending_ += reply;
+    if (!paceTimer_.isActive()) {
+        Pace();
+    }
+}
+
+void SimulatedLine::Pace() {
+    const double byteNs = ByteSeconds() * 1e9;
+    const qint64 now = clock_.nsecsElapsed();
+    // Every byte whose last bit has left by now arrives.
+    const auto due =
+        std::min(sending_.size(),
+                 static_cast<std::size_t>(static_cast<double>(now - sendingSince_) / byteNs));
+    if (due > sent_) {
+        const auto room = static_cast<std::size_t>(kReceiveBuffer - received_.size());
+        const std::size_t count = std::min(due - sent_, room);
+        received_.append(sending_.data() + sent_, static_cast<qsizetype>(count));
+        sent_ = due; // bytes beyond the buffer's room overrun and are lost
+        if (count > 0) {
+            emit CommEvent(kDataReceived);
+        }
+    }
+    if (sent_ < sending_.size()) {
+        const double nextNs = static_cast<double>(sent_ + 1) * byteNs -
+                              static_cast<double>(clock_.nsecsElapsed() - sendingSince_);
+        paceTimer_.start(std::max(kDeliveryMs, static_cast<int>(std::ceil(nextNs / 1e6))));
+    } else {
+        sending_.clear();
+        sent_ = 0;
+    }
+}
+
+QByteArray SimulatedLine::Input() {
+    const qsizetype take =
+        inputLength_ > 0 ? std::min<qsizetype>(inputLength_, received_.size()) : received_.size();
+    QByteArray out = received_.left(take);
+    received_.remove(0, take);
+    return out;
+}
+
+std::unique_ptr<SerialLine> MakeLine(int portNumber) {
+    const QByteArray bound =
+        qgetenv(portNumber == 1 ? "QUELLPAD_COM1" : "QUELLPAD_COM2").trimmed().toLower();
+    if (bound == "sim") {
+        return std::make_unique<SimulatedLine>(portNumber);
+    }
+    return MakeDeviceLine(portNumber);
+}
+
+} // namespace quellpad::site

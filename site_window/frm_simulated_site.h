@@ -1,0 +1,62 @@
+#pragma once
+
+#include "camera_view.h"
+
+#include "engine/keyboard_state.h"
+#include "site/simulated_line.h"
+
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QTimer>
+#include <QWidget>
+
+#include <array>
+#include <vector>
+
+namespace quellpad::site_window {
+
+// The equipment on one simulated line: the cameras' pictures, the switcher's routes and
+// alarms, the multiplexer's display, and the last commands each of them decoded.
+class SitePanel : public QWidget {
+    Q_OBJECT
+public:
+    SitePanel(site::SimulatedLine& line, QWidget* parent = nullptr);
+    // Brings the panel up to the site's present state; cheap when nothing changed.
+    void Refresh();
+
+private:
+    void Choose(int address);
+
+    site::SimulatedLine& line_;
+    std::array<CameraView*, site::Site::kCameras> cameras_{};
+    QLabel* switcher_ = nullptr;
+    QLabel* multiplexer_ = nullptr;
+    QLabel* cameraLogLabel_ = nullptr;
+    QPlainTextEdit* cameraLog_ = nullptr;
+    QPlainTextEdit* switcherLog_ = nullptr;
+    QPlainTextEdit* multiplexerLog_ = nullptr;
+    int chosen_ = 1;
+    std::uint64_t shownVersion_ = ~std::uint64_t{0};
+};
+
+// "Simulated Site": sits beside the keyboard (not modal) and shows the equipment of every
+// COM port bound to the simulated site, one tab per port.
+class FrmSimulatedSite : public QWidget {
+    Q_OBJECT
+public:
+    explicit FrmSimulatedSite(Quellpad_Support_Func& keyboard, QWidget* parent = nullptr);
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void SiteRefreshTimer_Timer();
+
+    std::vector<SitePanel*> panels_;
+    // Runs only while the window is shown: a hidden window costs nothing.
+    QTimer* SiteRefreshTimer = nullptr;
+};
+
+} // namespace quellpad::site_window

@@ -1,0 +1,154 @@
+#include "fixtures.h"
+
+#include "console/frm_main.h"
+#include "site/simulated_line.h"
+#include "site_window/frm_simulated_site.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QLineEdit>
+
+#include <QPlainTextEdit>
+#include <QTest>
+
+#include <cmath>
+#include <tuple>
+
+namespace quellpad::test {
+namespace {
+
+// The real main window with both COM ports on simulated sites.
+class SimulatedDriveTest : public ::testing::Test {
+protected:
+    void Start(const char* mode, const char* enabled = "1 2") {
+        qputenv("QUELLPAD_SETTINGS_DIR", dir_.path().toLocal8Bit());
+        qputenv("QUELLPAD_COM1", "sim");
+        qputenv("QUELLPAD_COM2", "sim");
+        QFile file(QDir(dir_.path()).filePath(QStringLiteral("Settings.dat")));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(QByteArray("2400\r\nn\r\nFalse\r\n1 2\r\n") + mode + "\r\n" + enabled + "\r\n");
+        file.close();
+        keyboard_ = std::make_unique<Quellpad_Support_Func>(&site::MakeLine);
+        window_ = std::make_unique<FrmMain>(*keyboard_);
+        window_->Form_Load();
+        window_->show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(window_.get()));
+        ASSERT_TRUE(keyboard_->MSComm1().IsOpen());
+        ASSERT_EQ(keyboard_->MSComm2().IsOpen(), QByteArray(enabled) == "1 2");
+        ASSERT_EQ(keyboard_->MSComm1().Device(), QStringLiteral("simulated site"));
+    }
+    void TearDown() override {
+        window_.reset();
+        keyboard_.reset();
+    }
+    const site::Site& Site1() {
+        return dynamic_cast<site::SimulatedLine&>(keyboard_->MSComm1()).Equipment();
+    }
+    QString Responses() const {
+        return window_->findChild<QPlainTextEdit*>(QStringLiteral("AccessResponseTextBox"))
+            ->toPlainText();
+    }
+    static double Turned(double from, double to) {
+        const double d = std::fmod(to - from + 540.0, 360.0) - 180.0;
+        return d;
+    }
+
+    QTemporaryDir dir_;
+    std::unique_ptr<Quellpad_Support_Func> keyboard_;
+    std::unique_ptr<FrmMain> window_;
+};
+
+TEST_F(SimulatedDriveTest, JoystickHeldRightPansTheCameraAndThePanQueryReportsIt) {
+    // COM 2 closed: two sites answering at once interleave their bytes in the one box.
+    Start("D", "1");
+    QWidget* square = window_->findChild<QWidget*>(QStringLiteral("Joystick_Square"));
+    const QPoint right = square->rect().center() + QPoint(square->width() / 4, 0);
+    const double before = Site1().Camera(1).Pan();
+    QTest::mousePress(square, Qt::LeftButton, {}, right);
+    ASSERT_TRUE(WaitUntil([&] { return Site1().Camera(1).Moving().pan == 1; }));
+    const int speed = Site1().Camera(1).Moving().panSpeed;
+    QTest::qWait(2000);
+    QTest::mouseRelease(square, Qt::LeftButton, {}, right);
+    ASSERT_TRUE(WaitUntil([&] { return !Site1().Busy(); }));
+    const double turned = Turned(before, Site1().Camera(1).Pan());
+    // Held two seconds, give or take the dispatcher's 100 ms tick at each end.
+    const double expected = 2.0 * site::DegreesPerSecond(speed);
+    EXPECT_NEAR(turned, expected, 0.1 * expected) << "speed " << speed;
+
+    keyboard_->SetCommandBytes(0, 0x51, 0, 0);
+    const int hundredths = static_cast<int>(std::lround(Site1().Camera(1).Pan() * 100)) % 36000;
+    const QString reply = QString::fromLatin1(
+        QByteArray::fromStdString(protocol::BuildDReply(1, 0x59, hundredths)).toHex(' ').toUpper());
+    EXPECT_TRUE(WaitUntil([&] { return Responses().contains(QLatin1Char(' ') + reply); }))
+        << Responses().toStdString() << " lacks " << reply.toStdString();
+}
+
+TEST_F(SimulatedDriveTest, PresetStoredWithItsLabelAndRecalledThroughTheButtons) {
+    Start("D");
+    keyboard_->LabelText = QStringLiteral("DOCK");
+    auto* number = window_->findChild<QLineEdit*>(QStringLiteral("PresetNumberTextBox"));
+    number->clear();
+    QTest::keyClicks(number, QStringLiteral("5"));
+    const auto click = [this](const char* button) {
+        QTest::mouseClick(window_->findChild<QAbstractButton*>(QLatin1String(button)),
+                          Qt::LeftButton);
+    };
+    click("PresetSetButton");
+    // Twenty label characters at one a tick, then the preset.
+    ASSERT_TRUE(WaitUntil([&] { return Site1().Camera(1).StoredPreset(5).has_value(); }, 5000));
+    EXPECT_EQ(Site1().Camera(1).StoredPreset(5)->label, "DOCK");
+    const double stored = Site1().Camera(1).Pan();
+    keyboard_->SetCommandBytes(0, 0x4B, 0x46, 0x50); // set pan 180.00
+    ASSERT_TRUE(WaitUntil([&] { return std::abs(Site1().Camera(1).Pan() - 180.0) < 1e-6; }));
+    click("PresetGoButton");
+    EXPECT_TRUE(WaitUntil([&] { return std::abs(Site1().Camera(1).Pan() - stored) < 1e-6; }));
+    EXPECT_EQ(Site1().Camera(1).PresetLabel(), "DOCK");
+}
+
+TEST_F(SimulatedDriveTest, MonitorAndCameraSelectedOnTheSwitcherThroughTheButtons) {
+    Start("ASCII");
+    for (const auto& [box, number, button] :
+         {std::tuple{"MonitorNumberTextBox", "4", "MonitorButton"},
+          std::tuple{"CameraNumberTextBox", "7", "CameraButton"}}) {
+        auto* edit = window_->findChild<QLineEdit*>(QLatin1String(box));
+        ASSERT_NE(edit, nullptr) << box;
+        edit->clear();
+        QTest::keyClicks(edit, QLatin1String(number));
+        QTest::mouseClick(window_->findChild<QAbstractButton*>(QLatin1String(button)),
+                          Qt::LeftButton);
+        ASSERT_TRUE(WaitUntil([&] {
+            return !Site1().SwitcherLog().empty() &&
+                   Site1().SwitcherLog().back().find(number) != std::string::npos;
+        }));
+    }
+    EXPECT_EQ(Site1().Switcher().SelectedMonitor(), 4);
+    EXPECT_EQ(Site1().Switcher().CameraOn(4), 7);
+    EXPECT_EQ(Site1().SwitcherLog().back(), "ASCII: camera 7");
+}
+
+TEST_F(SimulatedDriveTest, SiteWindowIsMadeAtTheFirstRequestAndSitsBesideTheKeyboard) {
+    Start("D");
+    EXPECT_EQ(window_->findChild<QWidget*>(QStringLiteral("FrmSimulatedSite")), nullptr);
+    window_->findChild<QAction*>(QStringLiteral("SimulatedSiteOption"))->trigger();
+    auto* site = window_->findChild<QWidget*>(QStringLiteral("FrmSimulatedSite"));
+    ASSERT_NE(site, nullptr);
+    EXPECT_TRUE(site->isVisible());
+    EXPECT_FALSE(site->isModal());
+    EXPECT_TRUE(window_->isEnabled());
+    EXPECT_NE(site->findChild<QWidget*>(QStringLiteral("COM2SitePanel")), nullptr);
+
+    keyboard_->SetCommandBytes(0, 0x4B, 0x46, 0x50); // set pan 180.00
+    QWidget* com1 = site->findChild<QWidget*>(QStringLiteral("COM1SitePanel"));
+    QWidget* camera = com1->findChild<QWidget*>(QStringLiteral("Camera1View"));
+    EXPECT_TRUE(WaitUntil([&] { return camera->accessibleDescription().startsWith("pan 180.00"); }))
+        << camera->accessibleDescription().toStdString() << " site pan " << Site1().Camera(1).Pan()
+        << " log " << Site1().CameraLog(1).size();
+    auto* log = com1->findChild<QPlainTextEdit*>(QStringLiteral("CameraLogTextBox"));
+    EXPECT_TRUE(log->toPlainText().contains(QStringLiteral("D: set pan 180.00")));
+
+    window_->findChild<QAction*>(QStringLiteral("SimulatedSiteOption"))->trigger();
+    EXPECT_EQ(window_->findChildren<site_window::FrmSimulatedSite*>().size(), 1);
+}
+
+} // namespace
+} // namespace quellpad::test
