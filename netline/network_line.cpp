@@ -100,6 +100,13 @@ NetworkLine::NetworkLine(int portNumber, const QString& url, QObject* parent)
     connect(&negotiationTimer_, &QTimer::timeout, this, &NetworkLine::OnNegotiationTimeout);
 }
 
+NetworkLine::~NetworkLine() {
+    // The socket, closing as it is destroyed, would otherwise report to a line that is
+    // half gone.
+    socket_.disconnect(this);
+    socket_.abort();
+}
+
 void NetworkLine::SetSettings(const QString& settings) {
     telnet::PortSettings parsed;
     if (!ParsePortSettings(settings, parsed)) {

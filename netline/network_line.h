@@ -38,6 +38,7 @@ public:
     enum class Kind { Raw, Rfc2217 };
 
     NetworkLine(int portNumber, const QString& url, QObject* parent = nullptr);
+    ~NetworkLine() override;
 
     int PortNumber() const override { return portNumber_; }
     QString Device() const override { return url_; }

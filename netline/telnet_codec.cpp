@@ -171,8 +171,10 @@ void Session::EndSubnegotiation() {
     if (command < 1 || command >= static_cast<int>(serverValues_.size())) {
         return; // line and modem state notices, flow control: nothing the keyboard shows
     }
+    // The baud rate is four bytes, every other value one.
+    const std::size_t end = command == static_cast<int>(PortCommand::SetBaudRate) ? 6 : 3;
     std::uint32_t value = 0;
-    for (std::size_t i = 2; i < sub_.size() && i < 6; ++i) {
+    for (std::size_t i = 2; i < sub_.size() && i < end; ++i) {
         value = (value << 8) | sub_[i];
     }
     serverValues_[static_cast<std::size_t>(command)] = value;
