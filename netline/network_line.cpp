@@ -291,6 +291,9 @@ void NetworkLine::OnReadyRead() {
         telnet::Bytes reply;
         session_.Feed(AsBytes(wire), data, reply);
         Send(reply);
+        if (state_ != State::Connected) {
+            return; // the answer could not be written and the line has failed
+        }
         waitingInput_.append(reinterpret_cast<const char*>(data.data()),
                              static_cast<qsizetype>(data.size()));
         if (!dataReady_ && session_.ComPortSettled()) {
@@ -350,6 +353,7 @@ void NetworkLine::OnConnectTimeout() {
     if (state_ == State::Connecting) {
         Fail(PortFailure::Other, QStringLiteral("the server did not answer within %1 seconds")
                                      .arg(connectTimer_.interval() / 1000.0));
+        socket_.abort();
     } else if (state_ == State::Retrying) {
         socket_.abort();
         retryTimer_.start(retryInterval_);
@@ -363,7 +367,8 @@ void NetworkLine::Fail(PortFailure failure, const QString& reason) {
     dataReady_ = false;
     waitingOutput_.clear();
     waitingInput_.clear();
-    socket_.abort();
+    // No abort here: this runs inside the socket's own error signal, and the socket has
+    // closed itself; the next attempt starts from the retry timer, in the event loop.
     retryTimer_.start(retryInterval_);
     const QString message =
         PortError(portNumber_, url_, failure,

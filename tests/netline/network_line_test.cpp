@@ -1,6 +1,7 @@
 #include "fixtures.h"
 
 #include "engine/errors.h"
+#include "engine/port_control.h"
 #include "netline/network_line.h"
 
 #include <QElapsedTimer>
@@ -57,9 +58,7 @@ public:
         config.open(QIODevice::WriteOnly);
         config.write(QStringLiteral("connection: &quellpad\n"
                                     "  accepter: %1tcp,127.0.0.1,%2\n"
-                                    "  connector: serialdev,%3,9600n81,local\n"
-                                    "  options:\n"
-                                    "    kickolduser: true\n")
+                                    "  connector: serialdev,%3,9600n81,local\n")
                          .arg(rfc2217 ? "telnet(rfc2217)," : "")
                          .arg(port_)
                          .arg(device)
@@ -206,6 +205,17 @@ TEST_P(NetworkLineTest, AMissingOrLostServerIsReportedOnceAndTheLineReopensWhenI
         EXPECT_EQ(FarSettingsOnceSettled("19200,n,8,1"), "19200,n,8,1")
             << "the settings are given again";
     }
+
+    // The settings window's Save closes and reopens the port: a new connection at once.
+    network_->AvailablePorts = "1";
+    network_->BaudRate = "2400";
+    network_->Parity = "n";
+    network_->HoldRts = "True";
+    ApplyLineSettings(*network_);
+    SendFrameToFarEnd();
+    const QString saved = Rfc2217() ? "2400,n,8,1" : "9600,n,8,1";
+    EXPECT_EQ(FarSettingsOnceSettled(saved), saved);
+    EXPECT_EQ(failed.size(), 2);
 }
 
 INSTANTIATE_TEST_SUITE_P(RawAndRfc2217, NetworkLineTest, ::testing::Bool(),
