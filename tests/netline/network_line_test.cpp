@@ -251,7 +251,6 @@ TEST(NetworkLine, AServerThatDoesNotAnswerIsGivenUpOnWithoutWaitingInOpen) {
     line.Open();
     EXPECT_LT(clock.elapsed(), 100);
     EXPECT_TRUE(WaitUntil([&] { return !failed.isEmpty(); }));
-    EXPECT_GE(clock.elapsed(), 300);
     EXPECT_EQ(failed.value(0).value(0).toString(),
               QStringLiteral("COM 1 (%1): the server did not answer within 0.3 seconds; it is "
                              "tried again every 2 seconds and reopens by itself.")
