@@ -1,9 +1,15 @@
 #include "console/frm_main.h"
 #include "engine/keyboard_state.h"
+#include "engine/settings_location.h"
+#include "gamepad/gamepad.h"
 #include "netline/network_line.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QLabel>
 #include <QScreen>
+#include <QStatusBar>
 
 int main(int argc, char* argv[]) {
     QApplication app(argc, argv);
@@ -14,9 +20,22 @@ int main(int argc, char* argv[]) {
     quellpad::Quellpad_Support_Func keyboard(&quellpad::MakeNetworkOrDeviceLine);
     quellpad::FrmMain window(keyboard);
     window.Form_Load();
+
+    // An installed program keeps its settings in the user's folder, not beside it: say where.
+    const QString settingsDir =
+        QDir::toNativeSeparators(QFileInfo(keyboard.SettingsPath).absolutePath());
+    auto* settingsPlace = new QLabel(QStringLiteral("Settings: ") + settingsDir);
+    settingsPlace->setObjectName(QStringLiteral("SettingsPlaceLabel"));
+    settingsPlace->setToolTip(keyboard.SettingsPath);
+    window.statusBar()->addPermanentWidget(settingsPlace);
+
     if (const QScreen* screen = window.screen()) {
         window.move(screen->availableGeometry().center() - window.rect().center());
     }
     window.show();
+
+    // SDL starts once the window is up, so that the first paint does not wait for it.
+    quellpad::Gamepad gamepad(window, keyboard, quellpad::BindingsFilePath());
+    gamepad.StartLater(300);
     return QApplication::exec();
 }

@@ -2,6 +2,7 @@
 // run it under /usr/bin/time or hyperfine for the start-up time and peak memory.
 #include "console/frm_main.h"
 #include "engine/keyboard_state.h"
+#include "gamepad/gamepad.h"
 
 #include <QApplication>
 #include <QTimer>
@@ -12,6 +13,9 @@ int main(int argc, char* argv[]) {
     quellpad::FrmMain window(keyboard);
     window.Form_Load();
     window.show();
+    // As the program does: the joystick's SDL starts only after the window is up.
+    quellpad::Gamepad gamepad(window, keyboard, QString());
+    gamepad.StartLater(300);
     QTimer::singleShot(0, &app, &QCoreApplication::quit);
     return QApplication::exec();
 }

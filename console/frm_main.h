@@ -49,6 +49,12 @@ public:
     // The knob back at the rest point.
     void CentreJoystickBall();
 
+    // A joystick outside the window (a USB stick) moving the on-screen one: the same as a
+    // left-button drag to `twips` (client area) with its own drag state, the knob following.
+    void DriveJoystick(JoystickState& state, QPointF twips);
+    // The joystick's geometry at this moment, in twips of the window's client area.
+    JoystickGeometry CurrentJoystickGeometry() const;
+
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
@@ -110,8 +116,6 @@ private:
     void Form_MouseMove(int buttons, QPointF canvasPoint);
     void Form_MouseUp();
     void PlaceBallAt(QPointF twips);
-    // The joystick's geometry at this moment, in twips of the window's client area.
-    JoystickGeometry CurrentJoystickGeometry() const;
     // Twips of the client area for a point of the window's central area, and back.
     QPointF ToTwips(QPointF canvasPoint) const;
     QPointF FromTwips(QPointF twips) const;

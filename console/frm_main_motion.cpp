@@ -106,6 +106,14 @@ void FrmMain::Form_MouseMove(int buttons, QPointF canvasPoint) {
     }
 }
 
+void FrmMain::DriveJoystick(JoystickState& state, QPointF twips) {
+    PlaceJoystick();
+    if (UpdateJoystick(keyboard_, state, kLeftButton, twips.x(), twips.y(),
+                       CurrentJoystickGeometry())) {
+        PlaceBallAt(twips);
+    }
+}
+
 void FrmMain::Form_MouseUp() {
     if (ReleaseJoystick(keyboard_, joystick_)) {
         CentreJoystickBall();

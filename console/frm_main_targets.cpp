@@ -159,7 +159,7 @@ void FrmMain::ConnectTargets() {
     OnControl("ToggleAuxOption", [&k] { k.AuxToggleRequest = 2; });
     OnControl("ToggleGPI_Option", [&k] { k.GpiToggleRequest = 2; });
 
-    OnControl("PresetGoButton", [&k] { LoadPresetGo(k); });
+    OnControl("PresetGoButton", [&k] { LoadPresetGo(k, k.PresetNumber); });
     OnControl("PresetClearButton", [&k] { LoadPresetClear(k); });
     OnControl("PresetSetButton", [&k] { LoadPresetSet(k); });
 

@@ -237,10 +237,10 @@ void LoadAux(Quellpad_Support_Func& k, bool on) {
     }
 }
 
-void LoadPresetGo(Quellpad_Support_Func& k) {
-    LoadRegisters(k, 7, ToByte(k.PresetNumber));
+void LoadPresetGo(Quellpad_Support_Func& k, int preset) {
+    LoadRegisters(k, 7, ToByte(preset));
     if (k.CurrentMode == kModeAscii) {
-        LoadAsciiCommand(k, Digits(k.PresetNumber) + QStringLiteral("\\a"));
+        LoadAsciiCommand(k, Digits(preset) + QStringLiteral("\\a"));
     }
 }
 

@@ -110,7 +110,7 @@ void LoadAux(Quellpad_Support_Func& keyboard, bool on);
 
 // Preset go, clear and set. Set arms the label-and-store sequence in "D" and "P" when a
 // port is open; in "ASCII" the label travels in the one text.
-void LoadPresetGo(Quellpad_Support_Func& keyboard);
+void LoadPresetGo(Quellpad_Support_Func& keyboard, int preset);
 void LoadPresetClear(Quellpad_Support_Func& keyboard);
 void LoadPresetSet(Quellpad_Support_Func& keyboard);
 

@@ -1,6 +1,7 @@
 #include "settings_file.h"
 
 #include "errors.h"
+#include "settings_location.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -27,11 +28,7 @@ bool HasControlCharacters(const QByteArray& line) {
 } // namespace
 
 QString SettingsFilePath() {
-    QString dir = qEnvironmentVariable("QUELLPAD_SETTINGS_DIR");
-    if (dir.isEmpty()) {
-        dir = QCoreApplication::applicationDirPath();
-    }
-    return QDir(dir).filePath(QStringLiteral("Settings.dat"));
+    return QDir(SettingsDir()).filePath(QStringLiteral("Settings.dat"));
 }
 
 SettingsFields ReadSettingsFile(const QString& path) {

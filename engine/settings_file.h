@@ -16,7 +16,7 @@ struct SettingsFields {
     QString EnabledPorts;
 };
 
-// Where Settings.dat lives: QUELLPAD_SETTINGS_DIR when set, else beside the executable.
+// Where Settings.dat lives: in SettingsDir().
 QString SettingsFilePath();
 
 // Creates an empty file when there is none, then reads up to six lines. Lines may end

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "gamepad/gamepad_controller.h"
+#include "gamepad/sdl_joystick.h"
+#include "ui/error_boundary.h"
+
+#include <QPointer>
+
+class QAction;
+class QLabel;
+
+namespace quellpad {
+
+class FrmJoystick;
+class FrmMain;
+
+// A USB joystick on the main window: the Options menu's "Joystick..." item, the status
+// bar's note of the controller in use, the bindings file, and the SDL source feeding the
+// controller. SDL starts only when asked (StartLater after the window shows, or on the
+// first opening of the Joystick window).
+class Gamepad : public QObject {
+    Q_OBJECT
+public:
+    Gamepad(FrmMain& window, Quellpad_Support_Func& keyboard, const QString& bindingsPath);
+    ~Gamepad() override;
+
+    void StartLater(int delayMs);
+    void Start();
+
+    SdlJoystick& Source() { return source_; }
+    GamepadController& Controller() { return controller_; }
+    FrmJoystick* JoystickWindow() const;
+    void JoystickOption_Click();
+
+private:
+    void ShowController(const QString& name);
+
+    FrmMain& window_;
+    QString bindingsPath_;
+    ui::ErrorBoundary boundary_;
+    SdlJoystick source_;
+    GamepadController controller_;
+    QAction* JoystickOption = nullptr;
+    QLabel* status_ = nullptr;
+    QPointer<FrmJoystick> joystickWindow_;
+};
+
+} // namespace quellpad

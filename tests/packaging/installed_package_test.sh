@@ -1,0 +1,48 @@
+#!/usr/bin/env bash
+# Packs the build tree as the Debian package, unpacks it into a scratch root as dpkg would
+# install it, starts the installed program offscreen with a fresh home and checks that it
+# keeps its settings there and that the desktop finds its menu entry and icon.
+# Usage: installed_package_test.sh <build dir>
+set -euo pipefail
+build=$1
+if ! command -v dpkg-deb >/dev/null; then
+    echo "SKIPPED: dpkg-deb is not installed, so the Debian package cannot be built or unpacked"
+    exit 77
+fi
+scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
+fail() { echo "FAILED: $*"; exit 1; }
+
+cpack --config "$build/CPackConfig.cmake" -G DEB -B "$scratch/package" >/dev/null
+deb=$(ls "$scratch"/package/quellpad_*_amd64.deb)
+dpkg -x "$deb" "$scratch/root"
+root=$scratch/root
+
+mkdir -p "$scratch/home"
+status=0
+env -i PATH="$root/usr/bin:/usr/bin:/bin" HOME="$scratch/home" QT_QPA_PLATFORM=offscreen \
+    QUELLPAD_COM1=/dev/null QUELLPAD_COM2=/dev/null \
+    timeout 3 "$root/usr/bin/quellpad" >"$scratch/output" 2>&1 || status=$?
+[ "$status" -eq 124 ] || { cat "$scratch/output"; fail "quellpad ended with status $status before it was stopped"; }
+
+settings=$scratch/home/.config/Quellpad/Settings.dat
+[ -s "$settings" ] || fail "no Settings.dat in the user's folder ($settings)"
+[ ! -e "$root/usr/bin/Settings.dat" ] || fail "Settings.dat written beside the installed program"
+grep -q $'^D\r$' "$settings" || fail "Settings.dat holds no mode: $(cat -A "$settings")"
+
+desktop=$root/usr/share/applications/org.quellpad.Quellpad.desktop
+[ -f "$desktop" ] || fail "no desktop entry in /usr/share/applications"
+grep -qx 'Exec=quellpad' "$desktop" || fail "the desktop entry does not start quellpad"
+grep -qx 'Icon=quellpad' "$desktop" || fail "the desktop entry names another icon"
+for size in 16 32 48 256; do
+    [ -s "$root/usr/share/icons/hicolor/${size}x${size}/apps/quellpad.png" ] ||
+        fail "no ${size}x${size} icon in the hicolor theme"
+done
+[ -s "$root/usr/share/icons/hicolor/scalable/apps/quellpad.svg" ] || fail "no scalable icon"
+grep -q '<launchable type="desktop-id">org.quellpad.Quellpad.desktop</launchable>' \
+    "$root/usr/share/metainfo/org.quellpad.Quellpad.metainfo.xml" ||
+    fail "the AppStream metadata does not point at the desktop entry"
+if command -v desktop-file-validate >/dev/null; then
+    desktop-file-validate --no-hints "$desktop"
+fi
+echo "installed package starts, keeps its settings in the user's folder and shows in the menu"
