@@ -162,14 +162,15 @@ void NetworkLine::Open() {
 }
 
 void NetworkLine::Connect() {
+    socket_.abort(); // what it reports of the old connection is stopped below
     connectTimer_.stop();
+    retryTimer_.stop();
     negotiationTimer_.stop();
-    socket_.abort();
     session_ = telnet::Session{};
     dataReady_ = false;
     socket_.connectToHost(host_, port_);
-    if (state_ == State::Connecting || state_ == State::Retrying) {
-        connectTimer_.start();
+    if (socket_.state() != QAbstractSocket::UnconnectedState) {
+        connectTimer_.start(); // unless it failed at once and is already being retried
     }
 }
 
