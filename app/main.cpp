@@ -2,6 +2,7 @@
 #include "engine/keyboard_state.h"
 #include "engine/settings_location.h"
 #include "gamepad/gamepad.h"
+#include "netline/network_line.h"
 #include "site/simulated_line.h"
 
 #include <QApplication>
@@ -11,13 +12,24 @@
 #include <QScreen>
 #include <QStatusBar>
 
+namespace {
+
+// What QUELLPAD_COMn binds the port to: the simulated site ("sim"), a network serial
+// server (tcp://, rfc2217://) or a local device.
+std::unique_ptr<quellpad::SerialLine> MakeLine(int portNumber) {
+    return quellpad::site::IsSimulatedBinding(portNumber)
+               ? quellpad::site::MakeLine(portNumber)
+               : quellpad::MakeNetworkOrDeviceLine(portNumber);
+}
+
+} // namespace
+
 int main(int argc, char* argv[]) {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Quellpad"));
     QApplication::setApplicationVersion(QStringLiteral(QUELLPAD_VERSION));
 
-    // QUELLPAD_COM1=sim (or COM2) puts a simulated site on that port instead of a device.
-    quellpad::Quellpad_Support_Func keyboard(&quellpad::site::MakeLine);
+    quellpad::Quellpad_Support_Func keyboard(&MakeLine);
     quellpad::FrmMain window(keyboard);
     window.Form_Load();
 

@@ -114,6 +114,9 @@ void FrmMain::ConnectHandlers() {
         });
         connect(port, &SerialLine::LineFailed, this,
                 [this, number](const QString& message) { Port_LineFailed(number, message); });
+        // A line that reconnects by itself (a network serial server) says so itself.
+        connect(port, &SerialLine::LineRestored, this,
+                [this, number](const QString& message) { Port_Back(number, message); });
     }
     connect(&keyboard_, &Quellpad_Support_Func::CommandEchoed, this,
             [this](const QString& com1, const QString& com2) {

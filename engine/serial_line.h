@@ -47,6 +47,9 @@ signals:
     // The line failed while open (a device that vanished) and has been closed.
     // Raised once per failure, however many errors the driver reports.
     void LineFailed(const QString& message);
+    // A line that failed has come back by itself (a network server that answers again)
+    // and is open once more.
+    void LineRestored(const QString& message);
 };
 
 } // namespace quellpad

@@ -175,10 +175,13 @@ QByteArray SimulatedLine::Input() {
     return out;
 }
 
+bool IsSimulatedBinding(int portNumber) {
+    return qgetenv(portNumber == 1 ? "QUELLPAD_COM1" : "QUELLPAD_COM2").trimmed().toLower() ==
+           "sim";
+}
+
 std::unique_ptr<SerialLine> MakeLine(int portNumber) {
-    const QByteArray bound =
-        qgetenv(portNumber == 1 ? "QUELLPAD_COM1" : "QUELLPAD_COM2").trimmed().toLower();
-    if (bound == "sim") {
+    if (IsSimulatedBinding(portNumber)) {
         return std::make_unique<SimulatedLine>(portNumber);
     }
     return MakeDeviceLine(portNumber);

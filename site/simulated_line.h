@@ -87,5 +87,7 @@ private:
 // The line for a COM port: the simulated site when QUELLPAD_COM1 (or QUELLPAD_COM2) is
 // "sim", otherwise the device it names.
 std::unique_ptr<SerialLine> MakeLine(int portNumber);
+// Whether QUELLPAD_COMn names the simulated site ("sim").
+bool IsSimulatedBinding(int portNumber);
 
 } // namespace quellpad::site

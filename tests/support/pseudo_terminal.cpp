@@ -88,6 +88,32 @@ void PseudoTerminal::AllowSecondOpen() {
     ioctl(slave_, TIOCNXCL);
 }
 
+QString PseudoTerminal::LineSettings() const {
+    termios line{};
+    tcgetattr(master_, &line); // on a pseudo-terminal this reads the device side's settings
+    struct Speed {
+        speed_t code;
+        int baud;
+    };
+    static const Speed speeds[] = {{B1200, 1200},   {B2400, 2400},    {B4800, 4800},
+                                   {B9600, 9600},   {B19200, 19200},  {B38400, 38400},
+                                   {B57600, 57600}, {B115200, 115200}};
+    int baud = 0;
+    for (const Speed& speed : speeds) {
+        if (cfgetospeed(&line) == speed.code) {
+            baud = speed.baud;
+        }
+    }
+    const char parity = (line.c_cflag & PARENB) == 0 ? 'n' : (line.c_cflag & PARODD) ? 'o' : 'e';
+    const tcflag_t size = line.c_cflag & CSIZE;
+    const int bits = size == CS5 ? 5 : size == CS6 ? 6 : size == CS7 ? 7 : 8;
+    return QStringLiteral("%1,%2,%3,%4")
+        .arg(baud)
+        .arg(QChar::fromLatin1(parity))
+        .arg(bits)
+        .arg((line.c_cflag & CSTOPB) ? 2 : 1);
+}
+
 void PseudoTerminal::Hangup() {
     close(master_);
     master_ = -1;

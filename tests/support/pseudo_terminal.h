@@ -24,6 +24,9 @@ public:
     // Lets a second port object open the same device (the driver marks an open serial
     // device exclusive), so that two COM ports can share one wire in a test.
     void AllowSecondOpen();
+    // The line settings the device side has now, as "19200,e,8,1" (what a serial server
+    // that opened SlavePath() has set on it).
+    QString LineSettings() const;
     // The far end goes away, as when a USB adapter is pulled out.
     void Hangup();
 

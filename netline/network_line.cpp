@@ -1,0 +1,399 @@
+#include "network_line.h"
+
+#include "engine/serial_device.h"
+
+#include <QStringList>
+#include <QUrl>
+
+#include <algorithm>
+
+namespace quellpad {
+
+namespace {
+
+const QString kRawScheme = QStringLiteral("tcp");
+const QString kRfc2217Scheme = QStringLiteral("rfc2217");
+
+// A server that accepts the connection but never answers the option offer still gets the
+// line after this long, with the line settings it has.
+constexpr int kNegotiationTimeoutMs = 1000;
+constexpr int kDefaultConnectTimeoutMs = 3000;
+
+bool ParsePortSettings(const QString& text, telnet::PortSettings& out) {
+    const QStringList parts = text.split(u',');
+    if (parts.size() != 4) {
+        return false;
+    }
+    bool ok = false;
+    const uint baud = parts[0].trimmed().toUInt(&ok);
+    if (!ok || baud == 0) {
+        return false;
+    }
+    out.baud = baud;
+    const QString parity = parts[1].trimmed().toLower();
+    if (parity == u"n") {
+        out.parity = telnet::kParityNone;
+    } else if (parity == u"o") {
+        out.parity = telnet::kParityOdd;
+    } else if (parity == u"e") {
+        out.parity = telnet::kParityEven;
+    } else if (parity == u"m") {
+        out.parity = telnet::kParityMark;
+    } else if (parity == u"s") {
+        out.parity = telnet::kParitySpace;
+    } else {
+        return false;
+    }
+    const int bits = parts[2].trimmed().toInt(&ok);
+    if (!ok || bits < 5 || bits > 8) {
+        return false;
+    }
+    out.dataSize = static_cast<std::uint8_t>(bits);
+    const QString stop = parts[3].trimmed();
+    if (stop == u"1") {
+        out.stopSize = telnet::kStopOne;
+    } else if (stop == u"1.5") {
+        out.stopSize = telnet::kStopOneAndHalf;
+    } else if (stop == u"2") {
+        out.stopSize = telnet::kStopTwo;
+    } else {
+        return false;
+    }
+    return true;
+}
+
+std::span<const std::uint8_t> AsBytes(const QByteArray& bytes) {
+    return {reinterpret_cast<const std::uint8_t*>(bytes.constData()),
+            static_cast<std::size_t>(bytes.size())};
+}
+
+} // namespace
+
+bool IsNetworkUrl(const QString& binding) {
+    const QString text = binding.trimmed();
+    return text.startsWith(kRawScheme + QStringLiteral("://"), Qt::CaseInsensitive) ||
+           text.startsWith(kRfc2217Scheme + QStringLiteral("://"), Qt::CaseInsensitive);
+}
+
+NetworkLine::NetworkLine(int portNumber, const QString& url, QObject* parent)
+    : SerialLine(parent), portNumber_(portNumber), url_(url.trimmed()) {
+    const QUrl parsed(url_, QUrl::StrictMode);
+    const QString scheme = parsed.scheme().toLower();
+    kind_ = scheme == kRfc2217Scheme ? Kind::Rfc2217 : Kind::Raw;
+    host_ = parsed.host();
+    const int port = parsed.port();
+    validUrl_ = parsed.isValid() && (scheme == kRawScheme || scheme == kRfc2217Scheme) &&
+                !host_.isEmpty() && port > 0 && parsed.path().isEmpty();
+    port_ = static_cast<quint16>(std::max(port, 0));
+
+    connectTimer_.setSingleShot(true);
+    connectTimer_.setInterval(kDefaultConnectTimeoutMs);
+    retryTimer_.setSingleShot(true);
+    negotiationTimer_.setSingleShot(true);
+    negotiationTimer_.setInterval(kNegotiationTimeoutMs);
+    connect(&socket_, &QTcpSocket::connected, this, &NetworkLine::OnConnected);
+    connect(&socket_, &QTcpSocket::readyRead, this, &NetworkLine::OnReadyRead);
+    connect(&socket_, &QTcpSocket::errorOccurred, this, &NetworkLine::OnSocketError);
+    connect(&socket_, &QTcpSocket::disconnected, this, &NetworkLine::OnSocketError);
+    connect(&connectTimer_, &QTimer::timeout, this, &NetworkLine::OnConnectTimeout);
+    connect(&retryTimer_, &QTimer::timeout, this, &NetworkLine::Connect);
+    connect(&negotiationTimer_, &QTimer::timeout, this, &NetworkLine::OnNegotiationTimeout);
+}
+
+NetworkLine::~NetworkLine() {
+    // The socket, closing as it is destroyed, would otherwise report to a line that is
+    // half gone.
+    socket_.disconnect(this);
+    socket_.abort();
+}
+
+void NetworkLine::SetSettings(const QString& settings) {
+    telnet::PortSettings parsed;
+    if (!ParsePortSettings(settings, parsed)) {
+        throw PortError(portNumber_, url_, PortFailure::BadSettings,
+                        QStringLiteral("the line settings \"%1\" are not valid").arg(settings));
+    }
+    settings_ = parsed;
+    if (kind_ == Kind::Rfc2217 && dataReady_ && session_.ComPortAgreed()) {
+        for (const telnet::Bytes& command :
+             {telnet::SetBaudRate(settings_.baud), telnet::SetDataSize(settings_.dataSize),
+              telnet::SetParity(settings_.parity), telnet::SetStopSize(settings_.stopSize)}) {
+            Send(command);
+        }
+    }
+}
+
+void NetworkLine::SetRtsEnable(bool enable) {
+    rts_ = enable;
+    if (kind_ == Kind::Rfc2217 && dataReady_ && session_.ComPortAgreed()) {
+        Send(telnet::SetControl(rts_ ? telnet::kControlRtsOn : telnet::kControlRtsOff));
+    }
+}
+
+void NetworkLine::SetBufferSizes(int /*inputBytes*/, int /*outputBytes*/) {
+    // Each byte is written to the socket as it is given, and received bytes are kept up
+    // to kMaxWaitingInput; the driver-style buffer sizes have nothing to size here.
+}
+
+void NetworkLine::SetInputLength(int bytes) {
+    inputLength_ = bytes;
+}
+
+void NetworkLine::SetRetryInterval(int milliseconds) {
+    retryInterval_ = milliseconds;
+}
+
+void NetworkLine::SetConnectTimeout(int milliseconds) {
+    connectTimer_.setInterval(milliseconds);
+}
+
+void NetworkLine::Open() {
+    if (IsOpen()) {
+        return;
+    }
+    if (!validUrl_) {
+        throw PortError(portNumber_, url_, PortFailure::NoSuchPort,
+                        QStringLiteral("the binding names no server; write tcp://host:port or "
+                                       "rfc2217://host:port"));
+    }
+    retryTimer_.stop();
+    state_ = State::Connecting;
+    Connect();
+}
+
+void NetworkLine::Connect() {
+    socket_.abort(); // what it reports of the old connection is stopped below
+    connectTimer_.stop();
+    retryTimer_.stop();
+    negotiationTimer_.stop();
+    session_ = telnet::Session{};
+    dataReady_ = false;
+    socket_.connectToHost(host_, port_);
+    if (socket_.state() != QAbstractSocket::UnconnectedState) {
+        connectTimer_.start(); // unless it failed at once and is already being retried
+    }
+}
+
+void NetworkLine::Close() {
+    state_ = State::Closed;
+    connectTimer_.stop();
+    retryTimer_.stop();
+    negotiationTimer_.stop();
+    socket_.abort();
+    dataReady_ = false;
+    waitingOutput_.clear();
+    waitingInput_.clear();
+}
+
+bool NetworkLine::IsOpen() const {
+    return state_ == State::Connecting || state_ == State::Connected;
+}
+
+void NetworkLine::Output(std::uint8_t byte) {
+    if (state_ == State::Connected && dataReady_) {
+        telnet::Bytes wire;
+        if (kind_ == Kind::Rfc2217) {
+            telnet::AppendData(wire, byte);
+        } else {
+            wire.push_back(byte);
+        }
+        Send(wire);
+        return;
+    }
+    if (!IsOpen()) {
+        throw PortError(portNumber_, url_, PortFailure::WriteFailed,
+                        QStringLiteral("the port is not open"));
+    }
+    if (waitingOutput_.size() >= kMaxWaitingOutput) {
+        throw PortError(portNumber_, url_, PortFailure::WriteFailed,
+                        QStringLiteral("the server has not answered yet and %1 bytes are "
+                                       "already waiting for it")
+                            .arg(waitingOutput_.size()));
+    }
+    waitingOutput_.append(static_cast<char>(byte));
+}
+
+QByteArray NetworkLine::Input() {
+    const qsizetype count = inputLength_ > 0
+                                ? std::min<qsizetype>(inputLength_, waitingInput_.size())
+                                : waitingInput_.size();
+    QByteArray taken = waitingInput_.left(count);
+    waitingInput_.remove(0, count);
+    return taken;
+}
+
+void NetworkLine::Send(const telnet::Bytes& wire) {
+    if (wire.empty() || socket_.state() != QAbstractSocket::ConnectedState) {
+        return;
+    }
+    // Written and flushed now: a frame's bytes leave one by one as the keyboard gives
+    // them, not at the next return to the event loop. A failed write shows up as the
+    // socket's error, which reports the line once.
+    socket_.write(reinterpret_cast<const char*>(wire.data()), static_cast<qint64>(wire.size()));
+    socket_.flush();
+}
+
+void NetworkLine::OnConnected() {
+    if (state_ != State::Connecting && state_ != State::Retrying) {
+        return;
+    }
+    connectTimer_.stop();
+    const bool restored = state_ == State::Retrying;
+    state_ = State::Connected;
+    // Nagle's algorithm would hold each small write back until the last one is
+    // acknowledged; a camera command must leave at once.
+    socket_.setSocketOption(QAbstractSocket::LowDelayOption, 1);
+    socket_.setSocketOption(QAbstractSocket::KeepAliveOption, 1);
+    if (kind_ == Kind::Rfc2217) {
+        Send(session_.Start());
+        negotiationTimer_.start();
+    } else {
+        BeginData();
+    }
+    if (restored) {
+        const QString message =
+            QStringLiteral("%1 works again: the server answers and the port is open.").arg(Where());
+        QTimer::singleShot(0, this, [this, message] { emit LineRestored(message); });
+    }
+}
+
+void NetworkLine::BeginData() {
+    if (dataReady_ || state_ != State::Connected) {
+        return;
+    }
+    dataReady_ = true;
+    negotiationTimer_.stop();
+    if (kind_ == Kind::Rfc2217 && session_.ComPortAgreed()) {
+        SendSettings();
+    }
+    const QByteArray waiting = std::exchange(waitingOutput_, QByteArray());
+    Send(kind_ == Kind::Rfc2217 ? telnet::EscapeData(AsBytes(waiting))
+                                : telnet::Bytes(waiting.begin(), waiting.end()));
+}
+
+void NetworkLine::SendSettings() {
+    Send(telnet::ConfigurePort(settings_, rts_));
+}
+
+void NetworkLine::OnNegotiationTimeout() {
+    BeginData();
+}
+
+void NetworkLine::OnReadyRead() {
+    const QByteArray wire = socket_.readAll();
+    if (state_ != State::Connected) {
+        return;
+    }
+    if (kind_ == Kind::Raw) {
+        waitingInput_.append(wire);
+    } else {
+        const bool wasAgreed = session_.ComPortAgreed();
+        telnet::Bytes data;
+        telnet::Bytes reply;
+        session_.Feed(AsBytes(wire), data, reply);
+        Send(reply);
+        if (state_ != State::Connected) {
+            return; // the answer could not be written and the line has failed
+        }
+        waitingInput_.append(reinterpret_cast<const char*>(data.data()),
+                             static_cast<qsizetype>(data.size()));
+        if (!dataReady_ && session_.ComPortSettled()) {
+            BeginData();
+        } else if (dataReady_ && !wasAgreed && session_.ComPortAgreed()) {
+            SendSettings(); // agreed only after the negotiation timeout
+        }
+    }
+    if (waitingInput_.size() > kMaxWaitingInput) {
+        waitingInput_.remove(0, waitingInput_.size() - kMaxWaitingInput); // keep the newest
+    }
+    ReportData();
+}
+
+void NetworkLine::ReportData() {
+    if (reportingData_) {
+        return;
+    }
+    reportingData_ = true;
+    // One event per input length, as a local port raises them: the handler reads at most
+    // that many bytes, and what it leaves must not wait for the next arrival.
+    qsizetype waiting = waitingInput_.size();
+    while (waiting > 0 && state_ == State::Connected) {
+        emit CommEvent(kDataReceived);
+        const qsizetype left = waitingInput_.size();
+        if (left >= waiting) {
+            break; // the handler took nothing (a mode that ignores replies)
+        }
+        waiting = left;
+    }
+    reportingData_ = false;
+}
+
+void NetworkLine::OnSocketError() {
+    switch (state_) {
+    case State::Closed:
+        return;
+    case State::Connecting:
+        Fail(PortFailure::Other,
+             QStringLiteral("the server does not answer (%1)").arg(socket_.errorString()));
+        return;
+    case State::Connected:
+        Fail(PortFailure::Vanished, QStringLiteral("the connection to the server was lost (%1)")
+                                        .arg(socket_.errorString()));
+        return;
+    case State::Retrying:
+        // Another attempt that found no server: tried again later, without a word.
+        connectTimer_.stop();
+        if (!retryTimer_.isActive()) {
+            retryTimer_.start(retryInterval_);
+        }
+        return;
+    }
+}
+
+void NetworkLine::OnConnectTimeout() {
+    if (state_ == State::Connecting) {
+        Fail(PortFailure::Other, QStringLiteral("the server did not answer within %1 seconds")
+                                     .arg(connectTimer_.interval() / 1000.0));
+        socket_.abort();
+    } else if (state_ == State::Retrying) {
+        socket_.abort();
+        retryTimer_.start(retryInterval_);
+    }
+}
+
+void NetworkLine::Fail(PortFailure failure, const QString& reason) {
+    state_ = State::Retrying;
+    connectTimer_.stop();
+    negotiationTimer_.stop();
+    dataReady_ = false;
+    waitingOutput_.clear();
+    waitingInput_.clear();
+    // No abort here: this runs inside the socket's own error signal, and the socket has
+    // closed itself; the next attempt starts from the retry timer, in the event loop.
+    retryTimer_.start(retryInterval_);
+    const QString message =
+        PortError(portNumber_, url_, failure,
+                  QStringLiteral("%1; it is tried again every %2 seconds and reopens by itself")
+                      .arg(reason)
+                      .arg(retryInterval_ / 1000.0))
+            .Message();
+    // Told from the event loop rather than from inside the socket's own signal, so that
+    // whatever the operator is shown cannot run into the socket half-way through.
+    QTimer::singleShot(0, this, [this, message] { emit LineFailed(message); });
+}
+
+QString NetworkLine::Where() const {
+    return QStringLiteral("COM %1 (%2)").arg(portNumber_).arg(url_);
+}
+
+std::unique_ptr<SerialLine> MakeNetworkLine(int portNumber, const QString& url) {
+    return std::make_unique<NetworkLine>(portNumber, url);
+}
+
+std::unique_ptr<SerialLine> MakeNetworkOrDeviceLine(int portNumber) {
+    const QString binding = DeviceForPort(portNumber);
+    return IsNetworkUrl(binding) ? MakeNetworkLine(portNumber, binding)
+                                 : MakeDeviceLine(portNumber);
+}
+
+} // namespace quellpad

@@ -1,0 +1,121 @@
+#pragma once
+
+#include "netline/telnet_codec.h"
+
+#include "engine/errors.h"
+#include "engine/serial_line.h"
+
+#include <QByteArray>
+#include <QTcpSocket>
+#include <QTimer>
+
+#include <memory>
+#include <optional>
+
+namespace quellpad {
+
+// Whether a COM port binding names a serial server on the network ("tcp://host:port",
+// "rfc2217://host:port") rather than a local device.
+bool IsNetworkUrl(const QString& binding);
+
+// A COM port carried by a serial device server on the network.
+//
+// tcp://host:port is a raw server: the bytes pass as they are, and the line settings are
+// those configured on the server (SetSettings only checks the text). rfc2217://host:port
+// is a server speaking the Telnet COM Port Control option: the baud rate, parity and RTS
+// chosen by the operator are sent to it when the line opens and whenever they change.
+//
+// Open() never waits for the network, so a server that does not answer cannot freeze the
+// window. It starts the connection and returns; the line counts as open from then on and
+// the bytes written meanwhile wait (a bounded amount) and leave once the connection is up.
+// A connection that cannot be made, or that drops, is reported once through LineFailed,
+// as an unplugged device would be, and the line closes. It is then tried again in the
+// background every few seconds until the server is back; the line reopens by itself and
+// says so through LineRestored. Close() stops the retries.
+class NetworkLine final : public SerialLine {
+    Q_OBJECT
+public:
+    enum class Kind { Raw, Rfc2217 };
+
+    NetworkLine(int portNumber, const QString& url, QObject* parent = nullptr);
+    ~NetworkLine() override;
+
+    int PortNumber() const override { return portNumber_; }
+    QString Device() const override { return url_; }
+    void SetSettings(const QString& settings) override;
+    void SetRtsEnable(bool enable) override;
+    void SetBufferSizes(int inputBytes, int outputBytes) override;
+    void SetInputLength(int bytes) override;
+    void Open() override;
+    void Close() override;
+    bool IsOpen() const override;
+    void Output(std::uint8_t byte) override;
+    QByteArray Input() override;
+
+    Kind LineKind() const { return kind_; }
+    // Connected to the server, as opposed to open and still connecting.
+    bool IsConnected() const { return state_ == State::Connected; }
+    // Whether the line is closed after a failure and being tried again.
+    bool IsRetrying() const { return state_ == State::Retrying; }
+    void SetRetryInterval(int milliseconds);
+    void SetConnectTimeout(int milliseconds);
+    // What the server reported for its line after our settings, on an RFC 2217 line.
+    std::optional<std::uint32_t> ServerValue(telnet::PortCommand command) const {
+        return session_.ServerValue(command);
+    }
+
+    // Received bytes kept for Input(); older ones are dropped beyond this.
+    static constexpr int kMaxWaitingInput = 64 * 1024;
+    // Bytes written while the connection is being made that are kept for it.
+    static constexpr int kMaxWaitingOutput = 4 * 1024;
+
+private:
+    enum class State { Closed, Connecting, Connected, Retrying };
+
+    void Connect();
+    void OnConnected();
+    void OnReadyRead();
+    void OnSocketError();
+    void OnConnectTimeout();
+    void OnNegotiationTimeout();
+    void Fail(PortFailure failure, const QString& reason);
+    // Puts bytes on the wire now, without waiting for the event loop.
+    void Send(const telnet::Bytes& wire);
+    void SendSettings();
+    // The line is ready for data: on an RFC 2217 line once the server has settled the
+    // option (and been given the settings), so that no byte leaves at the old baud rate.
+    void BeginData();
+    void ReportData();
+    QString Where() const;
+
+    int portNumber_;
+    QString url_;
+    Kind kind_ = Kind::Raw;
+    QString host_;
+    quint16 port_ = 0;
+    bool validUrl_ = false;
+
+    State state_ = State::Closed;
+    bool dataReady_ = false;
+    telnet::PortSettings settings_;
+    bool rts_ = false;
+    int inputLength_ = 0;
+    int retryInterval_ = 2000;
+
+    QTcpSocket socket_;
+    QTimer connectTimer_;
+    QTimer retryTimer_;
+    QTimer negotiationTimer_;
+    telnet::Session session_;
+    QByteArray waitingOutput_;
+    QByteArray waitingInput_;
+    bool reportingData_ = false;
+};
+
+// The line for a COM port bound to a network URL.
+std::unique_ptr<SerialLine> MakeNetworkLine(int portNumber, const QString& url);
+// The keyboard's line factory when network bindings are allowed: a network line when
+// QUELLPAD_COMn names one, a local device otherwise.
+std::unique_ptr<SerialLine> MakeNetworkOrDeviceLine(int portNumber);
+
+} // namespace quellpad

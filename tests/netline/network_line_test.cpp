@@ -1,0 +1,288 @@
+#include "fixtures.h"
+
+#include "engine/errors.h"
+#include "engine/port_control.h"
+#include "netline/network_line.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QProcess>
+#include <QSignalSpy>
+#include <QStandardPaths>
+#include <QTcpServer>
+
+#include <arpa/inet.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace quellpad::test {
+namespace {
+
+// Why ser2net cannot be used, or "" once it is there; installed from the distribution's
+// packages when missing and the tests run as root.
+QString Ser2netUnavailable() {
+    static const QString reason = []() -> QString {
+        const auto found = [] {
+            return !QStandardPaths::findExecutable("ser2net").isEmpty();
+        };
+        if (found()) {
+            return {};
+        }
+        if (geteuid() != 0) {
+            return "ser2net is not installed, and installing it needs root: run "
+                   "scripts/install-deps";
+        }
+        QProcess apt;
+        apt.setProcessChannelMode(QProcess::MergedChannels);
+        apt.start("sh", {"-c", "apt-get install -y -q --no-install-recommends ser2net || "
+                               "{ apt-get update -q && apt-get install -y -q "
+                               "--no-install-recommends ser2net; }"});
+        apt.waitForFinished(600000);
+        return found() ? QString()
+                       : "ser2net is not installed and apt-get could not install it: " +
+                             QString::fromLocal8Bit(apt.readAll().right(300));
+    }();
+    return reason;
+}
+
+quint16 FreeLoopbackPort() {
+    QTcpServer probe;
+    probe.listen(QHostAddress::LocalHost, 0);
+    return probe.serverPort();
+}
+
+// ser2net serving one pseudo-terminal on a loopback port, raw or with RFC 2217.
+class Ser2net {
+public:
+    Ser2net(const QString& device, bool rfc2217, const QString& folder)
+        : port_(FreeLoopbackPort()), rfc2217_(rfc2217), folder_(folder) {
+        QFile config(folder_ + "/ser2net.yaml");
+        config.open(QIODevice::WriteOnly);
+        config.write(QStringLiteral("connection: &quellpad\n"
+                                    "  accepter: %1tcp,127.0.0.1,%2\n"
+                                    "  connector: serialdev,%3,9600n81,local\n")
+                         .arg(rfc2217 ? "telnet(rfc2217)," : "")
+                         .arg(port_)
+                         .arg(device)
+                         .toUtf8());
+    }
+    ~Ser2net() { Kill(); }
+
+    QString Url() const {
+        return QStringLiteral("%1://127.0.0.1:%2").arg(rfc2217_ ? "rfc2217" : "tcp").arg(port_);
+    }
+    // Starts it and waits until it listens.
+    bool Start() {
+        process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        process_.start("ser2net", {"-n", "-d", "-c", folder_ + "/ser2net.yaml", "-P",
+                                   folder_ + "/ser2net.pid"});
+        return process_.waitForStarted() && WaitUntil([&] { return Listening(); });
+    }
+    // Gone at once, as a server that loses its power.
+    void Kill() {
+        process_.kill();
+        process_.waitForFinished();
+    }
+
+private:
+    bool Listening() const {
+        QFile table("/proc/net/tcp");
+        table.open(QIODevice::ReadOnly);
+        const QByteArray entry = QStringLiteral(" 0100007F:%1 00000000:0000 0A ")
+                                     .arg(port_, 4, 16, QChar(u'0'))
+                                     .toUpper()
+                                     .toLatin1();
+        return table.readAll().contains(entry);
+    }
+
+    quint16 port_;
+    bool rfc2217_;
+    QString folder_;
+    QProcess process_;
+};
+
+class NetworkLineTest : public KeyboardFixture, public ::testing::WithParamInterface<bool> {
+protected:
+    void SetUp() override {
+        KeyboardFixture::SetUp();
+        if (const QString reason = Ser2netUnavailable(); !reason.isEmpty()) {
+            GTEST_SKIP() << "Network lines not tested against a serial server: "
+                         << reason.toStdString();
+        }
+        server_ = std::make_unique<Ser2net>(com1_.SlavePath(), GetParam(), dir_.path());
+        Bind(1, server_->Url());
+        network_ = std::make_unique<Quellpad_Support_Func>(&MakeNetworkOrDeviceLine);
+        line_ = dynamic_cast<NetworkLine*>(&network_->MSComm1());
+        ASSERT_NE(line_, nullptr);
+        line_->SetRetryInterval(200);
+        QObject::connect(line_, &SerialLine::CommEvent, [&] { received_ += line_->Input(); });
+    }
+    void TearDown() override {
+        network_.reset();
+        server_.reset();
+        KeyboardFixture::TearDown();
+    }
+    // A D frame, pan right at speed 0x20, from SendCommand on COM 1 to the far pty.
+    void SendFrameToFarEnd() {
+        network_->CurrentMode = kModeD;
+        network_->Command2 = 0x02;
+        network_->Data1 = 0x20;
+        network_->SendCommand();
+        EXPECT_EQ(com1_.Read(7), QByteArray::fromHex("ff010002200023"));
+    }
+    bool Rfc2217() const { return GetParam(); }
+    // The server applies the line settings on its own time, not in step with the data.
+    QString FarSettingsOnceSettled(const QString& expected) {
+        WaitUntil([&] { return com1_.LineSettings() == expected; }, 1000);
+        return com1_.LineSettings();
+    }
+
+    std::unique_ptr<Ser2net> server_;
+    std::unique_ptr<Quellpad_Support_Func> network_;
+    NetworkLine* line_ = nullptr;
+    QByteArray received_;
+};
+
+TEST_P(NetworkLineTest, FramesSettingsAndRepliesCrossTheServerByteExact) {
+    ASSERT_TRUE(server_->Start());
+    // Two stop bits show on the far pty; parity does not, as this kernel refuses it on a
+    // pseudo-terminal, so the server's own answer stands for it.
+    line_->SetSettings("4800,n,8,2");
+    QElapsedTimer clock;
+    clock.start();
+    line_->Open();
+    EXPECT_LT(clock.elapsed(), 100) << "opening waits for nobody";
+    SendFrameToFarEnd(); // written while the connection is still being made
+    const QString first = Rfc2217() ? "4800,n,8,2" : "9600,n,8,1";
+    EXPECT_EQ(FarSettingsOnceSettled(first), first);
+
+    line_->SetSettings("19200,e,8,1");
+    const QByteArray reply = QByteArray::fromHex("ff01005912ffa0");
+    com1_.Write(reply);
+    EXPECT_TRUE(WaitUntil([&] { return received_.size() >= reply.size(); }));
+    EXPECT_EQ(received_, reply) << "0xFF undoubled, negotiation kept out";
+    const QString changed = Rfc2217() ? "19200,n,8,1" : "9600,n,8,1";
+    EXPECT_EQ(FarSettingsOnceSettled(changed), changed)
+        << "a raw server keeps its own line settings";
+    if (Rfc2217()) {
+        EXPECT_TRUE(WaitUntil([&] {
+            return line_->ServerValue(telnet::PortCommand::SetParity) == telnet::kParityEven;
+        })) << "the server confirms even parity";
+    }
+}
+
+// A server that is not there when the port opens, and one that dies while it is open, are
+// each told once; the line comes back by itself when the server does.
+TEST_P(NetworkLineTest, AMissingOrLostServerIsReportedOnceAndTheLineReopensWhenItIsBack) {
+    QSignalSpy failed(line_, &SerialLine::LineFailed);
+    QSignalSpy restored(line_, &SerialLine::LineRestored);
+    line_->SetSettings("19200,n,8,1");
+    line_->Open();
+    ASSERT_TRUE(WaitUntil([&] { return !failed.isEmpty(); }));
+    EXPECT_EQ(failed[0][0].toString(),
+              QStringLiteral("COM 1 (%1): the server does not answer (Connection refused); it is "
+                             "tried again every 0.2 seconds and reopens by itself.")
+                  .arg(server_->Url()));
+    ASSERT_TRUE(server_->Start());
+    ASSERT_TRUE(WaitUntil([&] { return !restored.isEmpty(); }));
+    EXPECT_EQ(restored[0][0].toString(),
+              QStringLiteral("COM 1 (%1) works again: the server answers and the port is open.")
+                  .arg(server_->Url()));
+
+    server_->Kill();
+    ASSERT_TRUE(WaitUntil([&] { return failed.size() == 2; }));
+    EXPECT_FALSE(line_->IsOpen());
+    EXPECT_TRUE(failed[1][0].toString().startsWith(
+        QStringLiteral("COM 1 (%1) stopped working and has been closed: the connection to the "
+                       "server was lost")
+            .arg(server_->Url())))
+        << failed[1][0].toString().toStdString();
+    com1_.Drain(700); // several retries find no server, silently
+    ASSERT_TRUE(server_->Start());
+    ASSERT_TRUE(WaitUntil([&] { return restored.size() == 2; }));
+    EXPECT_EQ(failed.size(), 2);
+    EXPECT_TRUE(line_->IsOpen());
+    SendFrameToFarEnd();
+    if (Rfc2217()) {
+        EXPECT_EQ(FarSettingsOnceSettled("19200,n,8,1"), "19200,n,8,1")
+            << "the settings are given again";
+    }
+
+    // The settings window's Save closes and reopens the port: a new connection at once.
+    network_->AvailablePorts = "1";
+    network_->BaudRate = "2400";
+    network_->Parity = "n";
+    network_->HoldRts = "True";
+    ApplyLineSettings(*network_);
+    SendFrameToFarEnd();
+    const QString saved = Rfc2217() ? "2400,n,8,1" : "9600,n,8,1";
+    EXPECT_EQ(FarSettingsOnceSettled(saved), saved);
+    EXPECT_EQ(failed.size(), 2);
+}
+
+INSTANTIATE_TEST_SUITE_P(RawAndRfc2217, NetworkLineTest, ::testing::Bool(),
+                         [](const ::testing::TestParamInfo<bool>& param) {
+                             return param.param ? "Rfc2217" : "Raw";
+                         });
+
+// A server whose queue of connections is full drops the call unanswered, as one that hangs.
+TEST(NetworkLine, AServerThatDoesNotAnswerIsGivenUpOnWithoutWaitingInOpen) {
+    const int listener = socket(AF_INET, SOCK_STREAM, 0);
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t size = sizeof address;
+    ASSERT_EQ(bind(listener, reinterpret_cast<sockaddr*>(&address), size), 0);
+    ASSERT_EQ(listen(listener, 0), 0);
+    getsockname(listener, reinterpret_cast<sockaddr*>(&address), &size);
+    const QString url = QStringLiteral("tcp://127.0.0.1:%1").arg(ntohs(address.sin_port));
+    QTcpSocket queued[2];
+    for (QTcpSocket& filler : queued) {
+        filler.connectToHost(QHostAddress::LocalHost, ntohs(address.sin_port));
+    }
+    WaitUntil([&] { return queued[0].state() == QAbstractSocket::ConnectedState; });
+
+    NetworkLine line(1, url);
+    line.SetConnectTimeout(300);
+    QSignalSpy failed(&line, &SerialLine::LineFailed);
+    QElapsedTimer clock;
+    clock.start();
+    line.Open();
+    EXPECT_LT(clock.elapsed(), 100);
+    EXPECT_TRUE(WaitUntil([&] { return !failed.isEmpty(); }));
+    EXPECT_EQ(failed.value(0).value(0).toString(),
+              QStringLiteral("COM 1 (%1): the server did not answer within 0.3 seconds; it is "
+                             "tried again every 2 seconds and reopens by itself.")
+                  .arg(url));
+    close(listener);
+}
+
+TEST(NetworkBinding, UrlsMakeNetworkLinesAndOtherBindingsDevices) {
+    struct Case {
+        const char* binding;
+        bool network;
+        bool opens;
+    };
+    const Case cases[] = {
+        {"tcp://127.0.0.1:7001", true, true},    {"RFC2217://localhost:4001", true, true},
+        {"tcp://127.0.0.1", true, false},        {"rfc2217://:4001", true, false},
+        {"/dev/quellpad-missing", false, false},
+    };
+    for (const Case& c : cases) {
+        qputenv("QUELLPAD_COM2", c.binding);
+        const std::unique_ptr<SerialLine> line = MakeNetworkOrDeviceLine(2);
+        EXPECT_EQ(dynamic_cast<NetworkLine*>(line.get()) != nullptr, c.network) << c.binding;
+        EXPECT_EQ(line->Device(), QString::fromLatin1(c.binding));
+        try {
+            line->Open();
+            EXPECT_TRUE(c.opens) << c.binding;
+        } catch (const PortError& error) {
+            EXPECT_FALSE(c.opens) << c.binding;
+            EXPECT_EQ(error.Failure(), PortFailure::NoSuchPort) << c.binding;
+        }
+    }
+}
+
+} // namespace
+} // namespace quellpad::test
