@@ -1,4 +1,4 @@
-#include "fixtures.h"
+#include "main_window_fixture.h"
 
 #include "console/frm_main.h"
 
@@ -16,23 +16,8 @@ namespace {
 
 // The main window opening its command windows: which timers run while each is open,
 // what reaches the ports, and what is left when it closes.
-class CommandWindowsTest : public KeyboardFixture {
+class CommandWindowsTest : public MainWindowFixture {
 protected:
-    void Start(const char* mode) {
-        WriteSettings(QByteArray("2400\r\nn\r\nFalse\r\n1 2\r\n") + mode + "\r\n1\r\n");
-        MakeKeyboard();
-        window_ = std::make_unique<FrmMain>(*keyboard_);
-        window_->Form_Load();
-        window_->show();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(window_.get()));
-    }
-    void TearDown() override {
-        window_.reset();
-        KeyboardFixture::TearDown();
-    }
-    template <class T = QWidget> T* Child(const char* name) const {
-        return window_->findChild<T*>(QLatin1String(name));
-    }
     bool Running(const char* timer) const { return Child<QTimer>(timer)->isActive(); }
     // Runs `inside` on the modal window once it is up; the window is closed after it.
     // Returns false when no window came up.
@@ -52,8 +37,6 @@ protected:
         open();
         return opened;
     }
-
-    std::unique_ptr<FrmMain> window_;
 };
 
 TEST_F(CommandWindowsTest, TypedCommandsPauseBothTimersShowRepliesAndRestoreTheTimers) {
