@@ -55,7 +55,7 @@ TEST_F(SettingsTest, AFileThatCannotBeReadAsPlainLinesIsKeptBeforeItIsRewritten)
                     "6\0"
                     "0\0"
                     "0\0\r\0\n\0",
-                    16),
+                    14),
          "line 1 holds characters"},
         {"a line over 4 KB", "9600\r\n" + QByteArray(5000, 'e') + "\r\n" + rest,
          "line 2 is longer than 4096 characters"},
