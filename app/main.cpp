@@ -46,8 +46,11 @@ int main(int argc, char* argv[]) {
     }
     window.show();
 
-    // SDL starts once the window is up, so that the first paint does not wait for it.
+    // A joystick the operator has used before starts once the window is up, so that the
+    // first paint does not wait for it; otherwise Options > Joystick... starts it.
     quellpad::Gamepad gamepad(window, keyboard, quellpad::BindingsFilePath());
-    gamepad.StartLater(300);
+    if (gamepad.WantedAtStart()) {
+        gamepad.StartLater(300);
+    }
     return QApplication::exec();
 }

@@ -6,6 +6,7 @@
 
 #include <QLabel>
 #include <QMenu>
+#include <QSettings>
 #include <QStatusBar>
 #include <QTimer>
 
@@ -56,6 +57,12 @@ void Gamepad::StartLater(int delayMs) {
                        [this] { boundary_.Run("Joystick_Start", [&] { Start(); }); });
 }
 
+bool Gamepad::WantedAtStart() const {
+    return QSettings(bindingsPath_, QSettings::IniFormat)
+        .value(QStringLiteral("Joystick/InUse"), false)
+        .toBool();
+}
+
 void Gamepad::Start() {
     if (source_.Started()) {
         return;
@@ -85,6 +92,7 @@ void Gamepad::ShowController(const QString& name) {
 
 void Gamepad::JoystickOption_Click() {
     Start();
+    QSettings(bindingsPath_, QSettings::IniFormat).setValue(QStringLiteral("Joystick/InUse"), true);
     if (!joystickWindow_) {
         joystickWindow_ = new FrmJoystick(controller_.Bindings(), &window_);
         joystickWindow_->setAttribute(Qt::WA_DeleteOnClose);

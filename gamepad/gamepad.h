@@ -16,8 +16,9 @@ class FrmMain;
 
 // A USB joystick on the main window: the Options menu's "Joystick..." item, the status
 // bar's note of the controller in use, the bindings file, and the SDL source feeding the
-// controller. SDL starts only when asked (StartLater after the window shows, or on the
-// first opening of the Joystick window).
+// controller. SDL (its libraries weigh more than the rest of the program) starts only
+// once the operator has asked for a joystick: at the first opening of the Joystick window,
+// which the bindings file remembers, so that later starts pick the stick up by themselves.
 class Gamepad : public QObject {
     Q_OBJECT
 public:
@@ -25,6 +26,8 @@ public:
     ~Gamepad() override;
 
     void StartLater(int delayMs);
+    // Whether the operator has used the joystick before: then it starts with the program.
+    bool WantedAtStart() const;
     void Start();
 
     SdlJoystick& Source() { return source_; }
