@@ -3,6 +3,8 @@
 
 #include "engine/typed_line.h"
 
+#include <QStringList>
+
 using quellpad::fuzz::Require;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
