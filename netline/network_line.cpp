@@ -19,46 +19,34 @@ const QString kRfc2217Scheme = QStringLiteral("rfc2217");
 constexpr int kNegotiationTimeoutMs = 1000;
 constexpr int kDefaultConnectTimeoutMs = 3000;
 
+// The line settings text as the server is to apply it, read as a local device reads it.
 bool ParsePortSettings(const QString& text, telnet::PortSettings& out) {
-    const QStringList parts = text.split(u',');
-    if (parts.size() != 4) {
+    const std::optional<LineSettings> line = ParseLineSettings(text);
+    if (!line || line->baud <= 0) {
         return false;
     }
-    bool ok = false;
-    const uint baud = parts[0].trimmed().toUInt(&ok);
-    if (!ok || baud == 0) {
-        return false;
-    }
-    out.baud = baud;
-    const QString parity = parts[1].trimmed().toLower();
-    if (parity == u"n") {
-        out.parity = telnet::kParityNone;
-    } else if (parity == u"o") {
+    out.baud = static_cast<std::uint32_t>(line->baud);
+    switch (line->parity) {
+    case QSerialPort::OddParity:
         out.parity = telnet::kParityOdd;
-    } else if (parity == u"e") {
+        break;
+    case QSerialPort::EvenParity:
         out.parity = telnet::kParityEven;
-    } else if (parity == u"m") {
+        break;
+    case QSerialPort::MarkParity:
         out.parity = telnet::kParityMark;
-    } else if (parity == u"s") {
+        break;
+    case QSerialPort::SpaceParity:
         out.parity = telnet::kParitySpace;
-    } else {
-        return false;
+        break;
+    default:
+        out.parity = telnet::kParityNone;
+        break;
     }
-    const int bits = parts[2].trimmed().toInt(&ok);
-    if (!ok || bits < 5 || bits > 8) {
-        return false;
-    }
-    out.dataSize = static_cast<std::uint8_t>(bits);
-    const QString stop = parts[3].trimmed();
-    if (stop == u"1") {
-        out.stopSize = telnet::kStopOne;
-    } else if (stop == u"1.5") {
-        out.stopSize = telnet::kStopOneAndHalf;
-    } else if (stop == u"2") {
-        out.stopSize = telnet::kStopTwo;
-    } else {
-        return false;
-    }
+    out.dataSize = static_cast<std::uint8_t>(line->dataBits);
+    out.stopSize = line->stopBits == QSerialPort::TwoStop          ? telnet::kStopTwo
+                   : line->stopBits == QSerialPort::OneAndHalfStop ? telnet::kStopOneAndHalf
+                                                                   : telnet::kStopOne;
     return true;
 }
 
