@@ -204,7 +204,10 @@ void FrmMain::LoadKeyboard() {
     HernisProtocolOption->setVisible(false);
     T_Protocol_Option->setVisible(false);
     UpdatePortBindings();
-    LayOut();
+    // A window not yet shown has no final size: its first showing lays it out.
+    if (isVisible()) {
+        LayOut();
+    }
 
     for (const QString& problem : problems) {
         QTimer::singleShot(0, this, [this, problem] { boundary_.Report("Form_Load", problem); });

@@ -22,7 +22,13 @@ namespace quellpad::ui {
 namespace {
 // Below this a caption stops being readable on an ordinary screen.
 constexpr double kSmallestPointSize = 6.5;
-constexpr double kPointStep = 0.25;
+// Sizes are whole or half points: every font size is matched and its glyphs drawn once for
+// all the controls that share it, which is most of what the window costs to show.
+constexpr double kPointStep = 0.5;
+
+double SnapDown(double size) {
+    return std::max(kSmallestPointSize, std::floor(size / kPointStep) * kPointStep);
+}
 
 // The captions' lines as they are drawn: CR LF is one line break.
 QString DrawnText(const QString& caption) {
@@ -79,15 +85,21 @@ void ProportionalLayout::Apply(QSizeF containerSize) {
 
         const QStringList captions = QStringList(CaptionOf(control)) + entry.otherCaptions;
         QFont font = control->font();
-        double size = std::max(kSmallestPointSize, entry.pointSize * fontScale);
+        double size = SnapDown(entry.pointSize * fontScale);
         font.setPointSizeF(size);
-        const auto fits = [&] {
-            return std::all_of(captions.begin(), captions.end(), [&](const QString& caption) {
-                return CaptionFits(control, font, caption);
-            });
+        // A caption's width follows the font size closely, so one measurement says how far
+        // to shrink; the next one checks it.
+        const auto room = [&] {
+            double least = 1.0;
+            for (const QString& caption : captions) {
+                least = std::min(least, CaptionRoom(control, font, caption));
+            }
+            return least;
         };
-        while (size > kSmallestPointSize && !fits()) {
-            size = std::max(kSmallestPointSize, size - kPointStep);
+        for (double fraction = room(); size > kSmallestPointSize && fraction < 1.0;
+             fraction = room()) {
+            size = std::min(SnapDown(size * fraction), size - kPointStep);
+            size = std::max(kSmallestPointSize, size);
             font.setPointSizeF(size);
         }
         // A font set again at the same size would still be matched and laid out anew.
@@ -110,9 +122,9 @@ QString CaptionOf(const QWidget* control) {
     return {};
 }
 
-bool CaptionFits(const QWidget* control, const QFont& font, const QString& caption) {
+double CaptionRoom(const QWidget* control, const QFont& font, const QString& caption) {
     if (caption.isEmpty()) {
-        return true;
+        return 1.0;
     }
     const QFontMetrics metrics(font);
     QSize needed;
@@ -128,7 +140,15 @@ bool CaptionFits(const QWidget* control, const QFont& font, const QString& capti
         // The title sits inside the frame's rounded corners.
         needed = QSize(metrics.horizontalAdvance(caption) + 2 * metrics.averageCharWidth(), 0);
     }
-    return needed.width() <= room.width() && needed.height() <= room.height();
+    const auto fraction = [](int have, int want) {
+        return want <= have ? 1.0 : static_cast<double>(std::max(0, have)) / want;
+    };
+    return std::min(fraction(room.width(), needed.width()),
+                    fraction(room.height(), needed.height()));
+}
+
+bool CaptionFits(const QWidget* control, const QFont& font, const QString& caption) {
+    return CaptionRoom(control, font, caption) >= 1.0;
 }
 
 double TwipsPerPixel(const QWidget* widget) {

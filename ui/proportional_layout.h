@@ -44,6 +44,10 @@ private:
 // The caption a control shows (a button's, label's or frame's text), empty for a box.
 QString CaptionOf(const QWidget* control);
 
+// How much of `caption` the control has room for at its present size in `font`: 1 when it
+// reads in full, else the fraction of the width or height it needs that it has.
+double CaptionRoom(const QWidget* control, const QFont& font, const QString& caption);
+
 // Whether `caption` reads in full on the control at its present size in `font`.
 bool CaptionFits(const QWidget* control, const QFont& font, const QString& caption);
 
