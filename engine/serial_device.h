@@ -25,10 +25,6 @@ std::optional<LineSettings> ParseLineSettings(const QString& text);
 // held by another program, or the platform has no such rights).
 QString AccessRefusal(const QString& device);
 
-// Most bytes that wait for Input() between two reads; older ones are dropped first, so
-// that a line flooding the keyboard cannot make it grow.
-inline constexpr qsizetype kReceiveLimit = 16384;
-
 // The device path a COM port number is bound to: QUELLPAD_COM1 / QUELLPAD_COM2 when
 // set, otherwise the platform's first and second serial device.
 QString DeviceForPort(int portNumber);

@@ -8,6 +8,10 @@
 
 namespace quellpad {
 
+// Most bytes that wait for Input() between two reads on any kind of line; older ones are
+// dropped first, so that a line flooding the keyboard cannot make it grow.
+inline constexpr qsizetype kReceiveLimit = 16384;
+
 // One COM port of the keyboard as the program sees it. The windows and the command
 // engine talk only to this interface, so a COM port can be bound to something other
 // than a local device (a simulated line, a network serial server) without touching them.

@@ -120,7 +120,7 @@ void NetworkLine::SetRtsEnable(bool enable) {
 
 void NetworkLine::SetBufferSizes(int /*inputBytes*/, int /*outputBytes*/) {
     // Each byte is written to the socket as it is given, and received bytes are kept up
-    // to kMaxWaitingInput; the driver-style buffer sizes have nothing to size here.
+    // to kReceiveLimit; the driver-style buffer sizes have nothing to size here.
 }
 
 void NetworkLine::SetInputLength(int bytes) {
@@ -291,8 +291,8 @@ void NetworkLine::OnReadyRead() {
             SendSettings(); // agreed only after the negotiation timeout
         }
     }
-    if (waitingInput_.size() > kMaxWaitingInput) {
-        waitingInput_.remove(0, waitingInput_.size() - kMaxWaitingInput); // keep the newest
+    if (waitingInput_.size() > kReceiveLimit) {
+        waitingInput_.remove(0, waitingInput_.size() - kReceiveLimit); // keep the newest
     }
     ReportData();
 }

@@ -64,8 +64,6 @@ public:
         return session_.ServerValue(command);
     }
 
-    // Received bytes kept for Input(); older ones are dropped beyond this.
-    static constexpr int kMaxWaitingInput = 64 * 1024;
     // Bytes written while the connection is being made that are kept for it.
     static constexpr int kMaxWaitingOutput = 4 * 1024;
 
