@@ -79,21 +79,13 @@ NetworkLine::NetworkLine(int portNumber, const QString& url, QObject* parent)
     retryTimer_.setSingleShot(true);
     negotiationTimer_.setSingleShot(true);
     negotiationTimer_.setInterval(kNegotiationTimeoutMs);
-    connect(&socket_, &QTcpSocket::connected, this, &NetworkLine::OnConnected);
-    connect(&socket_, &QTcpSocket::readyRead, this, &NetworkLine::OnReadyRead);
-    connect(&socket_, &QTcpSocket::errorOccurred, this, &NetworkLine::OnSocketError);
-    connect(&socket_, &QTcpSocket::disconnected, this, &NetworkLine::OnSocketError);
     connect(&connectTimer_, &QTimer::timeout, this, &NetworkLine::OnConnectTimeout);
     connect(&retryTimer_, &QTimer::timeout, this, &NetworkLine::Connect);
     connect(&negotiationTimer_, &QTimer::timeout, this, &NetworkLine::OnNegotiationTimeout);
 }
 
-NetworkLine::~NetworkLine() {
-    // The socket, closing as it is destroyed, would otherwise report to a line that is
-    // half gone.
-    socket_.disconnect(this);
-    socket_.abort();
-}
+// The link is destroyed first and tells nothing as it goes.
+NetworkLine::~NetworkLine() = default;
 
 void NetworkLine::SetSettings(const QString& settings) {
     telnet::PortSettings parsed;
@@ -144,20 +136,31 @@ void NetworkLine::Open() {
                         QStringLiteral("the binding names no server; write tcp://host:port or "
                                        "rfc2217://host:port"));
     }
+    if (!link_) {
+        QString reason;
+        link_ = MakeTcpLink({[this] { OnConnected(); }, [this] { OnReadyRead(); },
+                             [this](const QString& why) {
+                                 OnSocketError(why);
+                             }},
+                            reason);
+        if (!link_) {
+            throw PortError(portNumber_, url_, PortFailure::Other, reason);
+        }
+    }
     retryTimer_.stop();
     state_ = State::Connecting;
     Connect();
 }
 
 void NetworkLine::Connect() {
-    socket_.abort(); // what it reports of the old connection is stopped below
+    link_->Abort(); // the old connection, if any, is dropped without a word
     connectTimer_.stop();
     retryTimer_.stop();
     negotiationTimer_.stop();
     session_ = telnet::Session{};
     dataReady_ = false;
-    socket_.connectToHost(host_, port_);
-    if (socket_.state() != QAbstractSocket::UnconnectedState) {
+    link_->ConnectTo(host_, port_);
+    if (!link_->IsIdle()) {
         connectTimer_.start(); // unless it failed at once and is already being retried
     }
 }
@@ -167,7 +170,9 @@ void NetworkLine::Close() {
     connectTimer_.stop();
     retryTimer_.stop();
     negotiationTimer_.stop();
-    socket_.abort();
+    if (link_) {
+        link_->Abort();
+    }
     dataReady_ = false;
     waitingOutput_.clear();
     waitingInput_.clear();
@@ -211,14 +216,14 @@ QByteArray NetworkLine::Input() {
 }
 
 void NetworkLine::Send(const telnet::Bytes& wire) {
-    if (wire.empty() || socket_.state() != QAbstractSocket::ConnectedState) {
+    if (wire.empty() || !link_ || !link_->IsConnected()) {
         return;
     }
-    // Written and flushed now: a frame's bytes leave one by one as the keyboard gives
-    // them, not at the next return to the event loop. A failed write shows up as the
-    // socket's error, which reports the line once.
-    socket_.write(reinterpret_cast<const char*>(wire.data()), static_cast<qint64>(wire.size()));
-    socket_.flush();
+    // Written now: a frame's bytes leave one by one as the keyboard gives them, not at the
+    // next return to the event loop. A failed write shows up as the link's failure, which
+    // reports the line once.
+    link_->Write(QByteArray(reinterpret_cast<const char*>(wire.data()),
+                            static_cast<qsizetype>(wire.size())));
 }
 
 void NetworkLine::OnConnected() {
@@ -228,10 +233,6 @@ void NetworkLine::OnConnected() {
     connectTimer_.stop();
     const bool restored = state_ == State::Retrying;
     state_ = State::Connected;
-    // Nagle's algorithm would hold each small write back until the last one is
-    // acknowledged; a camera command must leave at once.
-    socket_.setSocketOption(QAbstractSocket::LowDelayOption, 1);
-    socket_.setSocketOption(QAbstractSocket::KeepAliveOption, 1);
     if (kind_ == Kind::Rfc2217) {
         Send(session_.Start());
         negotiationTimer_.start();
@@ -268,7 +269,7 @@ void NetworkLine::OnNegotiationTimeout() {
 }
 
 void NetworkLine::OnReadyRead() {
-    const QByteArray wire = socket_.readAll();
+    const QByteArray wire = link_->ReadAll();
     if (state_ != State::Connected) {
         return;
     }
@@ -316,17 +317,16 @@ void NetworkLine::ReportData() {
     reportingData_ = false;
 }
 
-void NetworkLine::OnSocketError() {
+void NetworkLine::OnSocketError(const QString& reason) {
     switch (state_) {
     case State::Closed:
         return;
     case State::Connecting:
-        Fail(PortFailure::Other,
-             QStringLiteral("the server does not answer (%1)").arg(socket_.errorString()));
+        Fail(PortFailure::Other, QStringLiteral("the server does not answer (%1)").arg(reason));
         return;
     case State::Connected:
-        Fail(PortFailure::Vanished, QStringLiteral("the connection to the server was lost (%1)")
-                                        .arg(socket_.errorString()));
+        Fail(PortFailure::Vanished,
+             QStringLiteral("the connection to the server was lost (%1)").arg(reason));
         return;
     case State::Retrying:
         // Another attempt that found no server: tried again later, without a word.
@@ -342,9 +342,9 @@ void NetworkLine::OnConnectTimeout() {
     if (state_ == State::Connecting) {
         Fail(PortFailure::Other, QStringLiteral("the server did not answer within %1 seconds")
                                      .arg(connectTimer_.interval() / 1000.0));
-        socket_.abort();
+        link_->Abort();
     } else if (state_ == State::Retrying) {
-        socket_.abort();
+        link_->Abort();
         retryTimer_.start(retryInterval_);
     }
 }

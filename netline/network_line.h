@@ -1,12 +1,12 @@
 #pragma once
 
+#include "netline/tcp_link.h"
 #include "netline/telnet_codec.h"
 
 #include "engine/errors.h"
 #include "engine/serial_line.h"
 
 #include <QByteArray>
-#include <QTcpSocket>
 #include <QTimer>
 
 #include <memory>
@@ -73,7 +73,7 @@ private:
     void Connect();
     void OnConnected();
     void OnReadyRead();
-    void OnSocketError();
+    void OnSocketError(const QString& reason);
     void OnConnectTimeout();
     void OnNegotiationTimeout();
     void Fail(PortFailure failure, const QString& reason);
@@ -100,7 +100,8 @@ private:
     int inputLength_ = 0;
     int retryInterval_ = 2000;
 
-    QTcpSocket socket_;
+    // Made when the line first opens: until then no network code is loaded.
+    std::unique_ptr<TcpLink> link_;
     QTimer connectTimer_;
     QTimer retryTimer_;
     QTimer negotiationTimer_;

@@ -30,6 +30,12 @@ settings=$scratch/home/.config/Quellpad/Settings.dat
 [ ! -e "$root/usr/bin/Settings.dat" ] || fail "Settings.dat written beside the installed program"
 grep -q $'^D\r$' "$settings" || fail "Settings.dat holds no mode: $(cat -A "$settings")"
 
+# Network lines load their module on first use, from ../lib/quellpad beside bin/.
+[ -s "$root/usr/lib/quellpad/quellpad_netline_module.so" ] ||
+    fail "no network module in /usr/lib/quellpad"
+dpkg-deb -f "$deb" Depends | grep -q libqt6network6 ||
+    fail "the package does not depend on the network library its module needs"
+
 desktop=$root/usr/share/applications/org.quellpad.Quellpad.desktop
 [ -f "$desktop" ] || fail "no desktop entry in /usr/share/applications"
 grep -qx 'Exec=quellpad' "$desktop" || fail "the desktop entry does not start quellpad"

@@ -1,0 +1,56 @@
+#include "netline/tcp_link.h"
+
+#include <QCoreApplication>
+#include <QLibrary>
+#include <QStringList>
+
+namespace quellpad {
+
+namespace {
+
+// Beside the program, or in the private library folder next to its own: ../lib/quellpad
+// from bin/ once installed, and the same from any folder of the build tree.
+QStringList ModuleCandidates() {
+    const QString here = QCoreApplication::applicationDirPath();
+    const QString name = QStringLiteral("quellpad_netline_module");
+    return {here + QStringLiteral("/../lib/quellpad/") + name, here + u'/' + name};
+}
+
+struct LoadedModule {
+    TcpLinkFactory factory = nullptr;
+    QString reason;
+};
+
+const LoadedModule& Module() {
+    static const LoadedModule module = [] {
+        LoadedModule loaded;
+        QStringList tried;
+        for (const QString& candidate : ModuleCandidates()) {
+            // Kept loaded for the rest of the run: links made from it may live as long.
+            auto* library = new QLibrary(candidate);
+            loaded.factory = reinterpret_cast<TcpLinkFactory>(library->resolve(kTcpLinkFactory));
+            if (loaded.factory != nullptr) {
+                return loaded;
+            }
+            tried << library->errorString();
+            delete library;
+        }
+        loaded.reason = QStringLiteral("the network module could not be loaded (%1)")
+                            .arg(tried.join(QStringLiteral("; ")));
+        return loaded;
+    }();
+    return module;
+}
+
+} // namespace
+
+std::unique_ptr<TcpLink> MakeTcpLink(TcpLink::Events events, QString& reason) {
+    const LoadedModule& module = Module();
+    if (module.factory == nullptr) {
+        reason = module.reason;
+        return nullptr;
+    }
+    return std::unique_ptr<TcpLink>(module.factory(&events));
+}
+
+} // namespace quellpad
