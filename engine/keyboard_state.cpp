@@ -73,9 +73,18 @@ QString HexByte(std::uint8_t value) {
 }
 
 Quellpad_Support_Func::Quellpad_Support_Func(LineFactory makeLine, QObject* parent)
-    : QObject(parent), SettingsPath(SettingsFilePath()), com1_(makeLine(1)), com2_(makeLine(2)) {}
+    : QObject(parent), SettingsPath(SettingsFilePath()), makeLine_(makeLine), com1_(makeLine(1)),
+      com2_(makeLine(2)) {}
 
 Quellpad_Support_Func::~Quellpad_Support_Func() = default;
+
+SerialLine& Quellpad_Support_Func::ReplaceLine(int portNumber) {
+    std::unique_ptr<SerialLine>& slot = portNumber == 1 ? com1_ : com2_;
+    slot->Close();
+    slot = makeLine_(portNumber);
+    emit LineReplaced(portNumber);
+    return *slot;
+}
 
 void Quellpad_Support_Func::SetCommandBytes(LooseNumber command1, LooseNumber command2,
                                             LooseNumber data1, LooseNumber data2) {

@@ -29,8 +29,9 @@ QString AccessRefusal(const QString& device);
 // that a line flooding the keyboard cannot make it grow.
 inline constexpr qsizetype kReceiveLimit = 16384;
 
-// The device path a COM port number is bound to: QUELLPAD_COM1 / QUELLPAD_COM2 when
-// set, otherwise the platform's first and second serial device.
+// What a COM port number is bound to now: QUELLPAD_COM1 / QUELLPAD_COM2 when set, else
+// the operator's choice in the bindings file, else the platform's first and second
+// serial device (ResolvePortBinding).
 QString DeviceForPort(int portNumber);
 
 // A COM port on a local serial device, through QSerialPort. Its events arrive on the
