@@ -174,6 +174,31 @@ TEST_F(SettingsWindowTest, EachPortShowsItsBindingAndWhereItComesFrom) {
         << labels.join(u'|').toStdString();
 }
 
+TEST_F(SettingsWindowTest, TheDevicesAreLookedUpWhenTheListOpensAndTypingSurvivesIt) {
+    qunsetenv("QUELLPAD_COM1");
+    frmSettings window(*keyboard_);
+    window.show();
+    auto* box = Child<QComboBox>(window, "cboCom1Device");
+    EXPECT_EQ(box->count(), 3) << "the simulated site and two network forms, no device scan";
+    box->setEditText(com2_.SlavePath()); // a pty: the system does not list it
+
+    box->showPopup();
+    QStringList listed;
+    for (int i = 0; i < box->count(); ++i) {
+        listed << box->itemData(i).toString();
+    }
+    QStringList expected;
+    for (const DeviceChoice& device : AvailableDevices()) {
+        expected << device.path;
+    }
+    expected << "sim"
+             << "tcp://host:port"
+             << "rfc2217://host:port";
+    EXPECT_EQ(listed, expected);
+    box->hidePopup();
+    EXPECT_EQ(box->currentText(), com2_.SlavePath());
+}
+
 TEST_F(SettingsWindowTest, AnUnusableBindingIsRefusedAndNothingIsSaved) {
     const std::pair<const char*, const char*> cases[] = {
         {"", "Choose what COM 2 is bound to"},
