@@ -291,6 +291,7 @@ void FrmMain::Settings_Menu_Option_Click() {
     frmSettings window(keyboard_, this);
     connect(&window, &frmSettings::Saved, this, [this] {
         UpdateWindowTitle();
+        EnableComItems();
         for (int number = 1; number <= 2; ++number) {
             const bool open = keyboard_.Port(number).IsOpen();
             (number == 1 ? Com1Option : Com2Option)->setChecked(open);

@@ -145,6 +145,8 @@ private:
                         const std::function<void()>& beforeShow = {});
     void UpdateWindowTitle();
     void UpdatePortBindings();
+    // The COM items can be chosen for the ports listed in AvailablePorts.
+    void EnableComItems();
     QPushButton* LensControl(LensButton button) const;
 
     Quellpad_Support_Func& keyboard_;

@@ -173,22 +173,26 @@ void Quellpad_Support_Func::SaveSettings() const {
                       {BaudRate, Parity, HoldRts, AvailablePorts, CurrentMode, EnabledPorts});
 }
 
+bool Quellpad_Support_Func::PortExists(int portNumber) {
+    SerialLine& port = Port(portNumber);
+    bool exists = false;
+    try {
+        port.Open();
+        exists = port.IsOpen();
+    } catch (const PortError& error) {
+        // A port held by another program, or one this user may not open, exists all
+        // the same.
+        exists =
+            error.Failure() == PortFailure::InUse || error.Failure() == PortFailure::AccessRefused;
+    }
+    port.Close();
+    return exists;
+}
+
 void Quellpad_Support_Func::DetectPorts() {
     AvailablePorts.clear();
     for (int number = 1; number <= 2; ++number) {
-        SerialLine& port = Port(number);
-        bool exists = false;
-        try {
-            port.Open();
-            exists = port.IsOpen();
-        } catch (const PortError& error) {
-            // A port held by another program, or one this user may not open, exists all
-            // the same.
-            exists = error.Failure() == PortFailure::InUse ||
-                     error.Failure() == PortFailure::AccessRefused;
-        }
-        port.Close();
-        if (exists) {
+        if (PortExists(number)) {
             AvailablePorts += number == 1 ? QStringLiteral("1") : QStringLiteral(" 2");
         }
     }

@@ -125,6 +125,9 @@ public:
     void SaveSettings() const;
     // Finds which of COM 1 and COM 2 exist: "", "1", " 2" or "1 2" in AvailablePorts.
     void DetectPorts();
+    // Whether the port's line leads somewhere: it opens, or its device is held by another
+    // program or refused to this user. The port is left closed.
+    bool PortExists(int portNumber);
 
 signals:
     // The echo captions under COM 1 and COM 2 after a command was sent.

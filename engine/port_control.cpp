@@ -70,6 +70,15 @@ void RebindPort(Quellpad_Support_Func& keyboard, int portNumber) {
     SerialLine& port = keyboard.ReplaceLine(portNumber);
     port.SetRtsEnable(keyboard.HoldRts == u"True");
     PreparePort(keyboard, port);
+    // A port that had no device at the first start can be enabled once it is bound to one
+    // that is there; the ports found before stay listed.
+    if (!keyboard.AvailablePorts.contains(PortDigit(portNumber)) &&
+        keyboard.PortExists(portNumber)) {
+        const bool com1 = portNumber == 1 || keyboard.AvailablePorts.contains(u'1');
+        const bool com2 = portNumber == 2 || keyboard.AvailablePorts.contains(u'2');
+        keyboard.AvailablePorts =
+            (com1 ? QStringLiteral("1") : QString()) + (com2 ? QStringLiteral(" 2") : QString());
+    }
     if (Enabled(keyboard, portNumber)) {
         port.Open();
     }

@@ -19,8 +19,9 @@ void ApplyLineSettings(Quellpad_Support_Func& keyboard);
 
 // Binds the port anew after the operator chose another device for it: the old line is
 // closed and dropped, the new one gets the buffers, line settings and RTS of the keyboard
-// and is opened when the port is enabled. Settings.dat is not touched. An open that
-// fails raises PortError; the port is then bound and closed, and stays enabled.
+// and is opened when the port is enabled. A port missing from AvailablePorts is added
+// when its new device is there; nothing else of the settings changes. An open that fails
+// raises PortError; the port is then bound and closed, and stays enabled.
 void RebindPort(Quellpad_Support_Func& keyboard, int portNumber);
 
 // The reset of the shared state at start-up, before Settings.dat is read.
