@@ -136,7 +136,11 @@ std::optional<QList<int>> frmSettings::ChangedPorts() {
             device_[i]->setFocus();
             return std::nullopt;
         }
-        if (chosen != loaded_[i].binding) {
+        // "SIM" in the file and the list's "Simulated site" are the same site: a Save that
+        // changes nothing leaves the lines, and whatever the site holds, alone.
+        const bool sameSite =
+            IsSimulatedSiteBinding(chosen) && IsSimulatedSiteBinding(loaded_[i].binding);
+        if (chosen != loaded_[i].binding && !sameSite) {
             changed.append(i + 1);
         }
     }

@@ -185,6 +185,9 @@ TEST_F(SettingsWindowTest, EachPortShowsItsBindingAndWhereItComesFrom) {
     EXPECT_TRUE(com2->isEnabled());
     EXPECT_EQ(com2->currentText(), QStringLiteral("Simulated site"));
     EXPECT_EQ(Child<QLabel>(window, "lblCom2Source")->text(), QStringLiteral("Chosen here"));
+    const SerialLine* line = &keyboard_->MSComm2();
+    window.Save_Click();
+    EXPECT_EQ(&keyboard_->MSComm2(), line) << "a Save that changes no binding keeps the line";
     // Screen readers name a combo box by its labels (on Linux through the "labelled by"
     // relation, the box's own name being its text): its frame's and its own.
     QStringList labels;
