@@ -1,5 +1,6 @@
 #include "console/frm_main.h"
 #include "engine/keyboard_state.h"
+#include "engine/port_binding.h"
 #include "engine/settings_location.h"
 #include "gamepad/gamepad.h"
 #include "netline/network_line.h"
@@ -14,12 +15,19 @@
 
 namespace {
 
-// What QUELLPAD_COMn binds the port to: the simulated site ("sim"), a network serial
-// server (tcp://, rfc2217://) or a local device.
+// The line for what the port is bound to now (QUELLPAD_COMn, else the settings window's
+// choice, else the platform's device): the simulated site ("sim"), a network serial
+// server (tcp://, rfc2217://) or a local device. The keyboard asks again when the
+// operator binds the port anew.
 std::unique_ptr<quellpad::SerialLine> MakeLine(int portNumber) {
-    return quellpad::site::IsSimulatedBinding(portNumber)
-               ? quellpad::site::MakeLine(portNumber)
-               : quellpad::MakeNetworkOrDeviceLine(portNumber);
+    const QString binding = quellpad::ResolvePortBinding(portNumber).binding;
+    if (quellpad::IsSimulatedSiteBinding(binding)) {
+        return std::make_unique<quellpad::site::SimulatedLine>(portNumber);
+    }
+    if (quellpad::IsNetworkBinding(binding)) {
+        return quellpad::MakeNetworkLine(portNumber, binding);
+    }
+    return std::make_unique<quellpad::SerialDevice>(portNumber, binding);
 }
 
 } // namespace

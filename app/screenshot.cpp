@@ -1,7 +1,10 @@
-// Renders the main window offscreen in one mode and saves it as a PNG, for the README.
+// Renders the main window offscreen in one mode, or the settings window, and saves it as
+// a PNG, for the README.
 // Usage: quellpad_screenshot MODE OUTPUT.png [WIDTH HEIGHT]
 //        (MODE: "D", "P", "ASCII" or "MUX ASCII"; the size is clamped to the window's minimum)
+//        quellpad_screenshot settings OUTPUT.png
 #include "console/frm_main.h"
+#include "dialogs/frm_settings.h"
 #include "engine/keyboard_state.h"
 
 #include <QApplication>
@@ -25,11 +28,22 @@ int main(int argc, char* argv[]) {
     if (!file.open(QIODevice::WriteOnly)) {
         return 1;
     }
-    file.write("9600\r\nn\r\nFalse\r\n1 2\r\n" + QByteArray(argv[1]) + "\r\nNone\r\n");
+    const QByteArray mode(argv[1]);
+    const bool settingsWindow = mode == "settings";
+    file.write("9600\r\nn\r\nFalse\r\n1 2\r\n" + QByteArray(settingsWindow ? "D" : argv[1]) +
+               "\r\nNone\r\n");
     file.close();
 
     QApplication app(argc, argv);
     quellpad::Quellpad_Support_Func keyboard;
+    if (settingsWindow) {
+        quellpad::frmSettings window(keyboard);
+        window.show();
+        QTimer::singleShot(200, &app, [&] {
+            app.exit(window.grab().save(QString::fromLocal8Bit(argv[2])) ? 0 : 1);
+        });
+        return QApplication::exec();
+    }
     quellpad::FrmMain window(keyboard);
     window.Form_Load();
     window.resize(argc == 5 ? QSize(std::atoi(argv[3]), std::atoi(argv[4])) : QSize(760, 540));

@@ -107,22 +107,27 @@ void FrmMain::ConnectHandlers() {
     portWatch_ = new PortWatch(keyboard_, this);
     connect(portWatch_, &PortWatch::PortBack, this, &FrmMain::Port_Back);
     for (int number = 1; number <= 2; ++number) {
-        SerialLine* port = &keyboard_.Port(number);
-        connect(port, &SerialLine::CommEvent, this, [this, number](int code) {
-            boundary_.Run(number == 1 ? "MSComm1_OnComm" : "MSComm2_OnComm",
-                          [&] { MSComm_OnComm(number, code); });
-        });
-        connect(port, &SerialLine::LineFailed, this,
-                [this, number](const QString& message) { Port_LineFailed(number, message); });
-        // A line that reconnects by itself (a network serial server) says so itself.
-        connect(port, &SerialLine::LineRestored, this,
-                [this, number](const QString& message) { Port_Back(number, message); });
+        ConnectPort(number);
     }
+    connect(&keyboard_, &Quellpad_Support_Func::LineReplaced, this, &FrmMain::Port_Rebound);
     connect(&keyboard_, &Quellpad_Support_Func::CommandEchoed, this,
             [this](const QString& com1, const QString& com2) {
                 COM1CommandLabel->setText(com1);
                 COM2CommandLabel->setText(com2);
             });
+}
+
+void FrmMain::ConnectPort(int number) {
+    SerialLine* port = &keyboard_.Port(number);
+    connect(port, &SerialLine::CommEvent, this, [this, number](int code) {
+        boundary_.Run(number == 1 ? "MSComm1_OnComm" : "MSComm2_OnComm",
+                      [&] { MSComm_OnComm(number, code); });
+    });
+    connect(port, &SerialLine::LineFailed, this,
+            [this, number](const QString& message) { Port_LineFailed(number, message); });
+    // A line that reconnects by itself (a network serial server) says so itself.
+    connect(port, &SerialLine::LineRestored, this,
+            [this, number](const QString& message) { Port_Back(number, message); });
 }
 
 // ---------------------------------------------------------------------------------------
@@ -289,9 +294,33 @@ void FrmMain::Settings_Menu_Option_Click() {
     frmSettings window(keyboard_, this);
     connect(&window, &frmSettings::Saved, this, [this] {
         UpdateWindowTitle();
+        EnableComItems();
+        for (int number = 1; number <= 2; ++number) {
+            const bool open = keyboard_.Port(number).IsOpen();
+            (number == 1 ? Com1Option : Com2Option)->setChecked(open);
+            // An enabled port whose new device is not there yet opens when it comes.
+            if (!open && keyboard_.EnabledPorts.contains(QString::number(number))) {
+                portWatch_->Watch(number);
+            }
+        }
         UpdatePortBindings();
     });
     RunModalWindow(window, false);
+}
+
+void FrmMain::Port_Rebound(int number) {
+    ConnectPort(number);
+    (number == 1 ? COM1CommandLabel : COM2CommandLabel)->clear();
+    // The site window shows the equipment of the lines it was made for; it is made anew
+    // for the lines there are now.
+    if (siteWindow_ != nullptr) {
+        const bool shown = siteWindow_->isVisible();
+        delete siteWindow_;
+        siteWindow_ = nullptr;
+        if (shown) {
+            SimulatedSiteOption_Click();
+        }
+    }
 }
 
 void FrmMain::RetransmitTimerOption_Click() {

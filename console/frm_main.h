@@ -132,6 +132,9 @@ private:
     void MSComm_OnComm(int portNumber, int eventCode);
     void Port_LineFailed(int portNumber, const QString& message);
     void Port_Back(int portNumber, const QString& message);
+    // The handlers of the port's line; at start and whenever the port is bound anew.
+    void ConnectPort(int portNumber);
+    void Port_Rebound(int portNumber);
 
     // The main window's one shortcut: M calls the camera's menu and opens the menu control
     // window. Whether the character was taken.
@@ -142,6 +145,8 @@ private:
                         const std::function<void()>& beforeShow = {});
     void UpdateWindowTitle();
     void UpdatePortBindings();
+    // The COM items can be chosen for the ports listed in AvailablePorts.
+    void EnableComItems();
     QPushButton* LensControl(LensButton button) const;
 
     Quellpad_Support_Func& keyboard_;

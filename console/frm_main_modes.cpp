@@ -89,10 +89,14 @@ void FrmMain::SwitchMode(const QString& mode, QAction* item) {
     }
 }
 
-void FrmMain::ApplyModeControls() {
-    const QString& mode = keyboard_.CurrentMode;
+void FrmMain::EnableComItems() {
     Com1Option->setEnabled(keyboard_.AvailablePorts.contains(u'1'));
     Com2Option->setEnabled(keyboard_.AvailablePorts.contains(u'2'));
+}
+
+void FrmMain::ApplyModeControls() {
+    const QString& mode = keyboard_.CurrentMode;
+    EnableComItems();
 
     // The switcher's own controls: "ASCII" alone shows them.
     const bool ascii = mode == kModeAscii;

@@ -1,12 +1,18 @@
 #include "frm_settings.h"
 
+#include "dialogs/port_choice.h"
+#include "engine/errors.h"
 #include "engine/port_control.h"
 #include "engine/settings_file.h"
+#include "engine/settings_location.h"
 #include "ui/controls.h"
+#include "ui/messages.h"
 
 #include <QCheckBox>
+#include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
@@ -32,7 +38,7 @@ frmSettings::frmSettings(Quellpad_Support_Func& keyboard, QWidget* parent)
     for (int i = 0; i < 4; ++i) {
         const QString rate = QLatin1String(kBaudRates[i]);
         baud_[i] = ui::MakeOption(baudFrame, kBaudNames[i], rate);
-        baudColumn->addWidget(baud_[i]);
+        baudColumn->addWidget(baud_[i], 0, Qt::AlignLeft);
         connect(baud_[i], &QRadioButton::clicked, this, [this, rate] {
             boundary_.Run("BaudRate_Click", [&] { keyboard_.BaudRate = rate; });
         });
@@ -43,7 +49,7 @@ frmSettings::frmSettings(Quellpad_Support_Func& keyboard, QWidget* parent)
         const QString letter = QLatin1String(kParityLetters[i]);
         parity_[i] =
             ui::MakeOption(parityFrame, kParityNames[i], QLatin1String(kParityCaptions[i]));
-        parityColumn->addWidget(parity_[i]);
+        parityColumn->addWidget(parity_[i], 0, Qt::AlignLeft);
         connect(parity_[i], &QRadioButton::clicked, this, [this, letter] {
             boundary_.Run("Parity_Click", [&] { keyboard_.Parity = letter; });
         });
@@ -57,6 +63,22 @@ frmSettings::frmSettings(Quellpad_Support_Func& keyboard, QWidget* parent)
             keyboard_.HoldRts = checked ? QStringLiteral("True") : QStringLiteral("False");
         });
     });
+
+    // What each port is bound to. A port bound by its environment variable is shown but
+    // cannot be changed here: the variable would win again at the next start.
+    auto* devicesFrame = ui::MakeFrame(this, "PortsFrame", QStringLiteral("Devices"));
+    auto* devicesGrid = new QGridLayout(devicesFrame);
+    for (int i = 0; i < 2; ++i) {
+        const QByteArray com = "Com" + QByteArray::number(i + 1);
+        auto* label = ui::MakeLabel(devicesFrame, ("lbl" + com + "Device").constData(),
+                                    QStringLiteral("COM &%1 device:").arg(i + 1));
+        device_[i] = new PortChoiceBox(devicesFrame, ("cbo" + com + "Device").constData(), label);
+        source_[i] = ui::MakeLabel(devicesFrame, ("lbl" + com + "Source").constData());
+        devicesGrid->addWidget(label, i, 0);
+        devicesGrid->addWidget(device_[i], i, 1);
+        devicesGrid->addWidget(source_[i], i, 2);
+    }
+    devicesGrid->setColumnStretch(1, 1);
 
     auto* save = ui::MakeButton(this, "Save", QStringLiteral("Save"));
     auto* cancel = ui::MakeButton(this, "Cancel", QStringLiteral("Cancel"));
@@ -73,6 +95,7 @@ frmSettings::frmSettings(Quellpad_Support_Func& keyboard, QWidget* parent)
     auto* column = new QVBoxLayout(this);
     column->addLayout(frames);
     column->addWidget(rts_);
+    column->addWidget(devicesFrame);
     column->addLayout(buttons);
 
     Form_Load();
@@ -92,15 +115,65 @@ void frmSettings::Form_Load() {
             parity_[i]->setChecked(keyboard_.Parity == QLatin1String(kParityLetters[i]));
         }
         rts_->setChecked(keyboard_.HoldRts != u"False");
+        for (int i = 0; i < 2; ++i) {
+            loaded_[i] = ResolvePortBinding(i + 1);
+            device_[i]->SetBinding(loaded_[i].binding);
+            device_[i]->setEnabled(loaded_[i].source != BindingSource::Environment);
+            source_[i]->setText(BindingSourceCaption(i + 1, loaded_[i].source));
+        }
     });
+}
+
+std::optional<QList<int>> frmSettings::ChangedPorts() {
+    QList<int> changed;
+    for (int i = 0; i < 2; ++i) {
+        if (!device_[i]->isEnabled()) {
+            continue;
+        }
+        const QString chosen = device_[i]->Binding();
+        if (const std::optional<QString> problem = BindingProblem(i + 1, chosen)) {
+            ui::ShowMessage(this, {*problem, QStringLiteral("Error")});
+            device_[i]->setFocus();
+            return std::nullopt;
+        }
+        // "SIM" in the file and the list's "Simulated site" are the same site: a Save that
+        // changes nothing leaves the lines, and whatever the site holds, alone.
+        const bool sameSite =
+            IsSimulatedSiteBinding(chosen) && IsSimulatedSiteBinding(loaded_[i].binding);
+        if (chosen != loaded_[i].binding && !sameSite) {
+            changed.append(i + 1);
+        }
+    }
+    return changed;
 }
 
 void frmSettings::Save_Click() {
     boundary_.Run("Save_Click", [&] {
+        const std::optional<QList<int>> changed = ChangedPorts();
+        if (!changed) {
+            return;
+        }
+        const QString bindingsPath = BindingsFilePath();
+        for (const int number : *changed) {
+            SavePortBinding(bindingsPath, number, device_[number - 1]->Binding());
+        }
         ApplyLineSettings(keyboard_);
+        // A port that will not open on its new device is still bound to it and stays
+        // enabled; the operator is told once the window has closed.
+        QStringList problems;
+        for (const int number : *changed) {
+            try {
+                RebindPort(keyboard_, number);
+            } catch (const PortError& error) {
+                problems << error.Message();
+            }
+        }
         keyboard_.SaveSettings();
         accept();
         emit Saved();
+        for (const QString& problem : problems) {
+            boundary_.Report("Save_Click", problem);
+        }
     });
 }
 

@@ -73,9 +73,18 @@ QString HexByte(std::uint8_t value) {
 }
 
 Quellpad_Support_Func::Quellpad_Support_Func(LineFactory makeLine, QObject* parent)
-    : QObject(parent), SettingsPath(SettingsFilePath()), com1_(makeLine(1)), com2_(makeLine(2)) {}
+    : QObject(parent), SettingsPath(SettingsFilePath()), makeLine_(makeLine), com1_(makeLine(1)),
+      com2_(makeLine(2)) {}
 
 Quellpad_Support_Func::~Quellpad_Support_Func() = default;
+
+SerialLine& Quellpad_Support_Func::ReplaceLine(int portNumber) {
+    std::unique_ptr<SerialLine>& slot = portNumber == 1 ? com1_ : com2_;
+    slot->Close();
+    slot = makeLine_(portNumber);
+    emit LineReplaced(portNumber);
+    return *slot;
+}
 
 void Quellpad_Support_Func::SetCommandBytes(LooseNumber command1, LooseNumber command2,
                                             LooseNumber data1, LooseNumber data2) {
@@ -164,22 +173,26 @@ void Quellpad_Support_Func::SaveSettings() const {
                       {BaudRate, Parity, HoldRts, AvailablePorts, CurrentMode, EnabledPorts});
 }
 
+bool Quellpad_Support_Func::PortExists(int portNumber) {
+    SerialLine& port = Port(portNumber);
+    bool exists = false;
+    try {
+        port.Open();
+        exists = port.IsOpen();
+    } catch (const PortError& error) {
+        // A port held by another program, or one this user may not open, exists all
+        // the same.
+        exists =
+            error.Failure() == PortFailure::InUse || error.Failure() == PortFailure::AccessRefused;
+    }
+    port.Close();
+    return exists;
+}
+
 void Quellpad_Support_Func::DetectPorts() {
     AvailablePorts.clear();
     for (int number = 1; number <= 2; ++number) {
-        SerialLine& port = Port(number);
-        bool exists = false;
-        try {
-            port.Open();
-            exists = port.IsOpen();
-        } catch (const PortError& error) {
-            // A port held by another program, or one this user may not open, exists all
-            // the same.
-            exists = error.Failure() == PortFailure::InUse ||
-                     error.Failure() == PortFailure::AccessRefused;
-        }
-        port.Close();
-        if (exists) {
+        if (PortExists(number)) {
             AvailablePorts += number == 1 ? QStringLiteral("1") : QStringLiteral(" 2");
         }
     }

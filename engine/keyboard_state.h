@@ -98,6 +98,11 @@ public:
     SerialLine& MSComm2() { return *com2_; }
     SerialLine& Port(int portNumber) { return portNumber == 1 ? *com1_ : *com2_; }
     const SerialLine& Port(int portNumber) const { return portNumber == 1 ? *com1_ : *com2_; }
+    // Closes the port's line and makes a new one through the line factory, which binds it
+    // as the port is bound now; the new line is closed and has no settings yet
+    // (RebindPort gives them). Whatever held on to the old line must take the new one:
+    // LineReplaced says when.
+    SerialLine& ReplaceLine(int portNumber);
 
     // Zeroes the last-sent copies, then stores the four values as bytes, so that the
     // dispatcher sends them at its next tick. Fails with OverflowError outside 0..255;
@@ -120,12 +125,18 @@ public:
     void SaveSettings() const;
     // Finds which of COM 1 and COM 2 exist: "", "1", " 2" or "1 2" in AvailablePorts.
     void DetectPorts();
+    // Whether the port's line leads somewhere: it opens, or its device is held by another
+    // program or refused to this user. The port is left closed.
+    bool PortExists(int portNumber);
 
 signals:
     // The echo captions under COM 1 and COM 2 after a command was sent.
     void CommandEchoed(const QString& com1, const QString& com2);
+    // The port has a new line (ReplaceLine); the old one is gone.
+    void LineReplaced(int portNumber);
 
 private:
+    LineFactory makeLine_;
     std::unique_ptr<SerialLine> com1_;
     std::unique_ptr<SerialLine> com2_;
 };

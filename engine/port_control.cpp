@@ -21,6 +21,18 @@ QString PortDigit(int portNumber) {
     return QString::number(portNumber);
 }
 
+bool Enabled(const Quellpad_Support_Func& keyboard, int portNumber) {
+    return keyboard.EnabledPorts.contains(PortDigit(portNumber));
+}
+
+// What a port is given before it is first opened: the buffers, the input length and the
+// line settings. Fails with PortError when the settings cannot be applied.
+void PreparePort(const Quellpad_Support_Func& keyboard, SerialLine& port) {
+    port.SetBufferSizes(kInputBufferBytes, kOutputBufferBytes);
+    port.SetInputLength(kInputLength);
+    port.SetSettings(keyboard.LineSettingsText());
+}
+
 } // namespace
 
 bool TogglePort(Quellpad_Support_Func& keyboard, int portNumber, bool otherPortChecked) {
@@ -51,6 +63,24 @@ void ApplyLineSettings(Quellpad_Support_Func& keyboard) {
         if (wasOpen) {
             port.Open();
         }
+    }
+}
+
+void RebindPort(Quellpad_Support_Func& keyboard, int portNumber) {
+    SerialLine& port = keyboard.ReplaceLine(portNumber);
+    port.SetRtsEnable(keyboard.HoldRts == u"True");
+    PreparePort(keyboard, port);
+    // A port that had no device at the first start can be enabled once it is bound to one
+    // that is there; the ports found before stay listed.
+    if (!keyboard.AvailablePorts.contains(PortDigit(portNumber)) &&
+        keyboard.PortExists(portNumber)) {
+        const bool com1 = portNumber == 1 || keyboard.AvailablePorts.contains(u'1');
+        const bool com2 = portNumber == 2 || keyboard.AvailablePorts.contains(u'2');
+        keyboard.AvailablePorts =
+            (com1 ? QStringLiteral("1") : QString()) + (com2 ? QStringLiteral(" 2") : QString());
+    }
+    if (Enabled(keyboard, portNumber)) {
+        port.Open();
     }
 }
 
@@ -150,13 +180,11 @@ QStringList StartKeyboard(Quellpad_Support_Func& k) {
 
     for (int number = 1; number <= 2; ++number) {
         SerialLine& port = k.Port(number);
-        port.SetBufferSizes(kInputBufferBytes, kOutputBufferBytes);
-        port.SetInputLength(kInputLength);
         // Only a port the operator enabled is worth a word; the other keeps its settings
         // problem until it is enabled.
-        const bool enabled = k.EnabledPorts.contains(PortDigit(number));
+        const bool enabled = Enabled(k, number);
         try {
-            port.SetSettings(k.LineSettingsText());
+            PreparePort(k, port);
             if (enabled) {
                 port.Open();
             } else {

@@ -17,6 +17,13 @@ bool TogglePort(Quellpad_Support_Func& keyboard, int portNumber, bool otherPortC
 // port that is open; a port not listed in AvailablePorts keeps its old parameters.
 void ApplyLineSettings(Quellpad_Support_Func& keyboard);
 
+// Binds the port anew after the operator chose another device for it: the old line is
+// closed and dropped, the new one gets the buffers, line settings and RTS of the keyboard
+// and is opened when the port is enabled. A port missing from AvailablePorts is added
+// when its new device is there; nothing else of the settings changes. An open that fails
+// raises PortError; the port is then bound and closed, and stays enabled.
+void RebindPort(Quellpad_Support_Func& keyboard, int portNumber);
+
 // The reset of the shared state at start-up, before Settings.dat is read.
 void ResetKeyboardState(Quellpad_Support_Func& keyboard);
 

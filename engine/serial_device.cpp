@@ -2,6 +2,7 @@
 
 #include "errors.h"
 #include "numeric.h"
+#include "port_binding.h"
 
 #include <QFile>
 #include <QStringList>
@@ -81,20 +82,10 @@ PortFailure FailureOf(QSerialPort::SerialPortError error) {
     }
 }
 
-QString DefaultDevice(int portNumber) {
-#ifdef Q_OS_WIN
-    return QStringLiteral("COM%1").arg(portNumber);
-#else
-    return QStringLiteral("/dev/ttyS%1").arg(portNumber - 1);
-#endif
-}
-
 } // namespace
 
 QString DeviceForPort(int portNumber) {
-    const QByteArray variable = QByteArray("QUELLPAD_COM") + QByteArray::number(portNumber);
-    const QString bound = qEnvironmentVariable(variable.constData()).trimmed();
-    return bound.isEmpty() ? DefaultDevice(portNumber) : bound;
+    return ResolvePortBinding(portNumber).binding;
 }
 
 SerialDevice::SerialDevice(int portNumber, const QString& device, QObject* parent)
@@ -271,7 +262,7 @@ QString AccessRefusal(const QString& device) {
     if (::stat(path.constData(), &info) == 0) {
         if (const group* owner = ::getgrgid(info.st_gid); owner && owner->gr_name) {
             return refusal + QStringLiteral(" Ask for membership of the group \"%1\", which "
-                                            "owns it, then log in again.")
+                                            "owns it, then log out and in again.")
                                  .arg(QString::fromLocal8Bit(owner->gr_name));
         }
     }

@@ -25,8 +25,9 @@ std::optional<LineSettings> ParseLineSettings(const QString& text);
 // held by another program, or the platform has no such rights).
 QString AccessRefusal(const QString& device);
 
-// The device path a COM port number is bound to: QUELLPAD_COM1 / QUELLPAD_COM2 when
-// set, otherwise the platform's first and second serial device.
+// What a COM port number is bound to now: QUELLPAD_COM1 / QUELLPAD_COM2 when set, else
+// the operator's choice in the bindings file, else the platform's first and second
+// serial device (ResolvePortBinding).
 QString DeviceForPort(int portNumber);
 
 // A COM port on a local serial device, through QSerialPort. Its events arrive on the

@@ -1,18 +1,15 @@
 #include "network_line.h"
 
+#include "engine/port_binding.h"
 #include "engine/serial_device.h"
 
 #include <QStringList>
-#include <QUrl>
 
 #include <algorithm>
 
 namespace quellpad {
 
 namespace {
-
-const QString kRawScheme = QStringLiteral("tcp");
-const QString kRfc2217Scheme = QStringLiteral("rfc2217");
 
 // A server that accepts the connection but never answers the option offer still gets the
 // line after this long, with the line settings it has.
@@ -58,21 +55,16 @@ std::span<const std::uint8_t> AsBytes(const QByteArray& bytes) {
 } // namespace
 
 bool IsNetworkUrl(const QString& binding) {
-    const QString text = binding.trimmed();
-    return text.startsWith(kRawScheme + QStringLiteral("://"), Qt::CaseInsensitive) ||
-           text.startsWith(kRfc2217Scheme + QStringLiteral("://"), Qt::CaseInsensitive);
+    return IsNetworkBinding(binding);
 }
 
 NetworkLine::NetworkLine(int portNumber, const QString& url, QObject* parent)
     : SerialLine(parent), portNumber_(portNumber), url_(url.trimmed()) {
-    const QUrl parsed(url_, QUrl::StrictMode);
-    const QString scheme = parsed.scheme().toLower();
-    kind_ = scheme == kRfc2217Scheme ? Kind::Rfc2217 : Kind::Raw;
-    host_ = parsed.host();
-    const int port = parsed.port();
-    validUrl_ = parsed.isValid() && (scheme == kRawScheme || scheme == kRfc2217Scheme) &&
-                !host_.isEmpty() && port > 0 && parsed.path().isEmpty();
-    port_ = static_cast<quint16>(std::max(port, 0));
+    const std::optional<NetworkAddress> address = ParseNetworkBinding(url_);
+    validUrl_ = address.has_value();
+    kind_ = address && address->rfc2217 ? Kind::Rfc2217 : Kind::Raw;
+    host_ = address ? address->host : QString();
+    port_ = address ? address->port : 0;
 
     connectTimer_.setSingleShot(true);
     connectTimer_.setInterval(kDefaultConnectTimeoutMs);

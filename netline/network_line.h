@@ -113,8 +113,8 @@ private:
 
 // The line for a COM port bound to a network URL.
 std::unique_ptr<SerialLine> MakeNetworkLine(int portNumber, const QString& url);
-// The keyboard's line factory when network bindings are allowed: a network line when
-// QUELLPAD_COMn names one, a local device otherwise.
+// The keyboard's line factory when network bindings are allowed: a network line when the
+// port is bound to one (ResolvePortBinding), a local device otherwise.
 std::unique_ptr<SerialLine> MakeNetworkOrDeviceLine(int portNumber);
 
 } // namespace quellpad

@@ -1,6 +1,7 @@
 #include "simulated_line.h"
 
 #include "engine/errors.h"
+#include "engine/port_binding.h"
 
 #include <QStringList>
 
@@ -176,8 +177,7 @@ QByteArray SimulatedLine::Input() {
 }
 
 bool IsSimulatedBinding(int portNumber) {
-    return qgetenv(portNumber == 1 ? "QUELLPAD_COM1" : "QUELLPAD_COM2").trimmed().toLower() ==
-           "sim";
+    return IsSimulatedSiteBinding(ResolvePortBinding(portNumber).binding);
 }
 
 std::unique_ptr<SerialLine> MakeLine(int portNumber) {

@@ -84,10 +84,10 @@ private:
     QByteArray received_;
 };
 
-// The line for a COM port: the simulated site when QUELLPAD_COM1 (or QUELLPAD_COM2) is
-// "sim", otherwise the device it names.
+// The line for a COM port: the simulated site when the port is bound to "sim"
+// (ResolvePortBinding), otherwise the device it is bound to.
 std::unique_ptr<SerialLine> MakeLine(int portNumber);
-// Whether QUELLPAD_COMn names the simulated site ("sim").
+// Whether the port is bound to the simulated site ("sim").
 bool IsSimulatedBinding(int portNumber);
 
 } // namespace quellpad::site

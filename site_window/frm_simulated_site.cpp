@@ -201,8 +201,10 @@ FrmSimulatedSite::FrmSimulatedSite(Quellpad_Support_Func& keyboard, QWidget* par
         }
     }
     if (panels_.empty()) {
-        auto* none = new QLabel(tr("No COM port is on the simulated site. Start Quellpad with "
-                                   "QUELLPAD_COM1=sim or QUELLPAD_COM2=sim (scripts/run does)."),
+        auto* none = new QLabel(tr("No COM port is on the simulated site. Choose \"Simulated "
+                                   "site\" for a COM port in Options > Settings..., or start "
+                                   "Quellpad with QUELLPAD_COM1=sim or QUELLPAD_COM2=sim "
+                                   "(scripts/run does)."),
                                 this);
         none->setObjectName(QStringLiteral("NoSiteLabel"));
         none->setWordWrap(true);

@@ -2,11 +2,17 @@
 
 #include "console/frm_main.h"
 #include "dialogs/frm_settings.h"
+#include "engine/port_binding.h"
 #include "engine/port_control.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalSpy>
@@ -97,6 +103,128 @@ TEST_F(SettingsWindowTest, TheMainWindowTitleFollowsASave) {
     });
     main.findChild<QAction*>(QStringLiteral("Settings_Menu_Option"))->trigger();
     EXPECT_EQ(main.windowTitle(), QStringLiteral("Quellpad - Settings (4800, n, 8, 1)"));
+}
+
+// The operator who started Quellpad from a desktop menu binds COM 1 to another device in
+// the window: the next command goes there, replies come back from there, and Settings.dat
+// keeps its six lines as they were.
+TEST_F(SettingsWindowTest, ADeviceChosenInTheWindowCarriesTheNextCommandAtOnce) {
+    const QByteArray settings = "9600\r\nn\r\nFalse\r\n1 2\r\nD\r\n1\r\n";
+    WriteSettings(settings);
+    qunsetenv("QUELLPAD_COM1");
+    FrmMain main(*keyboard_);
+    main.Form_Load();
+    ASSERT_TRUE(keyboard_->MSComm1().IsOpen());
+    PseudoTerminal chosen;
+    com1_.Drain();
+
+    QTimer::singleShot(0, [&] {
+        auto* window = qobject_cast<frmSettings*>(QApplication::activeModalWidget());
+        ASSERT_NE(window, nullptr);
+        auto* box = Child<QComboBox>(*window, "cboCom1Device");
+        ASSERT_TRUE(box->isEnabled());
+        box->lineEdit()->selectAll();
+        QTest::keyClicks(box->lineEdit(), chosen.SlavePath());
+        QTest::mouseClick(Child<QPushButton>(*window, "Save"), Qt::LeftButton);
+    });
+    main.findChild<QAction*>(QStringLiteral("Settings_Menu_Option"))->trigger();
+    ASSERT_TRUE(ShownMessages().isEmpty()) << ShownMessages()[0].text.toStdString();
+
+    // Sent here rather than by the dispatcher's tick, so that exactly one frame goes out.
+    main.findChild<QTimer*>(QStringLiteral("CommandChangeTimer"))->stop();
+    keyboard_->SetCommandBytes(0, 2, 32, 0);
+    keyboard_->SendCommand();
+    EXPECT_EQ(chosen.Read(7), QByteArray::fromHex("ff010002200023"));
+    EXPECT_EQ(com1_.Drain(50), QByteArray()) << "the old device is let go";
+    EXPECT_EQ(chosen.LineSettings(), QStringLiteral("9600,n,8,1")); // a pty shows no parity
+    EXPECT_EQ(ReadSettings(), settings);
+    EXPECT_EQ(ResolvePortBinding(1),
+              (PortBinding{chosen.SlavePath(), BindingSource::BindingsFile}));
+
+    chosen.Write(QByteArray::fromHex("ff010000000001"));
+    auto* responses = main.findChild<QPlainTextEdit*>(QStringLiteral("AccessResponseTextBox"));
+    EXPECT_TRUE(WaitUntil([&] { return responses->toPlainText().endsWith(u" 00 00 01"); }));
+    EXPECT_TRUE(main.findChild<QLabel*>(QStringLiteral("PortBindingsLabel"))
+                    ->text()
+                    .startsWith(QStringLiteral("COM 1: %1 (open)").arg(chosen.SlavePath())));
+}
+
+// A machine with one serial port: COM 2 was never found, and comes into use once it is
+// bound to a device that is there.
+TEST_F(SettingsWindowTest, APortWithoutADeviceBecomesAvailableOnceBoundToOne) {
+    WriteSettings("2400\r\nn\r\nFalse\r\n1\r\nD\r\nNone\r\n");
+    qunsetenv("QUELLPAD_COM2");
+    FrmMain main(*keyboard_);
+    main.Form_Load();
+    auto* com2Item = main.findChild<QAction*>(QStringLiteral("Com2Option"));
+    ASSERT_FALSE(com2Item->isEnabled());
+    QTimer::singleShot(0, [&] {
+        auto* window = qobject_cast<frmSettings*>(QApplication::activeModalWidget());
+        ASSERT_NE(window, nullptr);
+        Child<QComboBox>(*window, "cboCom2Device")->setEditText(com2_.SlavePath());
+        window->Save_Click();
+    });
+    main.findChild<QAction*>(QStringLiteral("Settings_Menu_Option"))->trigger();
+    EXPECT_EQ(ReadSettings(), QByteArray("2400\r\nn\r\nFalse\r\n1 2\r\nD\r\nNone\r\n"));
+    EXPECT_TRUE(com2Item->isEnabled());
+    com2Item->trigger();
+    EXPECT_TRUE(keyboard_->MSComm2().IsOpen());
+}
+
+TEST_F(SettingsWindowTest, EachPortShowsItsBindingAndWhereItComesFrom) {
+    qunsetenv("QUELLPAD_COM2");
+    SavePortBinding(dir_.filePath(QStringLiteral("Bindings.ini")), 2, QStringLiteral("SIM"));
+    frmSettings window(*keyboard_);
+    auto* com1 = Child<QComboBox>(window, "cboCom1Device");
+    auto* com2 = Child<QComboBox>(window, "cboCom2Device");
+
+    EXPECT_FALSE(com1->isEnabled()) << "the variable would win again at the next start";
+    EXPECT_EQ(com1->currentText(), com1_.SlavePath());
+    EXPECT_EQ(Child<QLabel>(window, "lblCom1Source")->text(),
+              QStringLiteral("Set by QUELLPAD_COM1"));
+    EXPECT_TRUE(com2->isEnabled());
+    EXPECT_EQ(com2->currentText(), QStringLiteral("Simulated site"));
+    EXPECT_EQ(Child<QLabel>(window, "lblCom2Source")->text(), QStringLiteral("Chosen here"));
+    const SerialLine* line = &keyboard_->MSComm2();
+    window.Save_Click();
+    EXPECT_EQ(&keyboard_->MSComm2(), line) << "a Save that changes no binding keeps the line";
+    // Screen readers name a combo box by its labels (on Linux through the "labelled by"
+    // relation, the box's own name being its text): its frame's and its own.
+    QStringList labels;
+    for (const auto& [label, relation] :
+         QAccessible::queryAccessibleInterface(com2)->relations(QAccessible::Label)) {
+        labels << label->text(QAccessible::Name);
+    }
+    EXPECT_TRUE(labels.contains(QStringLiteral("COM 2 device:")))
+        << labels.join(u'|').toStdString();
+}
+
+TEST_F(SettingsWindowTest, TheDevicesAreLookedUpWhenTheListOpensAndTypingSurvivesIt) {
+    qunsetenv("QUELLPAD_COM1");
+    frmSettings window(*keyboard_);
+    window.show();
+    auto* box = Child<QComboBox>(window, "cboCom1Device");
+    EXPECT_EQ(box->count(), 3) << "the simulated site and two network forms, no device scan";
+    box->setEditText(com2_.SlavePath()); // a pty: the system does not list it
+    box->showPopup();
+    EXPECT_EQ(box->count(), AvailableDevices().size() + 3);
+    box->hidePopup();
+    EXPECT_EQ(box->currentText(), com2_.SlavePath());
+}
+
+TEST_F(SettingsWindowTest, ANetworkFormLeftUncompletedIsRefusedAndNothingIsSaved) {
+    qunsetenv("QUELLPAD_COM2");
+    const QByteArray settings = ReadSettings();
+    frmSettings window(*keyboard_);
+    QSignalSpy saved(&window, &frmSettings::Saved);
+    auto* box = Child<QComboBox>(window, "cboCom2Device");
+    box->setCurrentIndex(box->findText(QStringLiteral("tcp://host:port")));
+    window.Save_Click();
+    ASSERT_EQ(ShownMessages().size(), 1);
+    EXPECT_TRUE(ShownMessages()[0].text.startsWith(u"COM 2: \"tcp://host:port\" names no server."));
+    EXPECT_EQ(saved.size(), 0);
+    EXPECT_EQ(ResolvePortBinding(2).source, BindingSource::Default);
+    EXPECT_EQ(ReadSettings(), settings);
 }
 
 } // namespace

@@ -154,8 +154,8 @@ TEST_F(SerialDeviceTest, ADeviceThisUserMayNotOpenIsToldAsRefusedWithTheGroupTha
     waitpid(child, nullptr, 0);
     EXPECT_EQ(QString::fromUtf8(told),
               QStringLiteral("COM 1 (%1) could not be opened. Access to %1 was refused. Ask for "
-                             "membership of the group \"dialout\", which owns it, then log in "
-                             "again.")
+                             "membership of the group \"dialout\", which owns it, then log out "
+                             "and in again.")
                   .arg(com1_.SlavePath()));
 }
 

@@ -1,12 +1,17 @@
 #include "fixtures.h"
 
 #include "console/frm_main.h"
+#include "dialogs/frm_settings.h"
 #include "site/simulated_line.h"
 #include "site_window/frm_simulated_site.h"
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QApplication>
+#include <QComboBox>
 #include <QLineEdit>
+#include <QPointer>
+#include <QTimer>
 
 #include <QPlainTextEdit>
 #include <QTest>
@@ -148,6 +153,35 @@ TEST_F(SimulatedDriveTest, SiteWindowIsMadeAtTheFirstRequestAndSitsBesideTheKeyb
 
     window_->findChild<QAction*>(QStringLiteral("SimulatedSiteOption"))->trigger();
     EXPECT_EQ(window_->findChildren<site_window::FrmSimulatedSite*>().size(), 1);
+}
+
+// The site window shows the equipment of the lines it was made for; a port bound anew
+// while it is open brings up the site of the new line, never the one let go.
+TEST_F(SimulatedDriveTest, APortBoundAnewInTheSettingsWindowShowsItsNewSite) {
+    Start("D");
+    window_->findChild<QAction*>(QStringLiteral("SimulatedSiteOption"))->trigger();
+    QPointer<QWidget> before = window_->findChild<QWidget*>(QStringLiteral("FrmSimulatedSite"));
+    qunsetenv("QUELLPAD_COM2");
+    QTimer::singleShot(0, [] {
+        auto* settings = qobject_cast<frmSettings*>(QApplication::activeModalWidget());
+        ASSERT_NE(settings, nullptr);
+        auto* box = settings->findChild<QComboBox*>(QStringLiteral("cboCom2Device"));
+        box->setCurrentIndex(box->findText(QStringLiteral("Simulated site")));
+        settings->Save_Click();
+    });
+    window_->findChild<QAction*>(QStringLiteral("Settings_Menu_Option"))->trigger();
+
+    EXPECT_TRUE(before.isNull());
+    auto* site = window_->findChild<QWidget*>(QStringLiteral("FrmSimulatedSite"));
+    ASSERT_NE(site, nullptr);
+    EXPECT_TRUE(site->isVisible());
+    ASSERT_NE(site->findChild<QWidget*>(QStringLiteral("COM2SitePanel")), nullptr);
+    EXPECT_TRUE(keyboard_->MSComm2().IsOpen());
+    keyboard_->SetCommandBytes(0, 0x4B, 0x46, 0x50); // set pan 180.00
+    keyboard_->SendCommand();
+    EXPECT_EQ(
+        dynamic_cast<site::SimulatedLine&>(keyboard_->MSComm2()).Equipment().CameraLog(1).back(),
+        "D: set pan 180.00");
 }
 
 } // namespace

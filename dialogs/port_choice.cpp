@@ -1,0 +1,76 @@
+#include "port_choice.h"
+
+#include <QLabel>
+
+namespace quellpad {
+
+namespace {
+
+const QString kSimulatedSiteCaption = QStringLiteral("Simulated site");
+
+} // namespace
+
+PortChoiceBox::PortChoiceBox(QWidget* parent, const char* name, QLabel* label) : QComboBox(parent) {
+    setObjectName(QLatin1String(name));
+    setEditable(true);
+    // A typed path is a choice, not a new entry of the list.
+    setInsertPolicy(QComboBox::NoInsert);
+    setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    setMinimumContentsLength(28);
+    label->setBuddy(this);
+    Fill({});
+}
+
+void PortChoiceBox::SetBinding(const QString& binding) {
+    const int entry = IsSimulatedSiteBinding(binding) ? findData(kSimulatedSiteBinding)
+                                                      : findData(binding.trimmed());
+    if (entry >= 0) {
+        setCurrentIndex(entry);
+    } else {
+        setCurrentIndex(-1);
+        setEditText(binding.trimmed());
+    }
+}
+
+QString PortChoiceBox::Binding() const {
+    const QString text = currentText().trimmed();
+    const int entry = findText(text, Qt::MatchExactly);
+    return entry >= 0 ? itemData(entry).toString() : text;
+}
+
+void PortChoiceBox::Fill(const QList<DeviceChoice>& devices) {
+    const QString shown = currentText();
+    clear();
+    for (const DeviceChoice& device : devices) {
+        addItem(device.caption, device.path);
+    }
+    addItem(kSimulatedSiteCaption, kSimulatedSiteBinding);
+    // Forms to complete rather than choices: picked as they are, they are refused on Save.
+    for (const QString& form :
+         {QStringLiteral("tcp://host:port"), QStringLiteral("rfc2217://host:port")}) {
+        addItem(form, form);
+    }
+    setCurrentIndex(findText(shown, Qt::MatchExactly));
+    if (currentIndex() < 0) {
+        setEditText(shown);
+    }
+}
+
+void PortChoiceBox::showPopup() {
+    Fill(AvailableDevices());
+    QComboBox::showPopup();
+}
+
+QString BindingSourceCaption(int portNumber, BindingSource source) {
+    switch (source) {
+    case BindingSource::Environment:
+        return QStringLiteral("Set by ") + BindingVariable(portNumber);
+    case BindingSource::BindingsFile:
+        return QStringLiteral("Chosen here");
+    case BindingSource::Default:
+        break;
+    }
+    return QStringLiteral("The system's default");
+}
+
+} // namespace quellpad
