@@ -15,6 +15,8 @@ namespace {
 // line after this long, with the line settings it has.
 constexpr int kNegotiationTimeoutMs = 1000;
 constexpr int kDefaultConnectTimeoutMs = 3000;
+// How long a closed line keeps its connection for a reopening.
+constexpr int kLingerMs = 1000;
 
 // The line settings text as the server is to apply it, read as a local device reads it.
 bool ParsePortSettings(const QString& text, telnet::PortSettings& out) {
@@ -74,6 +76,12 @@ NetworkLine::NetworkLine(int portNumber, const QString& url, QObject* parent)
     connect(&connectTimer_, &QTimer::timeout, this, &NetworkLine::OnConnectTimeout);
     connect(&retryTimer_, &QTimer::timeout, this, &NetworkLine::Connect);
     connect(&negotiationTimer_, &QTimer::timeout, this, &NetworkLine::OnNegotiationTimeout);
+    lingerTimer_.setSingleShot(true);
+    lingerTimer_.setInterval(kLingerMs);
+    connect(&lingerTimer_, &QTimer::timeout, this, [this] {
+        dataReady_ = false;
+        link_->Abort();
+    });
 }
 
 // The link is destroyed first and tells nothing as it goes.
@@ -140,6 +148,13 @@ void NetworkLine::Open() {
         }
     }
     retryTimer_.stop();
+    if (lingerTimer_.isActive()) {
+        lingerTimer_.stop();
+        if (link_->IsConnected()) {
+            state_ = State::Connected; // settings changed meanwhile have been sent already
+            return;
+        }
+    }
     state_ = State::Connecting;
     Connect();
 }
@@ -158,16 +173,22 @@ void NetworkLine::Connect() {
 }
 
 void NetworkLine::Close() {
+    const bool keepConnection =
+        state_ == State::Connected && dataReady_ && link_ && link_->IsConnected();
     state_ = State::Closed;
     connectTimer_.stop();
     retryTimer_.stop();
     negotiationTimer_.stop();
+    waitingOutput_.clear();
+    waitingInput_.clear();
+    if (keepConnection) {
+        lingerTimer_.start(); // what arrives meanwhile is dropped, as by a closed port
+        return;
+    }
+    dataReady_ = false;
     if (link_) {
         link_->Abort();
     }
-    dataReady_ = false;
-    waitingOutput_.clear();
-    waitingInput_.clear();
 }
 
 bool NetworkLine::IsOpen() const {

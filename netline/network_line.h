@@ -31,7 +31,10 @@ bool IsNetworkUrl(const QString& binding);
 // A connection that cannot be made, or that drops, is reported once through LineFailed,
 // as an unplugged device would be, and the line closes. It is then tried again in the
 // background every few seconds until the server is back; the line reopens by itself and
-// says so through LineRestored. Close() stops the retries.
+// says so through LineRestored. Close() stops the retries. A line closed and opened again
+// within a second (the settings window's Save does that) keeps its connection, as a local
+// port would: a server that serves one client at a time may not have let go of the old
+// connection when a new one arrives, and would turn it away.
 class NetworkLine final : public SerialLine {
     Q_OBJECT
 public:
@@ -105,6 +108,9 @@ private:
     QTimer connectTimer_;
     QTimer retryTimer_;
     QTimer negotiationTimer_;
+    // Keeps the connection of a line closed while connected for a moment, in case it is
+    // opened again at once.
+    QTimer lingerTimer_;
     telnet::Session session_;
     QByteArray waitingOutput_;
     QByteArray waitingInput_;
