@@ -434,11 +434,11 @@ void FrmMain::MSComm_OnComm(int number, int eventCode) {
         return;
     }
     if (!IsAsciiMode(mode) && !IsFrameMode(mode)) {
-        keyboard_.Port(number).Input(); // a mode that shows no replies drops them
+        keyboard_.TakeInput(number); // a mode that shows no replies drops them
         return;
     }
     QString& response = number == 1 ? keyboard_.Com1Response : keyboard_.Com2Response;
-    response += ResponseText(mode, keyboard_.Port(number).Input());
+    response += ResponseText(mode, keyboard_.TakeInput(number));
     if (ClearsResponseBox(mode, AccessResponseTextBox->ReceivedLength(), response)) {
         AccessResponseTextBox->Clear();
     }
