@@ -2,6 +2,8 @@
 
 #include <QDateTime>
 
+#include <array>
+
 namespace quellpad::traffic {
 
 namespace {
@@ -27,23 +29,11 @@ template <class Format> QString JoinFields(QChar separator, Format format) {
 } // namespace
 
 QString ColumnTitle(int column) {
-    switch (column) {
-    case kTime:
-        return QStringLiteral("Time");
-    case kSince:
-        return QStringLiteral("+ms");
-    case kPort:
-        return QStringLiteral("Port");
-    case kDirection:
-        return QStringLiteral("Direction");
-    case kHex:
-        return QStringLiteral("Hex");
-    case kText:
-        return QStringLiteral("Text");
-    case kMeaning:
-        return QStringLiteral("Meaning");
-    }
-    return {};
+    static constexpr std::array<const char*, kColumns> kTitles = {
+        "Time", "+ms", "Port", "Direction", "Hex", "Text", "Meaning"};
+    return column >= 0 && column < kColumns
+               ? QString::fromLatin1(kTitles[static_cast<std::size_t>(column)])
+               : QString();
 }
 
 QString Field(const TrafficRow& row, int column) {

@@ -99,7 +99,7 @@ FrmTraffic::FrmTraffic(Quellpad_Support_Func& keyboard, QWidget* parent)
     header->resizeSection(traffic::kSince, digit * 10);
     header->resizeSection(traffic::kPort, digit * 8);
     header->resizeSection(traffic::kDirection, digit * 11);
-    header->resizeSection(traffic::kHex, digit * 34);
+    header->resizeSection(traffic::kHex, digit * 30);
     header->resizeSection(traffic::kText, digit * 14);
     TrafficTableView->installEventFilter(this);
     layout->addWidget(TrafficTableView, 1);

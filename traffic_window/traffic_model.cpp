@@ -27,6 +27,9 @@ QVariant TrafficModel::data(const QModelIndex& index, int role) const {
     if (role == Qt::DisplayRole || role == Qt::ToolTipRole) {
         return traffic::Field(Row(index.row()), index.column());
     }
+    if (role == Qt::TextAlignmentRole && index.column() == traffic::kSince) {
+        return QVariant::fromValue(Qt::AlignRight | Qt::AlignVCenter);
+    }
     if (role == Qt::FontRole &&
         (index.column() == traffic::kHex || index.column() == traffic::kText)) {
         return fixed_;

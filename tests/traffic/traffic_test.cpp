@@ -216,6 +216,14 @@ TEST(TrafficLog, AFileThatCannotBeWrittenIsNamedWithTheReason) {
                                        .arg(path));
     }
     EXPECT_THROW(SaveRows(path, FileFormat::Csv, {}), TrafficFileError);
+    // A disk that is full is found at once, not when the file is closed.
+    try {
+        TrafficLogFile log(QStringLiteral("/dev/full"));
+        FAIL() << "wrote to a full disk";
+    } catch (const TrafficFileError& error) {
+        EXPECT_EQ(error.Message(), QStringLiteral("The traffic log \"/dev/full\" cannot be "
+                                                  "written: No space left on device."));
+    }
 }
 
 } // namespace
