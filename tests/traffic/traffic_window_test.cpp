@@ -7,6 +7,7 @@
 #include <QClipboard>
 #include <QLabel>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTableView>
 
 namespace quellpad::test {
@@ -82,6 +83,36 @@ TEST_F(TrafficWindow, TypedBytesAreSeenAndLoggedWhilePausedAndShownAfter) {
     EXPECT_EQ(Meanings(*traffic), QStringList{"switcher: monitor 12"});
     window_.reset();
     EXPECT_EQ(keyboard_->Tap, nullptr) << "the keyboard outlives the window it was tapped by";
+}
+
+TEST(TrafficModel, TakesABatchInOneInsertionAndKeepsItsLimitWhilePaused) {
+    const auto batch = [](int count) {
+        std::vector<traffic::TrafficRow> rows(static_cast<std::size_t>(count));
+        for (int i = 0; i < count; ++i) {
+            rows[static_cast<std::size_t>(i)].meaning = QString::number(i);
+        }
+        return rows;
+    };
+    traffic_window::TrafficModel model(nullptr, 3);
+    QSignalSpy inserted(&model, &QAbstractItemModel::rowsInserted);
+    QSignalSpy removed(&model, &QAbstractItemModel::rowsRemoved);
+    model.Append(batch(2));
+    model.Append(batch(2));
+    EXPECT_EQ(inserted.size(), 2);
+    EXPECT_EQ(removed.size(), 1);
+    EXPECT_EQ(model.rowCount(), 3);
+    EXPECT_EQ(model.Dropped(), 1u);
+
+    model.SetPaused(true);
+    model.Append(batch(4));
+    model.Append(batch(1));
+    EXPECT_EQ(model.rowCount(), 3);
+    EXPECT_EQ(model.Dropped(), 3u) << "two of the waiting rows went for the limit";
+    model.SetPaused(false);
+    EXPECT_EQ(inserted.size(), 3) << "the waiting rows come in one batch";
+    EXPECT_EQ(model.Dropped(), 6u);
+    EXPECT_EQ(model.Row(0).meaning, "2");
+    EXPECT_EQ(model.Row(2).meaning, "0");
 }
 
 } // namespace
