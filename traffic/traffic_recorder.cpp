@@ -68,6 +68,17 @@ Splitter& TrafficRecorder::ReceivedSplitter(int port, std::optional<protocol::La
 std::vector<TrafficRow> TrafficRecorder::Drain() {
     std::vector<TrafficRow> rows;
     rows.reserve(noted_.size());
+    // What a port held from earlier batches came before anything noted since: it goes first,
+    // so that the rows stay in the order of the wire.
+    const std::int64_t now = SteadyNs();
+    for (int port = 1; port <= 2; ++port) {
+        Splitter& splitter = received_[static_cast<std::size_t>(port - 1)];
+        const std::int64_t last = lastReceivedNs_[static_cast<std::size_t>(port - 1)];
+        if (splitter.Holding() && now - last >= kQuietMs * 1'000'000) {
+            splitter.Flush(pieces_);
+            AddReplies(last, port, rows);
+        }
+    }
     for (const Noted& noted : noted_) {
         const int port = noted.port == 2 ? 2 : 1;
         const std::span<const std::uint8_t> bytes(bytes_.data() + noted.offset, noted.length);
@@ -95,16 +106,6 @@ std::vector<TrafficRow> TrafficRecorder::Drain() {
     }
     noted_.clear();
     bytes_.clear();
-
-    const std::int64_t now = SteadyNs();
-    for (int port = 1; port <= 2; ++port) {
-        Splitter& splitter = received_[static_cast<std::size_t>(port - 1)];
-        const std::int64_t last = lastReceivedNs_[static_cast<std::size_t>(port - 1)];
-        if (splitter.Holding() && now - last >= kQuietMs * 1'000'000) {
-            splitter.Flush(pieces_);
-            AddReplies(last, port, rows);
-        }
-    }
     return rows;
 }
 
