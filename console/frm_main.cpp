@@ -1,6 +1,7 @@
 #include "frm_main.h"
 
 #include "site_window/frm_simulated_site.h"
+#include "traffic_window/frm_traffic.h"
 
 #include "console/dispatcher.h"
 #include "console/frm_main_parts.h"
@@ -65,6 +66,7 @@ void FrmMain::ConnectHandlers() {
        &FrmMain::Settings_Menu_Option_Click);
     on(item("SimulatedSiteOption"), "SimulatedSiteOption_Click",
        &FrmMain::SimulatedSiteOption_Click);
+    on(item("mnuTraffic"), "mnuTraffic_Click", &FrmMain::mnuTraffic_Click);
     on(RetransmitTimerOption, "RetransmitTimerOption_Click", &FrmMain::RetransmitTimerOption_Click);
     on(ControlLock, "ControlLock_Click", &FrmMain::ControlLock_Click);
     on(MenuControlOption, "MenuControlOption_Click", &FrmMain::MenuControlOption_Click);
@@ -255,14 +257,31 @@ void FrmMain::UpdatePortBindings() {
 // ---------------------------------------------------------------------------------------
 // Options menu
 
+namespace {
+
+// A window that sits beside the keyboard, shown again in front where it was left.
+void BringUp(QWidget* window) {
+    window->show();
+    window->raise();
+    window->activateWindow();
+}
+
+} // namespace
+
 void FrmMain::SimulatedSiteOption_Click() {
     // Made at the first request only, so that a keyboard on real ports pays nothing for it.
     if (siteWindow_ == nullptr) {
         siteWindow_ = new site_window::FrmSimulatedSite(keyboard_, this);
     }
-    siteWindow_->show();
-    siteWindow_->raise();
-    siteWindow_->activateWindow();
+    BringUp(siteWindow_);
+}
+
+void FrmMain::mnuTraffic_Click() {
+    // Made at the first request only: until then the wire is not watched at all.
+    if (trafficWindow_ == nullptr) {
+        trafficWindow_ = new traffic_window::FrmTraffic(keyboard_, this);
+    }
+    BringUp(trafficWindow_);
 }
 
 void FrmMain::Com1Option_Click() {
@@ -466,11 +485,11 @@ void FrmMain::MSComm_OnComm(int number, int eventCode) {
         return;
     }
     if (!IsAsciiMode(mode) && !IsFrameMode(mode)) {
-        keyboard_.Port(number).Input(); // a mode that shows no replies drops them
+        keyboard_.TakeInput(number); // a mode that shows no replies drops them
         return;
     }
     QString& response = number == 1 ? keyboard_.Com1Response : keyboard_.Com2Response;
-    response += ResponseText(mode, keyboard_.Port(number).Input());
+    response += ResponseText(mode, keyboard_.TakeInput(number));
     if (ClearsResponseBox(mode, AccessResponseTextBox->ReceivedLength(), response)) {
         AccessResponseTextBox->Clear();
     }

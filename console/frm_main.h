@@ -86,6 +86,7 @@ private:
     void ComOption_Click(int portNumber);
     void Settings_Menu_Option_Click();
     void SimulatedSiteOption_Click();
+    void mnuTraffic_Click();
     void RetransmitTimerOption_Click();
     void ControlLock_Click();
     void MenuControlOption_Click();
@@ -152,6 +153,7 @@ private:
     Quellpad_Support_Func& keyboard_;
     // The "Simulated Site" window, once the operator has asked for it.
     QWidget* siteWindow_ = nullptr;
+    QWidget* trafficWindow_ = nullptr;
     ui::ErrorBoundary boundary_;
     ui::ProportionalLayout layout_;
     JoystickState joystick_;

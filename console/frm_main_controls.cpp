@@ -44,6 +44,7 @@ void FrmMain::BuildMenus() {
     Com2Option = ui::MakeItem(OptionsMenu, "Com2Option", QStringLiteral("COM 2"), true);
     ui::MakeItem(OptionsMenu, "Settings_Menu_Option", QStringLiteral("Settings..."));
     ui::MakeItem(OptionsMenu, "SimulatedSiteOption", QStringLiteral("Simulated Site..."));
+    ui::MakeItem(OptionsMenu, "mnuTraffic", QStringLiteral("Traffic..."));
     OptionsMenu->addSeparator();
     RetransmitTimerOption = ui::MakeItem(OptionsMenu, "RetransmitTimerOption",
                                          QStringLiteral("Retransmit Timer"), true);

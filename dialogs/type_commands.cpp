@@ -138,19 +138,7 @@ void FrmTypeCmnds::CommandToSendTextBox_Enter() {
                                {}});
         return;
     }
-    SerialLine& com1 = keyboard_.MSComm1();
-    SerialLine& com2 = keyboard_.MSComm2();
-    for (const char c : typed.bytes) {
-        const auto byte = static_cast<std::uint8_t>(c);
-        if (com1.IsOpen()) {
-            keyboard_.Com1OutByte = byte;
-            com1.Output(keyboard_.Com1OutByte);
-        }
-        if (com2.IsOpen()) {
-            keyboard_.Com2OutByte = byte;
-            com2.Output(keyboard_.Com2OutByte);
-        }
-    }
+    keyboard_.WriteToOpenPorts(WireBytes(typed.bytes), WireBytes(typed.bytes));
 }
 
 void FrmTypeCmnds::Recall(int step) {

@@ -3,6 +3,9 @@
 #include "errors.h"
 #include "settings_file.h"
 
+#include <QScopeGuard>
+
+#include <algorithm>
 #include <array>
 
 namespace quellpad {
@@ -119,17 +122,7 @@ void Quellpad_Support_Func::SendCommand() {
         for (const QChar c : AsciiCommand) {
             bytes.append(static_cast<char>(ToByte(c.unicode())));
         }
-        for (const char c : bytes) {
-            const auto byte = static_cast<std::uint8_t>(c);
-            if (com1_->IsOpen()) {
-                Com1OutByte = byte;
-                com1_->Output(Com1OutByte);
-            }
-            if (com2_->IsOpen()) {
-                Com2OutByte = byte;
-                com2_->Output(Com2OutByte);
-            }
-        }
+        WriteToOpenPorts(WireBytes(bytes), WireBytes(bytes));
         emit CommandEchoed(com1_->IsOpen() ? SplitLongEcho(AsciiCommand) : QString(),
                            com2_->IsOpen() ? SplitLongEcho(AsciiCommand) : QString());
         return;
@@ -141,18 +134,48 @@ void Quellpad_Support_Func::SendCommand() {
     const Frame frame1 = p ? BuildPFrame(AddressCOM1, *this) : BuildDFrame(AddressCOM1, *this);
     const Frame frame2 = p ? BuildPFrame(AddressCOM2, *this) : BuildDFrame(AddressCOM2, *this);
     const std::size_t length = p ? 8 : 7;
-    for (std::size_t i = 0; i < length; ++i) {
-        if (com1_->IsOpen()) {
-            Com1OutByte = frame1[i];
-            com1_->Output(Com1OutByte);
-        }
-        if (com2_->IsOpen()) {
-            Com2OutByte = frame2[i];
-            com2_->Output(Com2OutByte);
-        }
-    }
+    WriteToOpenPorts(std::span(frame1).first(length), std::span(frame2).first(length));
     emit CommandEchoed(com1_->IsOpen() ? FormatFrameHex(frame1) : QString(),
                        com2_->IsOpen() ? FormatFrameHex(frame2) : QString());
+}
+
+void Quellpad_Support_Func::WriteToOpenPorts(std::span<const std::uint8_t> com1,
+                                             std::span<const std::uint8_t> com2) {
+    std::size_t written1 = 0;
+    std::size_t written2 = 0;
+    // The tap hears of a frame once, whole, after its last byte; a write that fails part
+    // way still shows what did leave.
+    const auto tell = qScopeGuard([&] {
+        if (Tap != nullptr) [[unlikely]] {
+            if (written1 > 0) {
+                Tap->Sent(1, CurrentMode, com1.first(written1));
+            }
+            if (written2 > 0) {
+                Tap->Sent(2, CurrentMode, com2.first(written2));
+            }
+        }
+    });
+    const std::size_t length = std::max(com1.size(), com2.size());
+    for (std::size_t i = 0; i < length; ++i) {
+        if (i < com1.size() && com1_->IsOpen()) {
+            Com1OutByte = com1[i];
+            com1_->Output(Com1OutByte);
+            ++written1;
+        }
+        if (i < com2.size() && com2_->IsOpen()) {
+            Com2OutByte = com2[i];
+            com2_->Output(Com2OutByte);
+            ++written2;
+        }
+    }
+}
+
+QByteArray Quellpad_Support_Func::TakeInput(int portNumber) {
+    QByteArray bytes = Port(portNumber).Input();
+    if (Tap != nullptr && !bytes.isEmpty()) [[unlikely]] {
+        Tap->Received(portNumber, CurrentMode, WireBytes(bytes));
+    }
+    return bytes;
 }
 
 QString Quellpad_Support_Func::FormatFrameHex(std::span<const std::uint8_t> frame) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "line_tap.h"
 #include "numeric.h"
 #include "serial_device.h"
 #include "serial_line.h"
@@ -94,6 +95,12 @@ public:
     // Where Settings.dat is read and written.
     QString SettingsPath;
 
+    // Told of every byte that leaves or arrives through WriteToOpenPorts and TakeInput;
+    // none until the operator first opens the traffic monitor.
+    LineTap* Tap = nullptr;
+
+    // Bytes are written and read through WriteToOpenPorts and TakeInput, so that the tap
+    // sees them all; the lines themselves are for opening, closing and settings.
     SerialLine& MSComm1() { return *com1_; }
     SerialLine& MSComm2() { return *com2_; }
     SerialLine& Port(int portNumber) { return portNumber == 1 ? *com1_ : *com2_; }
@@ -115,6 +122,12 @@ public:
     // Builds the frame or text of the current mode for each port and writes it byte by
     // byte to every open port, COM 1 first, then echoes it (CommandEchoed).
     void SendCommand();
+    // Writes the bytes byte by byte to every open port, the two ports interleaved, COM 1
+    // first: `com1` to COM 1 and `com2` to COM 2. Com1OutByte and Com2OutByte hold the byte
+    // last handed to each. Fails with PortError; what was written before is still tapped.
+    void WriteToOpenPorts(std::span<const std::uint8_t> com1, std::span<const std::uint8_t> com2);
+    // The bytes waiting on a port (its Input()), shown to the tap on their way in.
+    QByteArray TakeInput(int portNumber);
     // The frame as the operator reads it: 7 bytes in "D", 8 in "P", each as two hex
     // digits and a blank; "" in other modes.
     QString FormatFrameHex(std::span<const std::uint8_t> frame) const;

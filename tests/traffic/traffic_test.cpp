@@ -1,0 +1,230 @@
+#include "fixtures.h"
+
+#include "engine/keyboard_state.h"
+#include "protocol/commands.h"
+#include "traffic/traffic_log.h"
+#include "traffic/traffic_recorder.h"
+#include "traffic/traffic_rows.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <QThread>
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace quellpad::traffic {
+namespace {
+
+using protocol::AsBytes;
+
+QStringList Meanings(const std::vector<TrafficRow>& rows) {
+    QStringList out;
+    for (const TrafficRow& row : rows) {
+        out << row.meaning;
+    }
+    return out;
+}
+
+std::string D(int address, int c2, int d1, int d2) {
+    return protocol::BuildDFrame(address, 0, static_cast<std::uint8_t>(c2),
+                                 static_cast<std::uint8_t>(d1), static_cast<std::uint8_t>(d2));
+}
+
+struct SentCase {
+    const char* mode;
+    int port;
+    std::string bytes;
+    const char* meaning;
+};
+
+TEST(TrafficMeaning, EachWrittenFrameOrTextIsOneRowInWords) {
+    const SentCase cases[] = {
+        {"D", 1, D(1, 0x02, 32, 0), "COM 1 → camera 1: pan right 32"},
+        {"D", 2, D(7, 0, 0, 0), "COM 2 → camera 7: stop"},
+        {"D", 1, D(1, 0x51, 0, 0), "COM 1 → camera 1: query pan"},
+        {"P", 2, protocol::BuildPFrame(2, 0, 0x07, 0, 5), "COM 2 → camera 2: go to preset 5"},
+        {"ASCII", 1, "12Ma", "switcher: monitor 12"},
+        {"ASCII", 1, "1Ma2#a", "switcher: monitor 1; switcher: camera 2"},
+        {"ASCII", 1, "laGATE!a", "switcher: label \"GATE\""},
+        {"MUX ASCII", 2, "um", "multiplexer: quad"},
+        {"MUX ASCII", 1, "~dLm", "multiplexer: pan left off"},
+        {"D", 1, "\x12\x34", "not decoded: 12 34"},
+        // A frame whose check byte is wrong is what a receiver throws away.
+        {"D", 1, std::string("\xFF\x01\x00\x02\x20\x00\x00", 7),
+         "not decoded: FF 01 00 02 20 00 00"},
+        {"ASCII", 1, "xx", "not decoded: 78 78"},
+        {"T", 1, "\x01", "not decoded: 01"},
+    };
+    for (const SentCase& c : cases) {
+        TrafficRecorder recorder;
+        recorder.Sent(c.port, QString::fromLatin1(c.mode), AsBytes(c.bytes));
+        const std::vector<TrafficRow> rows = recorder.Drain();
+        ASSERT_EQ(rows.size(), 1u) << c.mode << " " << c.meaning;
+        EXPECT_EQ(rows[0].meaning, QString::fromUtf8(c.meaning)) << c.mode;
+        EXPECT_EQ(rows[0].bytes, QByteArray::fromStdString(c.bytes));
+        EXPECT_EQ(rows[0].port, c.port);
+        EXPECT_EQ(rows[0].way, Way::Sent);
+    }
+}
+
+struct ReceivedCase {
+    const char* mode;
+    std::vector<std::string> chunks;
+    QStringList meanings;
+};
+
+TEST(TrafficMeaning, RepliesAreSplitAsTheyArriveWhereverTheReadsCutThem) {
+    const std::string pan = protocol::BuildDReply(1, 0x59, 12345);
+    const std::string ack = protocol::BuildGeneralReply(3);
+    const ReceivedCase cases[] = {
+        {"D", {pan.substr(0, 3), pan.substr(3)}, {"camera 1 ← pan position 123.45°"}},
+        {"D",
+         {pan + protocol::BuildDReply(2, 0x5D, 300)},
+         {"camera 1 ← pan position 123.45°", "camera 2 ← zoom position 300"}},
+        {"D",
+         {"\x01\x02" + ack.substr(0, 1), ack.substr(1)},
+         {"not decoded: 01 02", "camera 3 ← acknowledged"}},
+        {"P", {protocol::BuildPFrame(4, 0, 0, 0, 0)}, {"camera 4 ← stop"}},
+        {"ASCII",
+         {"3i", "a", "4da"},
+         {"switcher ← alarm 3 (forward)", "switcher ← alarm 4 (back)"}},
+        {"MUX ASCII", {"u", "m"}, {"multiplexer ← quad"}},
+    };
+    for (const ReceivedCase& c : cases) {
+        TrafficRecorder recorder;
+        std::vector<TrafficRow> rows;
+        std::string all;
+        for (const std::string& chunk : c.chunks) {
+            recorder.Received(2, QString::fromLatin1(c.mode), AsBytes(chunk));
+            all += chunk;
+            for (TrafficRow& row : recorder.Drain()) {
+                rows.push_back(std::move(row));
+            }
+        }
+        EXPECT_EQ(Meanings(rows), c.meanings) << c.mode;
+        QByteArray shown;
+        for (const TrafficRow& row : rows) {
+            EXPECT_EQ(row.way, Way::Received);
+            EXPECT_EQ(row.port, 2);
+            shown += row.bytes;
+        }
+        EXPECT_EQ(shown, QByteArray::fromStdString(all)) << "every byte in exactly one row";
+    }
+}
+
+TEST(TrafficMeaning, AReplyLeftIncompleteIsShownAsNotDecodedOnceTheLineIsQuiet) {
+    TrafficRecorder recorder;
+    recorder.Received(1, QStringLiteral("D"), AsBytes("\xFF\x01"));
+    EXPECT_TRUE(recorder.Drain().empty());
+    QThread::msleep(TrafficRecorder::kQuietMs + 50);
+    EXPECT_EQ(Meanings(recorder.Drain()), QStringList{"not decoded: FF 01"});
+    // The decoder started afresh: a whole reply after it is read as one.
+    recorder.Received(1, QStringLiteral("D"), AsBytes(protocol::BuildGeneralReply(1)));
+    EXPECT_EQ(Meanings(recorder.Drain()), QStringList{"camera 1 ← acknowledged"});
+}
+
+TEST(TrafficMeaning, RowsCarryTheirTimeAndTheTimeSinceTheRowBefore) {
+    TrafficRecorder recorder;
+    const std::int64_t before = QDateTime::currentMSecsSinceEpoch() * 1000;
+    recorder.Sent(1, QStringLiteral("D"), AsBytes(D(1, 0, 0, 0)));
+    QThread::msleep(20);
+    recorder.Received(1, QStringLiteral("D"), AsBytes(protocol::BuildGeneralReply(1)));
+    const std::vector<TrafficRow> rows = recorder.Drain();
+    ASSERT_EQ(rows.size(), 2u);
+    EXPECT_NEAR(static_cast<double>(rows[0].atUs), static_cast<double>(before), 50'000.0);
+    EXPECT_EQ(rows[0].sincePreviousUs, 0);
+    EXPECT_GE(rows[1].sincePreviousUs, 20'000);
+    EXPECT_EQ(rows[1].atUs - rows[0].atUs, rows[1].sincePreviousUs);
+}
+
+TEST(TrafficRows, KeepsTheNewestHundredThousandAndCountsTheDropped) {
+    const auto batch = [](int first, int count) {
+        std::vector<TrafficRow> rows(static_cast<std::size_t>(count));
+        for (int i = 0; i < count; ++i) {
+            rows[static_cast<std::size_t>(i)].meaning = QString::number(first + i);
+        }
+        return rows;
+    };
+    TrafficRows rows;
+    rows.Append(batch(0, 60'000));
+    EXPECT_EQ(rows.Overflow(60'000), 20'000u);
+    rows.Append(batch(60'000, 60'000));
+    EXPECT_EQ(rows.Size(), 100'000u);
+    EXPECT_EQ(rows.Dropped(), 20'000u);
+    EXPECT_EQ(rows[0].meaning, QStringLiteral("20000"));
+    EXPECT_EQ(rows[99'999].meaning, QStringLiteral("119999"));
+    // A batch over the limit by itself keeps only its own newest rows.
+    rows.Append(batch(120'000, 100'001));
+    EXPECT_EQ(rows.Dropped(), 20'000u + 100'000u + 1u);
+    EXPECT_EQ(rows[0].meaning, QStringLiteral("120001"));
+    rows.Clear();
+    EXPECT_EQ(rows.Size(), 0u);
+    EXPECT_EQ(rows.Dropped(), 0u);
+}
+
+TrafficRow Row(const char* bytes, const char* meaning) {
+    // 13:05:09.123 local time, 1.608 ms after the row before.
+    const QDateTime at(QDate(2026, 3, 7), QTime(13, 5, 9, 123));
+    return {at.toMSecsSinceEpoch() * 1000 + 456, 1608, 2, Way::Received, QByteArray(bytes),
+            QString::fromUtf8(meaning)};
+}
+
+TEST(TrafficFormat, TextAndCsvLinesHoldTheSevenColumns) {
+    const TrafficRow row = Row("\xFF\x01\x00\x01", "camera 1 ← acknowledged");
+    EXPECT_EQ(TextLine(Row("\xFF\x01", "x")),
+              "13:05:09.123\t1.608\tCOM 2\treceived\tFF 01 \t..\tx");
+    EXPECT_EQ(TextHeader(), "Time\t+ms\tPort\tDirection\tHex\tText\tMeaning");
+    EXPECT_EQ(CsvHeader(), "Time,+ms,Port,Direction,Hex,Text,Meaning");
+    EXPECT_EQ(CsvLine(Row("1,2\"a", "switcher: label \"A,B\"")),
+              "13:05:09.123,1.608,COM 2,received,31 2C 32 22 61 ,\"1,2\"\"a\","
+              "\"switcher: label \"\"A,B\"\"\"");
+    EXPECT_EQ(Field(row, kHex), "FF 01 ");
+    EXPECT_EQ(FormatSince(0), "0.000");
+    EXPECT_EQ(FormatSince(12'345'678), "12345.678");
+    EXPECT_EQ(FormatFor(QStringLiteral("a.CSV")), FileFormat::Csv);
+    EXPECT_EQ(FormatFor(QStringLiteral("a"), QStringLiteral("CSV files (*.csv)")), FileFormat::Csv);
+    EXPECT_EQ(FormatFor(QStringLiteral("a.txt")), FileFormat::Text);
+}
+
+TEST(TrafficLog, EachBatchIsInTheFileBeforeTheLogIsClosed) {
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("traffic.log"));
+    TrafficLogFile log(path);
+    log.Write({Row("\xFF", "a")});
+    log.Write({Row("\x01", "b"), Row("\x02", "c")});
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QStringList lines = QString::fromUtf8(file.readAll()).split(u'\n');
+    ASSERT_EQ(lines.size(), 5);
+    EXPECT_EQ(lines[0], TextHeader());
+    EXPECT_EQ(lines[3], TextLine(Row("\x02", "c")));
+    EXPECT_EQ(lines[4], QString());
+}
+
+TEST(TrafficLog, AFileThatCannotBeWrittenIsNamedWithTheReason) {
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("missing/traffic.csv"));
+    try {
+        TrafficLogFile log(path);
+        FAIL() << "opened";
+    } catch (const TrafficFileError& error) {
+        EXPECT_EQ(error.Message(), QStringLiteral("The traffic log \"%1\" cannot be written: No "
+                                                  "such file or directory.")
+                                       .arg(path));
+    }
+    EXPECT_THROW(SaveRows(path, FileFormat::Csv, {}), TrafficFileError);
+    // A disk that is full is found at once, not when the file is closed.
+    try {
+        TrafficLogFile log(QStringLiteral("/dev/full"));
+        FAIL() << "wrote to a full disk";
+    } catch (const TrafficFileError& error) {
+        EXPECT_EQ(error.Message(), QStringLiteral("The traffic log \"/dev/full\" cannot be "
+                                                  "written: No space left on device."));
+    }
+}
+
+} // namespace
+} // namespace quellpad::traffic

@@ -1,0 +1,119 @@
+#include "main_window_fixture.h"
+
+#include "protocol/commands.h"
+#include "traffic_window/frm_traffic.h"
+
+#include <QCheckBox>
+#include <QClipboard>
+#include <QLabel>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTableView>
+
+namespace quellpad::test {
+namespace {
+
+using traffic_window::FrmTraffic;
+
+class TrafficWindow : public MainWindowFixture {
+protected:
+    FrmTraffic* Open() {
+        Choose("mnuTraffic");
+        auto* window = window_->findChild<FrmTraffic*>(QStringLiteral("FrmTraffic"));
+        EXPECT_NE(window, nullptr);
+        return window;
+    }
+    static QStringList Meanings(FrmTraffic& window) {
+        QStringList out;
+        for (int i = 0; i < window.Filter().rowCount(); ++i) {
+            out << window.Filter().index(i, traffic::kMeaning).data().toString();
+        }
+        return out;
+    }
+};
+
+TEST_F(TrafficWindow, IsMadeOnlyWhenFirstAskedForAndShowsACommandAndItsReply) {
+    Start("D");
+    EXPECT_EQ(window_->findChild<FrmTraffic*>(), nullptr);
+    EXPECT_EQ(keyboard_->Tap, nullptr);
+    FrmTraffic* traffic = Open();
+    ASSERT_NE(traffic, nullptr);
+    EXPECT_TRUE(traffic->isVisible());
+    EXPECT_FALSE(traffic->isModal());
+    EXPECT_EQ(traffic->windowTitle(), "Traffic");
+
+    keyboard_->Command2 = 0x02;
+    keyboard_->Data1 = 32;
+    const QByteArray frame = QByteArray::fromStdString(protocol::BuildDFrame(1, 0, 0x02, 32, 0));
+    EXPECT_EQ(com1_.Read(7), frame) << "what goes on the wire is unchanged";
+    com1_.Write(QByteArray::fromStdString(protocol::BuildDReply(1, 0x59, 12345)));
+    ASSERT_TRUE(WaitUntil([&] { return Meanings(*traffic).size() >= 2; }));
+    EXPECT_EQ(Meanings(*traffic),
+              (QStringList{"COM 1 → camera 1: pan right 32", "camera 1 ← pan position 123.45°"}));
+    EXPECT_EQ(traffic->Filter().index(0, traffic::kHex).data().toString(), "FF 01 00 02 20 00 23 ");
+    EXPECT_EQ(traffic->findChild<QLabel*>("TrafficStatusLabel")->text(), "2 rows, 0 dropped");
+
+    // Only what was received, then copied as text.
+    traffic->findChild<QCheckBox*>("SentFilterCheckBox")->setChecked(false);
+    EXPECT_EQ(Meanings(*traffic), QStringList{"camera 1 ← pan position 123.45°"});
+    auto* table = traffic->findChild<QTableView*>("TrafficTableView");
+    table->selectAll();
+    QTest::keySequence(table, QKeySequence::Copy);
+    EXPECT_EQ(QApplication::clipboard()->text(), traffic::TextLine(traffic->Model().Row(1)) + "\n");
+
+    traffic->findChild<QPushButton*>("ClearButton")->click();
+    EXPECT_EQ(traffic->Model().rowCount(), 0);
+}
+
+TEST_F(TrafficWindow, TypedBytesAreSeenAndLoggedWhilePausedAndShownAfter) {
+    Start("ASCII");
+    FrmTraffic* traffic = Open();
+    ASSERT_NE(traffic, nullptr);
+    const QString path = dir_.filePath(QStringLiteral("traffic.log"));
+    traffic->StartLog(path);
+    traffic->findChild<QPushButton*>("PauseButton")->click();
+    const QByteArray typed("12Ma");
+    keyboard_->WriteToOpenPorts(WireBytes(typed), WireBytes(typed));
+    EXPECT_EQ(com1_.Read(4), typed);
+    QFile log(path);
+    ASSERT_TRUE(log.open(QIODevice::ReadOnly));
+    ASSERT_TRUE(WaitUntil([&] { return log.readAll().contains("switcher: monitor 12"); }));
+    EXPECT_EQ(traffic->Model().rowCount(), 0);
+    traffic->findChild<QPushButton*>("PauseButton")->click();
+    EXPECT_EQ(Meanings(*traffic), QStringList{"switcher: monitor 12"});
+    window_.reset();
+    EXPECT_EQ(keyboard_->Tap, nullptr) << "the keyboard outlives the window it was tapped by";
+}
+
+TEST(TrafficModel, TakesABatchInOneInsertionAndKeepsItsLimitWhilePaused) {
+    const auto batch = [](int count) {
+        std::vector<traffic::TrafficRow> rows(static_cast<std::size_t>(count));
+        for (int i = 0; i < count; ++i) {
+            rows[static_cast<std::size_t>(i)].meaning = QString::number(i);
+        }
+        return rows;
+    };
+    traffic_window::TrafficModel model(nullptr, 3);
+    QSignalSpy inserted(&model, &QAbstractItemModel::rowsInserted);
+    QSignalSpy removed(&model, &QAbstractItemModel::rowsRemoved);
+    model.Append(batch(2));
+    model.Append(batch(2));
+    EXPECT_EQ(inserted.size(), 2);
+    EXPECT_EQ(removed.size(), 1);
+    EXPECT_EQ(model.rowCount(), 3);
+    EXPECT_EQ(model.Dropped(), 1u);
+
+    model.SetPaused(true);
+    model.Append(batch(4));
+    model.Append(batch(1));
+    EXPECT_EQ(model.rowCount(), 3);
+    EXPECT_EQ(model.Dropped(), 3u) << "two of the waiting rows went for the limit";
+    model.SetPaused(false);
+    EXPECT_EQ(inserted.size(), 3) << "the waiting rows come in one batch";
+    EXPECT_EQ(model.Dropped(), 6u);
+    EXPECT_EQ(model.Row(0).meaning, "2");
+    EXPECT_EQ(model.Row(2).meaning, "0");
+}
+
+} // namespace
+} // namespace quellpad::test

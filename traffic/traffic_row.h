@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+#include <cstdint>
+
+namespace quellpad::traffic {
+
+enum class Way : std::uint8_t { Sent, Received };
+
+// One frame or text as the keyboard wrote it, or one reply as it arrived.
+struct TrafficRow {
+    // Wall-clock time in microseconds since the epoch, and the time since the row before.
+    std::int64_t atUs = 0;
+    std::int64_t sincePreviousUs = 0;
+    int port = 1;
+    Way way = Way::Sent;
+    QByteArray bytes;
+    // In the operator's words: "COM 1 → camera 1: pan right 32".
+    QString meaning;
+};
+
+// The columns of a row as the window, the saved files and the log show them.
+enum Column : int { kTime, kSince, kPort, kDirection, kHex, kText, kMeaning, kColumns };
+QString ColumnTitle(int column);
+QString Field(const TrafficRow& row, int column);
+
+// "13:05:09.123", local time.
+QString FormatTime(std::int64_t atUs);
+// Milliseconds to the microsecond: "0.608".
+QString FormatSince(std::int64_t us);
+// "FF 01 00 02 20 00 23 ": upper case, each byte followed by one blank.
+QString HexText(const QByteArray& bytes);
+// Printable characters as they are, every other byte as ".".
+QString PrintableText(const QByteArray& bytes);
+
+// One line of plain text: the fields separated by tabs, no line end.
+QString TextLine(const TrafficRow& row);
+QString TextHeader();
+// One CSV record, no line end; fields holding a comma, a quote or a line end are quoted.
+QString CsvLine(const TrafficRow& row);
+QString CsvHeader();
+
+} // namespace quellpad::traffic
