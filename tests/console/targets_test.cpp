@@ -221,35 +221,25 @@ struct BoxCase {
     const char* typed;
     const char* message; // empty: accepted
     const char* title;
-    std::function<int(const Quellpad_Support_Func&)> stored;
+    int (*stored)(const Quellpad_Support_Func&);
     int expected;
 };
 
+// The register a box stores into, read as an int whatever its width.
+template <auto Member> int Stored(const Quellpad_Support_Func& k) {
+    return k.*Member;
+}
+using K = Quellpad_Support_Func;
+
 TEST_F(TargetsTest, EveryBoxValidatesAndStoresItsFallback) {
-    const auto address = [](const Quellpad_Support_Func& k) {
-        return int{k.AddressCOM1};
-    };
-    const auto camera = [](const Quellpad_Support_Func& k) {
-        return int{k.CameraNumber};
-    };
-    const auto monitor = [](const Quellpad_Support_Func& k) {
-        return int{k.MonitorNumber};
-    };
-    const auto preset = [](const Quellpad_Support_Func& k) {
-        return int{k.PresetNumber};
-    };
-    const auto macro = [](const Quellpad_Support_Func& k) {
-        return int{k.MacroNumber};
-    };
-    const auto alarm = [](const Quellpad_Support_Func& k) {
-        return int{k.AlarmNumber};
-    };
-    const auto rangeEnd = [](const Quellpad_Support_Func& k) {
-        return int{k.AlarmRangeEnd};
-    };
-    const auto aux = [](const Quellpad_Support_Func& k) {
-        return int{k.AuxNumber};
-    };
+    const auto address = &Stored<&K::AddressCOM1>;
+    const auto camera = &Stored<&K::CameraNumber>;
+    const auto monitor = &Stored<&K::MonitorNumber>;
+    const auto preset = &Stored<&K::PresetNumber>;
+    const auto macro = &Stored<&K::MacroNumber>;
+    const auto alarm = &Stored<&K::AlarmNumber>;
+    const auto rangeEnd = &Stored<&K::AlarmRangeEnd>;
+    const auto aux = &Stored<&K::AuxNumber>;
     const char* address254 = "Must be a number between 1 and 254.";
     const BoxCase cases[] = {
         {"D", "AddressCOM1_TextBox", "254", "", "", address, 254},
