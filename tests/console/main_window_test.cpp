@@ -51,16 +51,8 @@ TEST_F(MainWindowTest, JoystickDragGoesOutAtTheNextTickAndReleaseStops) {
     EXPECT_EQ(Child("Joystick_Ball")->geometry().center(), square->geometry().center());
 }
 
-TEST_F(MainWindowTest, LeftAndUpInPAndTheAsciiStopOfALensButton) {
-    Start("P");
-    QTest::mousePress(Child("Joystick_Square"), Qt::LeftButton, {}, InSquare(-0.3, -0.3));
-    const QByteArray frame = com1_.Read(8);
-    ASSERT_EQ(frame.size(), 8);
-    EXPECT_EQ(frame.left(4), QByteArray::fromHex("a000000c"));
-    QTest::mouseRelease(Child("Joystick_Square"), Qt::LeftButton, {}, InSquare(-0.3, -0.3));
-    com1_.Read(8);
-
-    Choose("ASCII_Menu_Option");
+TEST_F(MainWindowTest, AnAsciiLensButtonSendsItsTextAndItsLoneStopAsStopAll) {
+    Start("ASCII");
     QTest::mousePress(Child("FocusNear"), Qt::LeftButton);
     EXPECT_EQ(com1_.Read(2), QByteArray("Na"));
     QTest::mouseRelease(Child("FocusNear"), Qt::LeftButton);
