@@ -1,4 +1,4 @@
-#include "fixtures.h"
+#include "window_fixture.h"
 
 #include "dialogs/advanced_commands.h"
 
@@ -9,31 +9,12 @@
 namespace quellpad::test {
 namespace {
 
-QByteArray Bytes(std::uint8_t c1, std::uint8_t c2, std::uint8_t d1, std::uint8_t d2) {
-    const char bytes[] = {char(c1), char(c2), char(d1), char(d2)};
-    return QByteArray(bytes, 4);
-}
-QByteArray Registers(const Quellpad_Support_Func& k) {
-    return Bytes(k.Command1, k.Command2, k.Data1, k.Data2);
-}
-
-class AdvancedCommandsTest : public KeyboardFixture {
+class AdvancedCommandsTest : public WindowFixture<FrmAdvancedCommands> {
 protected:
     void SetUp() override {
         KeyboardFixture::SetUp();
         window_ = std::make_unique<FrmAdvancedCommands>(*keyboard_);
     }
-    void TearDown() override {
-        window_.reset();
-        KeyboardFixture::TearDown();
-    }
-    template <class T = QPushButton> T* Child(const char* name) const {
-        T* child = window_->findChild<T*>(QLatin1String(name));
-        EXPECT_NE(child, nullptr) << name;
-        return child;
-    }
-
-    std::unique_ptr<FrmAdvancedCommands> window_;
 };
 
 TEST_F(AdvancedCommandsTest, EachFixedButtonLoadsItsCommandForTheNextTick) {

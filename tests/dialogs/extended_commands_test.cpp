@@ -1,4 +1,4 @@
-#include "fixtures.h"
+#include "window_fixture.h"
 
 #include "dialogs/extended_commands.h"
 
@@ -12,31 +12,15 @@
 namespace quellpad::test {
 namespace {
 
-QByteArray Bytes(std::uint8_t c1, std::uint8_t c2, std::uint8_t d1, std::uint8_t d2) {
-    const char bytes[] = {char(c1), char(c2), char(d1), char(d2)};
-    return QByteArray(bytes, 4);
-}
-QByteArray Registers(const Quellpad_Support_Func& k) {
-    return Bytes(k.Command1, k.Command2, k.Data1, k.Data2);
-}
 QByteArray Loaded(const LevelAdjusters::Step& step) {
     return Bytes(step.bytes.command1, step.bytes.command2, step.bytes.data1, step.bytes.data2);
 }
 
-class ExtendedCommandsTest : public KeyboardFixture {
+class ExtendedCommandsTest : public WindowFixture<FrmExtendedCommands> {
 protected:
     void SetUp() override {
         KeyboardFixture::SetUp();
         window_ = std::make_unique<FrmExtendedCommands>(*keyboard_, levels_);
-    }
-    void TearDown() override {
-        window_.reset();
-        KeyboardFixture::TearDown();
-    }
-    template <class T = QPushButton> T* Child(const char* name) const {
-        T* child = window_->findChild<T*>(QLatin1String(name));
-        EXPECT_NE(child, nullptr) << name;
-        return child;
     }
     void SetShutter(const char* option, const char* combo, const QString& speed) {
         Child<QRadioButton>(option)->click();
@@ -45,7 +29,6 @@ protected:
     }
 
     LevelAdjusters levels_;
-    std::unique_ptr<FrmExtendedCommands> window_;
 };
 
 TEST_F(ExtendedCommandsTest, EachFixedButtonLoadsItsCommandIncludingTheTwoIrregularRows) {

@@ -1,4 +1,4 @@
-#include "fixtures.h"
+#include "window_fixture.h"
 
 #include "dialogs/menu_control.h"
 
@@ -10,7 +10,7 @@
 namespace quellpad::test {
 namespace {
 
-class MenuControlTest : public KeyboardFixture {
+class MenuControlTest : public WindowFixture<frmMenuControl> {
 protected:
     void Open(const QString& mode) {
         keyboard_->CurrentMode = mode;
@@ -18,10 +18,6 @@ protected:
         window_ = std::make_unique<frmMenuControl>(*keyboard_);
         window_->show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(window_.get()));
-    }
-    void TearDown() override {
-        window_.reset();
-        KeyboardFixture::TearDown();
     }
     void Key(QEvent::Type type, Qt::Key key, bool autoRepeat = false) {
         QKeyEvent event(type, key, Qt::NoModifier, QString(), autoRepeat);
@@ -38,15 +34,13 @@ protected:
         EXPECT_NE(on->isVisible(), off->isVisible()) << stem << ": exactly one of the pair";
         return on->isVisible();
     }
-
-    std::unique_ptr<frmMenuControl> window_;
 };
 
 const QByteArray kStopD = QByteArray::fromHex("ff010000000001");
 
 TEST_F(MenuControlTest, AHeldArrowSendsOneCommandIgnoresItsRepeatsAndStopsOnceAtRelease) {
     Open(kModeD);
-    EXPECT_EQ(window_->findChild<QLabel*>(QStringLiteral("InstructionsLabel"))->text(),
+    EXPECT_EQ(Child<QLabel>("InstructionsLabel")->text(),
               QStringLiteral("Enter menu commands via the arrow keys,\r\nthe \"O\" key for iris "
                              "open, and the \"C\"\r\nkey for iris close.  Use the \"M\" key "
                              "to\r\nobtain access to the menus."));

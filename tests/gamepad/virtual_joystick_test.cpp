@@ -1,6 +1,5 @@
-#include "fixtures.h"
+#include "main_window_fixture.h"
 
-#include "console/frm_main.h"
 #include "gamepad/frm_joystick.h"
 #include "gamepad/gamepad.h"
 
@@ -18,22 +17,16 @@ namespace {
 
 // A virtual SDL joystick plugged into a running main window, driven from the test; the
 // frames are read on COM 1's pseudo-terminal.
-class VirtualJoystickTest : public KeyboardFixture {
+class VirtualJoystickTest : public MainWindowFixture {
 protected:
     void SetUp() override {
-        KeyboardFixture::SetUp();
+        MainWindowFixture::SetUp();
         Load("D");
     }
     void Load(const char* mode) {
         Unplug();
         gamepad_.reset();
-        window_.reset();
-        WriteSettings(QByteArray("2400\r\nn\r\nFalse\r\n1 2\r\n") + mode + "\r\n1\r\n");
-        MakeKeyboard();
-        window_ = std::make_unique<FrmMain>(*keyboard_);
-        window_->Form_Load();
-        window_->show();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(window_.get()));
+        Start(mode);
         gamepad_ = std::make_unique<Gamepad>(*window_, *keyboard_, dir_.filePath("Bindings.ini"));
         gamepad_->Start();
         ASSERT_TRUE(gamepad_->Source().Started()) << gamepad_->Source().ErrorText().toStdString();
@@ -41,8 +34,7 @@ protected:
     void TearDown() override {
         Unplug();
         gamepad_.reset();
-        window_.reset();
-        KeyboardFixture::TearDown();
+        MainWindowFixture::TearDown();
     }
     // A gamepad: axes 0 to 3 two sticks, 4 and 5 triggers resting fully out (-32768).
     void Plug() {
@@ -65,11 +57,8 @@ protected:
     void Button(int button, bool pressed) {
         SDL_JoystickSetVirtualButton(stick_, button, pressed ? SDL_PRESSED : SDL_RELEASED);
     }
-    QString Status() const {
-        return window_->findChild<QLabel*>(QStringLiteral("JoystickStatusLabel"))->text();
-    }
+    QString Status() const { return Child<QLabel>("JoystickStatusLabel")->text(); }
 
-    std::unique_ptr<FrmMain> window_;
     std::unique_ptr<Gamepad> gamepad_;
     int device_ = -1;
     SDL_Joystick* stick_ = nullptr;
@@ -85,8 +74,8 @@ TEST_F(VirtualJoystickTest, StickDrivesTheCameraAndUnplugStopsIt) {
     Axis(0, 32767);
     Axis(1, -32768);
     EXPECT_EQ(com1_.Read(7), QByteArray::fromHex("ff01000a403f8a")) << "right 64, up 63";
-    QWidget* ball = window_->findChild<QWidget*>(QStringLiteral("Joystick_Ball"));
-    QWidget* square = window_->findChild<QWidget*>(QStringLiteral("Joystick_Square"));
+    QWidget* ball = Child("Joystick_Ball");
+    QWidget* square = Child("Joystick_Square");
     EXPECT_GT(ball->geometry().center().x(), square->geometry().center().x());
     EXPECT_LT(ball->geometry().center().y(), square->geometry().center().y());
 
@@ -122,7 +111,7 @@ TEST_F(VirtualJoystickTest, TextModesSendTheOnScreenTextsAndStop) {
 
 TEST_F(VirtualJoystickTest, JoystickWindowSettingsTakeEffectAndAreKept) {
     Plug();
-    window_->findChild<QAction*>(QStringLiteral("JoystickOption"))->trigger();
+    Choose("JoystickOption");
     FrmJoystick* settings = gamepad_->JoystickWindow();
     ASSERT_NE(settings, nullptr);
     EXPECT_TRUE(settings->isVisible());
@@ -162,8 +151,8 @@ TEST_F(VirtualJoystickTest, ButtonsWorkLensAndPresetsHeldOrLocked) {
     EXPECT_EQ(com1_.Read(7), QByteArray::fromHex("ff01000700030b"));
     Button(8, false);
 
-    window_->findChild<QAction*>(QStringLiteral("ControlLock"))->trigger();
-    auto* zoomIn = window_->findChild<QPushButton*>(QStringLiteral("ZoomIn"));
+    Choose("ControlLock");
+    auto* zoomIn = Child<QPushButton>("ZoomIn");
     Button(4, true);
     EXPECT_EQ(com1_.Read(7), QByteArray::fromHex("ff010020000021"));
     Button(4, false);

@@ -78,55 +78,24 @@ TEST(SimulatedCamera, PresetAndZoneLabelsAreWrittenAtTheirColumns) {
 }
 
 TEST(SimulatedCamera, PFramesDriveTheSameCameraAndAreNeverAnswered) {
-    struct Case {
-        const char* name;
-        std::string frames;
-        std::function<bool(const site::SimCamera&)> holds;
+    // A fresh site that heard the frames and answered nothing.
+    const auto heard = [](const std::string& frames) {
+        auto site = std::make_unique<Site>();
+        EXPECT_EQ(site->Hear(AsBytes(frames)), "");
+        return site;
     };
-    const Case cases[] = {
-        {"aux 2 on", BuildPFrame(4, 0, 0x09, 0, 2),
-         [](const site::SimCamera& c) {
-             return c.Aux().test(1);
-         }},
-        {"aux 2 off again", BuildPFrame(4, 0, 0x09, 0, 2) + BuildPFrame(4, 0, 0x0B, 0, 2),
-         [](const site::SimCamera& c) {
-             return c.Aux().none();
-         }},
-        {"focus far (P bit 0)", BuildPFrame(4, 0x01, 0, 0, 0),
-         [](const site::SimCamera& c) {
-             return c.Moving().focus == 1;
-         }},
-        {"iris close (P bit 3)", BuildPFrame(4, 0x08, 0, 0, 0),
-         [](const site::SimCamera& c) {
-             return c.Moving().iris == -1;
-         }},
-        {"zoom speed", BuildPFrame(4, 0, 0x25, 0, 1),
-         [](const site::SimCamera& c) {
-             return c.Settings().zoomSpeed == 1;
-         }},
-        {"auto focus off", BuildPFrame(4, 0, 0x2B, 0, 1),
-         [](const site::SimCamera& c) {
-             return !c.Settings().autoFocus;
-         }},
-        {"backlight on", BuildPFrame(4, 0, 0x31, 0, 2),
-         [](const site::SimCamera& c) {
-             return c.Settings().backlight;
-         }},
-        {"red gain", BuildPFrame(4, 0, 0x3B, 0x04, 0x00),
-         [](const site::SimCamera& c) {
-             return c.Settings().redGain == 1024;
-         }},
-        {"set zero position", BuildPFrame(4, 0, 0x49, 0, 0),
-         [](const site::SimCamera& c) {
-             return c.Pan() == 0;
-         }},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        Site site;
-        EXPECT_EQ(site.Hear(AsBytes(c.frames)), "");
-        EXPECT_TRUE(c.holds(site.Camera(4)));
-    }
+    const std::string aux2On = BuildPFrame(4, 0, 0x09, 0, 2);
+    EXPECT_TRUE(heard(aux2On)->Camera(4).Aux().test(1));
+    EXPECT_TRUE(heard(aux2On + BuildPFrame(4, 0, 0x0B, 0, 2))->Camera(4).Aux().none());
+    EXPECT_EQ(heard(BuildPFrame(4, 0x01, 0, 0, 0))->Camera(4).Moving().focus, 1)
+        << "focus far, P bit 0";
+    EXPECT_EQ(heard(BuildPFrame(4, 0x08, 0, 0, 0))->Camera(4).Moving().iris, -1)
+        << "iris close, P bit 3";
+    EXPECT_EQ(heard(BuildPFrame(4, 0, 0x25, 0, 1))->Camera(4).Settings().zoomSpeed, 1);
+    EXPECT_FALSE(heard(BuildPFrame(4, 0, 0x2B, 0, 1))->Camera(4).Settings().autoFocus);
+    EXPECT_TRUE(heard(BuildPFrame(4, 0, 0x31, 0, 2))->Camera(4).Settings().backlight);
+    EXPECT_EQ(heard(BuildPFrame(4, 0, 0x3B, 0x04, 0x00))->Camera(4).Settings().redGain, 1024);
+    EXPECT_EQ(heard(BuildPFrame(4, 0, 0x49, 0, 0))->Camera(4).Pan(), 0.0) << "set zero position";
 }
 
 TEST(SimulatedCamera, SetPositionsAreReachedAndClampedToTheHeadsRange) {
