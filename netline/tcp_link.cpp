@@ -22,18 +22,19 @@ struct LoadedModule {
 };
 
 const LoadedModule& Module() {
+    // Loaded once for the whole run: links made from it may live as long. The library
+    // object going at exit leaves the module loaded.
+    static QLibrary library;
     static const LoadedModule module = [] {
         LoadedModule loaded;
         QStringList tried;
         for (const QString& candidate : ModuleCandidates()) {
-            // Kept loaded for the rest of the run: links made from it may live as long.
-            auto* library = new QLibrary(candidate);
-            loaded.factory = reinterpret_cast<TcpLinkFactory>(library->resolve(kTcpLinkFactory));
+            library.setFileName(candidate);
+            loaded.factory = reinterpret_cast<TcpLinkFactory>(library.resolve(kTcpLinkFactory));
             if (loaded.factory != nullptr) {
                 return loaded;
             }
-            tried << library->errorString();
-            delete library;
+            tried << library.errorString();
         }
         loaded.reason = QStringLiteral("the network module could not be loaded (%1)")
                             .arg(tried.join(QStringLiteral("; ")));
