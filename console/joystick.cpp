@@ -38,12 +38,11 @@ const std::array<Direction, 4> kDirections{{
 
 } // namespace
 
-int JoystickSpeed(double distance, double halfSize, double deadSize, double scale, int limit) {
+int JoystickSpeed(double distance, double halfSize, double deadSize, double scale) {
     if (distance <= deadSize) {
         return 0;
     }
-    const double speed = IntPart(scale / (halfSize - deadSize) * (distance - deadSize)) + 7;
-    return speed > limit ? limit : static_cast<int>(speed);
+    return static_cast<int>(IntPart(scale / (halfSize - deadSize) * (distance - deadSize))) + 7;
 }
 
 QPointF JoystickRestPoint(const JoystickGeometry& g) {
@@ -102,10 +101,10 @@ bool UpdateJoystick(Quellpad_Support_Func& k, JoystickState& state, int button, 
             }
             continue;
         }
-        // Within the square the speed never passes its limit; clamping before the byte
-        // conversion keeps a window laid out off-centre from overflowing all the same.
-        const int speed = JoystickSpeed(distance, halfSize, dead, d.scale, d.limit);
-        (pan ? k.Data1 : k.Data2) = ToByte(speed);
+        // The register holds at most the limit; the ASCII text carries the speed as
+        // computed, so near the edge the switcher is told up to 67 (pan) or 66 (tilt).
+        const int speed = JoystickSpeed(distance, halfSize, dead, d.scale);
+        (pan ? k.Data1 : k.Data2) = ToByte(std::min(speed, d.limit));
         if (k.Command2 & 0x01) {
             k.Command2 = 0;
         }

@@ -28,8 +28,9 @@ inline constexpr int kRightButton = 2;
 
 // Pan and tilt speed rule: the speed for a pointer `distance` from the rest point on an
 // axis with the given half-size and dead size. 0 while inside the dead zone, otherwise
-// 7 rising linearly to the limit (64 for pan with scale 60, 63 for tilt with scale 59).
-int JoystickSpeed(double distance, double halfSize, double deadSize, double scale, int limit);
+// 7 rising linearly with the scale (60 for pan, 59 for tilt): up to 67 and 66 at the
+// square's edge. The registers take at most the axis's limit; the ASCII text does not.
+int JoystickSpeed(double distance, double halfSize, double deadSize, double scale);
 
 // The knob's rest point: half the window's outer size, not rounded.
 QPointF JoystickRestPoint(const JoystickGeometry& geometry);

@@ -20,20 +20,21 @@ protected:
     JoystickState state_;
 };
 
-TEST(JoystickSpeedRule, DeadZoneMinimumAndLimits) {
-    const std::tuple<double, double, double, int> cases[] = {
-        // distance, scale, limit, speed (half-size 1500, dead size 150)
-        {150, 60, 64, 0},
-        {151, 60, 64, 7},
-        {150 + 1350.0 * 57 / 60, 60, 64, 64},
-        {1499, 60, 64, 64},
-        {1499, 59, 63, 63},
-        {150 + 675, 60, 64, 37},
-        {150 + 1350.0 * 56 / 59, 59, 63, 63},
-        {150 + 1350.0 * 55.5 / 59, 59, 63, 62}};
-    for (const auto& [distance, scale, limit, speed] : cases) {
-        EXPECT_EQ(JoystickSpeed(distance, 1500, 150, scale, static_cast<int>(limit)), speed)
-            << distance;
+TEST(JoystickSpeedRule, DeadZoneMinimumAndEdge) {
+    const std::tuple<double, double, int> cases[] = {
+        // distance, scale, speed (half-size 1500, dead size 150)
+        {150, 60, 0},
+        {151, 60, 7},
+        {150 + 1350.0 * 57 / 60, 60, 64},
+        {1499, 60, 66},
+        {1500, 60, 67},
+        {1499, 59, 65},
+        {1500, 59, 66},
+        {150 + 675, 60, 37},
+        {150 + 1350.0 * 56 / 59, 59, 63},
+        {150 + 1350.0 * 55.5 / 59, 59, 62}};
+    for (const auto& [distance, scale, speed] : cases) {
+        EXPECT_EQ(JoystickSpeed(distance, 1500, 150, scale), speed) << distance;
     }
 }
 
@@ -52,8 +53,9 @@ TEST_F(JoystickTest, DirectionsSpeedsAndTextsPerMode) {
         {"ASCII", 4500 + 825, 4500 + 600, "", 0, 37, 26, "37Ra26Da"},
         {"ASCII", 4500, 4500 + 600, "37Ra26Da", 0, 0, 26, "~Ra26Da"},
         {"ASCII", 4500 + 10, 4500 - 10, "37Ra", 0, 0, 0, "sa"},
-        {"ASCII", 4500 + 1499, 4500 + 1499, "", 0, 64, 63, "64Ra63Da"}, // the limits, as sent
-        {"ASCII", 4500 - 1499, 4500 - 1499, "", 0, 64, 63, "64La63Ua"},
+        // Near the edge the registers hold the limits, the text the computed speeds.
+        {"ASCII", 4500 + 1499, 4500 + 1499, "", 0, 64, 63, "66Ra65Da"},
+        {"ASCII", 4500 - 1499, 4500 - 1499, "", 0, 64, 63, "66La65Ua"},
         {"MUX ASCII", 4500 + 825, 4500 - 825, "", 0, 37, 36, "dRmdUm"},
         {"MUX ASCII", 4500, 4500 - 825, "dLmdUm", 0, 0, 36, "~dLmdUm"},
     };
