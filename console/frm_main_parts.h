@@ -2,6 +2,8 @@
 
 // What the parts of the main window's implementation share; not for use elsewhere.
 
+#include "ui/controls.h"
+
 #include <QListWidget>
 #include <QSizeF>
 #include <QString>
@@ -28,9 +30,9 @@ inline void FillList(QListWidget* list, const QStringList& items, int selected) 
 // A one-line list is read through the item it shows on top, which becomes its current
 // item; the index counts from the list's first item.
 inline int SelectTopItem(QListWidget* list) {
-    const QModelIndex top = list->indexAt(QPoint(1, 1));
-    if (top.isValid()) {
-        list->setCurrentRow(top.row());
+    const int top = ui::TopIndex(list);
+    if (top >= 0) {
+        list->setCurrentRow(top);
     }
     return list->currentRow();
 }

@@ -170,16 +170,15 @@ OneLineList::OneLineList(QWidget* parent) : QListWidget(parent) {
     setSelectionMode(QAbstractItemView::SingleSelection);
     setUniformItemSizes(true);
     setItemDelegate(new OneLineDelegate(this));
-    connect(this, &QListWidget::currentRowChanged, this, [this](int row) {
-        if (row >= 0) {
-            scrollTo(model()->index(row, 0), QAbstractItemView::PositionAtTop);
-        }
-    });
-    // Scrolled by its arrows or the wheel, the list makes the item on top its current one.
-    connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
-        const int top = TopIndex(this);
-        if (top >= 0 && top != currentRow()) {
-            setCurrentRow(top);
+    connect(this, &QListWidget::currentRowChanged, this, [this] { ShowCurrentOnTop(); });
+    // Only the operator's own scrolling picks an item. A relayout moves the scroll bar too
+    // (while the items still have their old height, a taller box holds several and the
+    // bar's range shrinks under the last one), and that must never change the choice.
+    connect(verticalScrollBar(), &QScrollBar::actionTriggered, this, [this] {
+        // Scrolled per item, the slider's position is the row to stand on top.
+        const int row = verticalScrollBar()->sliderPosition();
+        if (row >= 0 && row < count() && row != currentRow()) {
+            setCurrentRow(row);
         }
     });
 }
@@ -187,8 +186,18 @@ OneLineList::OneLineList(QWidget* parent) : QListWidget(parent) {
 void OneLineList::resizeEvent(QResizeEvent* event) {
     QListWidget::resizeEvent(event);
     doItemsLayout(); // the items take the box's new height
-    if (currentRow() >= 0) {
-        scrollTo(currentIndex(), QAbstractItemView::PositionAtTop);
+    ShowCurrentOnTop();
+}
+
+void OneLineList::updateGeometries() {
+    QListWidget::updateGeometries();
+    ShowCurrentOnTop();
+}
+
+void OneLineList::ShowCurrentOnTop() {
+    const int row = currentRow();
+    if (row >= 0 && verticalScrollBar()->value() != row) {
+        scrollTo(model()->index(row, 0), QAbstractItemView::PositionAtTop);
     }
 }
 

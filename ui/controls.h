@@ -51,13 +51,19 @@ void TakeButtonsOutOfTabOrder(QWidget* window);
 
 // A list one item high, as the keyboard's lens speed, pattern and zone lists are: its
 // items are exactly as high as the box at every size, and the item on top is always the
-// current one, whether the operator scrolls or moves with the arrow keys.
+// current one. The current item is the operator's choice: their scrolling (arrows, wheel,
+// dragging the slider) or keys change it, and it stays on top through every resize,
+// show, hide and relayout, which only ever move the view to it.
 class OneLineList : public QListWidget {
 public:
     explicit OneLineList(QWidget* parent = nullptr);
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    void updateGeometries() override;
+
+private:
+    void ShowCurrentOnTop();
 };
 
 // The index of the item at the top of a list's box, -1 when it is empty: what the
