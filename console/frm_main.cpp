@@ -458,8 +458,8 @@ void FrmMain::SetLabelOption_Click() {
 }
 
 void FrmMain::AboutOption_Click() {
-    setEnabled(false);
-    const auto enable = qScopeGuard([this] { setEnabled(true); });
+    // Shown modal, the window alone takes input. Disabling the main window around it would
+    // enable on return every menu the mode had disabled.
     frmAbout window(this);
     RunModalWindow(window, false);
 }

@@ -27,8 +27,11 @@ void Show(QWidget* control, bool shown) {
 void Show(QAction* item, bool shown) {
     item->setVisible(shown);
 }
+// The menu itself is disabled, not only its item in the menu bar: the bar's item follows
+// the menu, and a menu disabled in its own right stays so when its window is disabled
+// and enabled again around some other window.
 void Enable(QMenu* menu, bool enabled) {
-    menu->menuAction()->setEnabled(enabled);
+    menu->setEnabled(enabled);
 }
 } // namespace
 
