@@ -1,24 +1,12 @@
 #include "key_preview.h"
 
-#include <QAbstractSpinBox>
+#include "ui/key_filter.h"
+
 #include <QApplication>
 #include <QKeyEvent>
-#include <QLineEdit>
-#include <QPlainTextEdit>
-#include <QTextEdit>
+#include <QWidget>
 
 namespace quellpad {
-
-namespace {
-
-bool TypesText(const QObject* control) {
-    return qobject_cast<const QLineEdit*>(control) ||
-           qobject_cast<const QPlainTextEdit*>(control) ||
-           qobject_cast<const QTextEdit*>(control) ||
-           qobject_cast<const QAbstractSpinBox*>(control);
-}
-
-} // namespace
 
 KeyPreview::KeyPreview(QWidget* window, std::function<bool(QChar)> handler)
     : QObject(window), window_(window), handler_(std::move(handler)) {
@@ -43,12 +31,19 @@ bool KeyPreview::eventFilter(QObject* watched, QEvent* event) {
         (key->modifiers() & ~Qt::ShiftModifier & ~Qt::KeypadModifier)) {
         return false;
     }
-    // A key that a text box passed on (a read-only box) reaches its parents as well.
+    // The key is weighed once, where it is first delivered: a key the control passes on
+    // to its parents has been offered to the window already.
     const QWidget* focus = QApplication::focusWidget();
-    if (TypesText(target) || (TypesText(focus) && target->isAncestorOf(focus))) {
+    if (focus != nullptr && target != focus && target->isAncestorOf(focus)) {
         return false;
     }
-    return handler_(key->text()[0]);
+    // A box that would take the character keeps it; wherever it would be refused (a number
+    // box, a read-only box, a list, a button, the joystick) the window has it.
+    const QChar character = key->text()[0];
+    if (ui::AcceptsCharacter(target, character)) {
+        return false;
+    }
+    return handler_(character);
 }
 
 } // namespace quellpad

@@ -9,8 +9,8 @@ class QWidget;
 namespace quellpad {
 
 // Shows a window the characters typed on it before its controls see them, whichever
-// control has the focus, except a text box, where they are typed. `handler` returns true
-// when it has taken the character.
+// control has the focus, except a text box that would take the character, where it is
+// typed. `handler` returns true when it has taken the character.
 class KeyPreview : public QObject {
 public:
     KeyPreview(QWidget* window, std::function<bool(QChar)> handler);

@@ -1,8 +1,11 @@
 #include "key_filter.h"
 
+#include <QAbstractSpinBox>
 #include <QEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTextEdit>
 #include <QValidator>
 
 namespace quellpad::ui {
@@ -78,6 +81,33 @@ private:
 void FilterCharacters(QLineEdit* box, CharacterRule rule, TypedKeyHook hook) {
     box->setValidator(new RuleValidator(rule, box));
     box->installEventFilter(new KeyFilter(box, std::move(rule), std::move(hook)));
+}
+
+bool AcceptsCharacter(const QWidget* control, QChar character) {
+    if (const auto* box = qobject_cast<const QLineEdit*>(control)) {
+        if (box->isReadOnly()) {
+            return false;
+        }
+        const QValidator* validator = box->validator();
+        if (validator == nullptr) {
+            return true;
+        }
+        QString text = box->text();
+        int at = box->cursorPosition();
+        if (box->hasSelectedText()) {
+            at = box->selectionStart();
+            text.remove(at, box->selectedText().size());
+        }
+        text.insert(at, character);
+        return validator->validate(text, at) != QValidator::Invalid;
+    }
+    if (const auto* edit = qobject_cast<const QPlainTextEdit*>(control)) {
+        return !edit->isReadOnly();
+    }
+    if (const auto* edit = qobject_cast<const QTextEdit*>(control)) {
+        return !edit->isReadOnly();
+    }
+    return qobject_cast<const QAbstractSpinBox*>(control) != nullptr;
 }
 
 bool DigitsOnly(QChar character, const QString&) {

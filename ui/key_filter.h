@@ -5,6 +5,7 @@
 #include <functional>
 
 class QLineEdit;
+class QWidget;
 
 namespace quellpad::ui {
 
@@ -21,6 +22,10 @@ using TypedKeyHook = std::function<bool(QChar character)>;
 // dropped text is accepted only when each of its characters passes `rule` in turn, so no
 // text reaches the box that the keys could not have typed.
 void FilterCharacters(QLineEdit* box, CharacterRule rule, TypedKeyHook hook = {});
+
+// Whether typing `character` into `control`, as it stands, would enter it: false for
+// anything that is not a text box, a read-only box, or a box whose filter refuses it.
+bool AcceptsCharacter(const QWidget* control, QChar character);
 
 // Rules shared by the number boxes.
 bool DigitsOnly(QChar character, const QString& before);

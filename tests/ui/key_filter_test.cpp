@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QTest>
 
 namespace quellpad::ui {
@@ -75,6 +76,39 @@ TEST(KeyFilter, PastedTextIsTakenOnlyWhenTheKeysCouldHaveTypedIt) {
         box.paste();
         EXPECT_EQ(box.text(), QLatin1String(c.expected)) << c.clipboard;
     }
+}
+
+TEST(KeyFilter, WhetherABoxWouldTakeACharacterAsItStands) {
+    struct Case {
+        const char* what;
+        CharacterRule rule; // none: an unfiltered box
+        bool readOnly;
+        const char* text;
+        int selectFrom, selectLength; // a selection the character replaces
+        QChar character;
+        bool accepted;
+    };
+    const Case cases[] = {
+        {"a digit in a number box", &DigitsOnly, false, "12", 0, 0, u'3', true},
+        {"a letter in a number box", &DigitsOnly, false, "12", 0, 0, u'M', false},
+        {"a second point", &DecimalNumber, false, "1.5", 0, 0, u'.', false},
+        {"a point over the selected point", &DecimalNumber, false, "1.5", 1, 1, u'.', true},
+        {"a letter in a free box", {}, false, "Gate", 0, 0, u'M', true},
+        {"a letter in a read-only box", {}, true, "Gate", 0, 0, u'M', false},
+    };
+    for (const Case& c : cases) {
+        QLineEdit box(QLatin1String(c.text));
+        if (c.rule) {
+            FilterCharacters(&box, c.rule);
+        }
+        box.setReadOnly(c.readOnly);
+        if (c.selectLength > 0) {
+            box.setSelection(c.selectFrom, c.selectLength);
+        }
+        EXPECT_EQ(AcceptsCharacter(&box, c.character), c.accepted) << c.what;
+    }
+    QPushButton button(QStringLiteral("Zoom In"));
+    EXPECT_FALSE(AcceptsCharacter(&button, u'M')) << "a button takes no text";
 }
 
 TEST(KeyFilter, TheHookActsOnTypedKeysOnly) {
