@@ -94,7 +94,9 @@ TEST_F(VirtualJoystickTest, TextModesSendTheOnScreenTextsAndStop) {
         const char* mode;
         QByteArray moving;
         QByteArray stopped;
-    } cases[] = {{"ASCII", "64La", "sa"}, {"MUX ASCII", "dLm", "~dLm"}};
+    } cases[] = {// full deflection, 97% of the way to the edge: the computed speed, past the limit
+                 {"ASCII", "65La", "sa"},
+                 {"MUX ASCII", "dLm", "~dLm"}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.mode);
         Load(c.mode);
