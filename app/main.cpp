@@ -7,11 +7,7 @@
 #include "site/simulated_line.h"
 
 #include <QApplication>
-#include <QDir>
-#include <QFileInfo>
-#include <QLabel>
 #include <QScreen>
-#include <QStatusBar>
 
 namespace {
 
@@ -40,14 +36,6 @@ int main(int argc, char* argv[]) {
     quellpad::Quellpad_Support_Func keyboard(&MakeLine);
     quellpad::FrmMain window(keyboard);
     window.Form_Load();
-
-    // An installed program keeps its settings in the user's folder, not beside it: say where.
-    const QString settingsDir =
-        QDir::toNativeSeparators(QFileInfo(keyboard.SettingsPath).absolutePath());
-    auto* settingsPlace = new QLabel(QStringLiteral("Settings: ") + settingsDir);
-    settingsPlace->setObjectName(QStringLiteral("SettingsPlaceLabel"));
-    settingsPlace->setToolTip(keyboard.SettingsPath);
-    window.statusBar()->addPermanentWidget(settingsPlace);
 
     if (const QScreen* screen = window.screen()) {
         window.move(screen->availableGeometry().center() - window.rect().center());

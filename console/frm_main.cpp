@@ -22,6 +22,8 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDir>
+#include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -211,6 +213,10 @@ void FrmMain::LoadKeyboard() {
     HernisProtocolOption->setVisible(false);
     T_Protocol_Option->setVisible(false);
     UpdatePortBindings();
+    settingsPlace_->Show(
+        QStringLiteral("Settings: ") +
+            QDir::toNativeSeparators(QFileInfo(keyboard_.SettingsPath).absolutePath()),
+        keyboard_.SettingsPath);
     // A window not yet shown has no final size: its first showing lays it out.
     if (isVisible()) {
         LayOut();
@@ -249,7 +255,7 @@ void FrmMain::UpdatePortBindings() {
                      .arg(port.Device(),
                           port.IsOpen() ? QStringLiteral("open") : QStringLiteral("closed"));
     }
-    portBindings_->setText(parts.join(QStringLiteral("    ")));
+    portBindings_->Show(parts.join(QStringLiteral("    ")));
     Com1Option->setToolTip(keyboard_.MSComm1().Device());
     Com2Option->setToolTip(keyboard_.MSComm2().Device());
 }

@@ -27,7 +27,8 @@ class QTimer;
 
 namespace quellpad::ui {
 class LogView;
-}
+class StatusText;
+} // namespace quellpad::ui
 
 namespace quellpad {
 
@@ -163,7 +164,8 @@ private:
     QWidget* canvas_ = nullptr;
     JoystickSquare* square_ = nullptr;
     JoystickBall* ball_ = nullptr;
-    QLabel* portBindings_ = nullptr;
+    ui::StatusText* portBindings_ = nullptr;
+    ui::StatusText* settingsPlace_ = nullptr;
 
     // Timers.
     QTimer* CommandChangeTimer = nullptr;

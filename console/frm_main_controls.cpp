@@ -349,9 +349,11 @@ void FrmMain::BuildControls() {
     square_->installEventFilter(this);
     canvas_->installEventFilter(this);
 
-    portBindings_ = new QLabel(this);
-    portBindings_->setObjectName(QStringLiteral("PortBindingsLabel"));
-    statusBar()->addWidget(portBindings_);
+    portBindings_ = new ui::StatusText(this, "PortBindingsLabel");
+    statusBar()->addWidget(portBindings_, 1);
+    // An installed program keeps its settings in the user's folder, not beside it: say where.
+    settingsPlace_ = new ui::StatusText(this, "SettingsPlaceLabel");
+    statusBar()->addPermanentWidget(settingsPlace_);
     statusBar()->setSizeGripEnabled(true);
     // The window's own keys (the menu-access key) must reach it whatever was clicked.
     ui::TakeButtonsOutOfTabOrder(this);

@@ -68,13 +68,11 @@ void Gamepad::Start() {
         return;
     }
     if (!status_) {
-        status_ = new QLabel(&window_);
-        status_->setObjectName(QStringLiteral("JoystickStatusLabel"));
+        status_ = new ui::StatusText(&window_, "JoystickStatusLabel");
         window_.statusBar()->addWidget(status_);
     }
     if (!source_.Start()) {
-        status_->setText(QStringLiteral("Joystick: unavailable"));
-        status_->setToolTip(source_.ErrorText());
+        status_->Show(QStringLiteral("Joystick: unavailable"), source_.ErrorText());
         return;
     }
     ShowController(source_.ControllerName());
@@ -82,8 +80,8 @@ void Gamepad::Start() {
 
 void Gamepad::ShowController(const QString& name) {
     if (status_) {
-        status_->setText(QStringLiteral("Joystick: ") +
-                         (name.isEmpty() ? QStringLiteral("none") : name));
+        status_->Show(QStringLiteral("Joystick: ") +
+                      (name.isEmpty() ? QStringLiteral("none") : name));
     }
     if (joystickWindow_) {
         joystickWindow_->ShowController(name);

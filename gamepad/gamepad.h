@@ -9,6 +9,10 @@
 class QAction;
 class QLabel;
 
+namespace quellpad::ui {
+class StatusText;
+}
+
 namespace quellpad {
 
 class FrmJoystick;
@@ -44,7 +48,7 @@ private:
     SdlJoystick source_;
     GamepadController controller_;
     QAction* JoystickOption = nullptr;
-    QLabel* status_ = nullptr;
+    ui::StatusText* status_ = nullptr;
     QPointer<FrmJoystick> joystickWindow_;
 };
 

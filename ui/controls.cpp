@@ -8,9 +8,11 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
+#include <QStyle>
 #include <QStyledItemDelegate>
 #include <QTextCursor>
 #include <QTimer>
@@ -199,6 +201,30 @@ void OneLineList::ShowCurrentOnTop() {
     if (row >= 0 && verticalScrollBar()->value() != row) {
         scrollTo(model()->index(row, 0), QAbstractItemView::PositionAtTop);
     }
+}
+
+StatusText::StatusText(QWidget* parent, const char* name) : QLabel(parent) {
+    setObjectName(QLatin1String(name));
+}
+
+void StatusText::Show(const QString& text, const QString& detail) {
+    setText(text);
+    setToolTip(detail.isEmpty() ? text : text + u'\n' + detail);
+}
+
+QSize StatusText::minimumSizeHint() const {
+    // Room for a few characters and the ellipsis; the bar gives it what the window has.
+    QSize hint = QLabel::minimumSizeHint();
+    hint.setWidth(fontMetrics().horizontalAdvance(QStringLiteral("COM 1\u2026")));
+    return hint;
+}
+
+void StatusText::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    const QRect area = contentsRect();
+    const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, area.width());
+    style()->drawItemText(&painter, area, static_cast<int>(alignment()), palette(), isEnabled(),
+                          shown, foregroundRole());
 }
 
 int TopIndex(const QListWidget* list) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QLabel>
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QString>
@@ -7,7 +8,6 @@
 class QAction;
 class QCheckBox;
 class QGroupBox;
-class QLabel;
 class QLineEdit;
 class QMenu;
 class QPushButton;
@@ -64,6 +64,21 @@ protected:
 
 private:
     void ShowCurrentOnTop();
+};
+
+// A text of a status bar. The bar is as wide as the window, which may be narrower than
+// what it says: the text then ends in an ellipsis, and its tool tip (and what a screen
+// reader hears) is always the whole text.
+class StatusText : public QLabel {
+public:
+    StatusText(QWidget* parent, const char* name);
+
+    // The text, and in the tool tip below it `detail` where there is one.
+    void Show(const QString& text, const QString& detail = {});
+    QSize minimumSizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
 };
 
 // The index of the item at the top of a list's box, -1 when it is empty: what the
