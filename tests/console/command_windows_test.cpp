@@ -85,26 +85,12 @@ TEST_F(CommandWindowsTest, TheMKeyCallsTheMenuAndOpensMenuControlWithTheTimersPa
     EXPECT_TRUE(Running("RetransmitTimer"));
     Child<QAction>("RetransmitTimerOption")->trigger();
 
-    auto* box = Child<QLineEdit>("AlarmNumberTextBox");
-    box->setFocus();
-    EXPECT_FALSE(WhileOpen([&] { QTest::keyClick(box, Qt::Key_M); }, [](QDialog&) {}))
-        << "in a text box M is the box's own key";
     com1_.Drain(250);
     EXPECT_TRUE(WhileOpen([&] { Child<QAction>("MenuControlOption")->trigger(); },
                           [&](QDialog&) {
                               EXPECT_EQ(com1_.Drain(150), QByteArray())
                                   << "the menu item opens the window without calling the menu";
                           }));
-}
-
-TEST_F(CommandWindowsTest, MDoesNothingInMuxAscii) {
-    Start("MUX ASCII");
-    com1_.Drain(250);
-    if (QWidget* focus = QApplication::focusWidget()) {
-        focus->clearFocus(); // no text box to take the key
-    }
-    EXPECT_FALSE(WhileOpen([&] { QTest::keyClick(window_.get(), Qt::Key_M); }, [](QDialog&) {}));
-    EXPECT_EQ(com1_.Drain(250), QByteArray());
 }
 
 TEST_F(CommandWindowsTest, AdvancedAndExtendedWindowsLoadWhileTheDispatcherRunsAndClearOnClose) {
@@ -127,18 +113,6 @@ TEST_F(CommandWindowsTest, AdvancedAndExtendedWindowsLoadWhileTheDispatcherRunsA
         EXPECT_EQ(com1_.Drain(250), QByteArray())
             << "cleared with their last-sent copies, the registers send nothing more";
     }
-}
-
-TEST_F(CommandWindowsTest, AboutKeepsTheMainWindowOutOfUseWhileOpen) {
-    Start("D");
-    ASSERT_TRUE(WhileOpen([&] { Child<QAction>("AboutOption")->trigger(); },
-                          [&](QDialog& about) {
-                              EXPECT_EQ(about.objectName(), u"frmAbout");
-                              EXPECT_FALSE(window_->isEnabled());
-                              EXPECT_TRUE(about.isEnabled()) << "its own buttons still work";
-                              EXPECT_TRUE(Running("CommandChangeTimer"));
-                          }));
-    EXPECT_TRUE(window_->isEnabled());
 }
 
 } // namespace

@@ -11,6 +11,11 @@ QList<ui::Message>& ShownMessages() {
     return messages;
 }
 
+ui::MessagePresenter& RealMessagePresenter() {
+    static ui::MessagePresenter presenter;
+    return presenter;
+}
+
 bool WaitUntil(const std::function<bool()>& condition, int timeoutMs) {
     QElapsedTimer clock;
     clock.start();

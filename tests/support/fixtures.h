@@ -28,6 +28,9 @@ namespace quellpad::test {
 
 // Messages the program showed the operator during a test, in order.
 QList<ui::Message>& ShownMessages();
+// How the program shows its messages outside the tests: modal boxes, for a test of what
+// a real box does to the windows around it.
+ui::MessagePresenter& RealMessagePresenter();
 
 // Runs the event loop until the condition holds, for at most timeoutMs; whether it held.
 bool WaitUntil(const std::function<bool()>& condition, int timeoutMs = 3000);

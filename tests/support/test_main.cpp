@@ -4,14 +4,18 @@
 
 #include <gtest/gtest.h>
 
-// Widget tests run on the offscreen platform; messages to the operator are recorded
-// rather than waiting for a click.
+// Widget tests run on the offscreen platform unless told otherwise (the window manager
+// tests run on a virtual X display); messages to the operator are recorded rather than
+// waiting for a click.
 int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
     QApplication app(argc, argv);
-    quellpad::ui::SetMessagePresenter([](QWidget*, const quellpad::ui::Message& message) {
-        quellpad::test::ShownMessages().append(message);
-    });
+    quellpad::test::RealMessagePresenter() =
+        quellpad::ui::SetMessagePresenter([](QWidget*, const quellpad::ui::Message& message) {
+            quellpad::test::ShownMessages().append(message);
+        });
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }

@@ -1,0 +1,228 @@
+#include "main_window_fixture.h"
+
+#include "ui/controls.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenuBar>
+#include <QScopeGuard>
+#include <QScreen>
+#include <QStatusBar>
+#include <QTest>
+#include <QTimer>
+#include <QWheelEvent>
+
+#include <vector>
+
+namespace quellpad::test {
+namespace {
+
+// The main window as an operator meets it: sizes, keys to whatever has the focus, clicks,
+// and the modal windows opened over it.
+class OperatorInputTest : public MainWindowFixture {
+protected:
+    // Runs `inside` on the modal window once it is up, then closes it; false when none came.
+    static bool WhileOpen(const std::function<void()>& open,
+                          const std::function<void(QDialog&)>& inside = {}) {
+        bool opened = false;
+        QTimer poll;
+        poll.setInterval(10);
+        QObject::connect(&poll, &QTimer::timeout, [&] {
+            if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+                poll.stop();
+                opened = true;
+                if (inside) {
+                    inside(*dialog);
+                }
+                dialog->reject();
+            }
+        });
+        poll.start();
+        open();
+        return opened;
+    }
+    // The smallest size, 30 between it and the whole screen, the whole screen, and back;
+    // then sizes below the smallest, which the window must refuse.
+    std::vector<QSize> SmallestToLargestAndBack() const {
+        const QSize small = window_->minimumSize();
+        const QSize large = window_->screen()->availableGeometry().size();
+        std::vector<QSize> sizes;
+        for (int step = 0; step <= 31; ++step) {
+            sizes.push_back(small + (large - small) * step / 31);
+        }
+        sizes.insert(sizes.end(), sizes.rbegin(), sizes.rend());
+        sizes.insert(sizes.end(), {large, QSize(1, 1), large, small / 2, small});
+        return sizes;
+    }
+    void Wheel(QListWidget* list, int notches) {
+        const QPoint at = list->viewport()->rect().center();
+        QWheelEvent wheel(at, list->viewport()->mapToGlobal(at), {}, QPoint(0, 120 * notches),
+                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(list->viewport(), &wheel);
+    }
+};
+
+TEST_F(OperatorInputTest, OneLineListsKeepTheOperatorsChoiceThroughEveryResize) {
+    Start("D");
+    auto* pattern = Child<QListWidget>("PatternNumberListBox");
+    auto* speed = Child<QListWidget>("LensSpeedList");
+    const auto sweep = [&](int patternRow, int speedRow, const char* when) {
+        for (const QSize size : SmallestToLargestAndBack()) {
+            window_->resize(size);
+            QApplication::processEvents();
+            const QSize shown = window_->size();
+            ASSERT_TRUE(shown.width() >= window_->minimumWidth() &&
+                        shown.height() >= window_->minimumHeight())
+                << "the window refuses to be smaller than the keyboard";
+            for (const auto& [list, row] : {std::pair{pattern, patternRow}, {speed, speedRow}}) {
+                EXPECT_EQ(ui::TopIndex(list), row)
+                    << when << ", " << list->objectName().toStdString() << " at " << shown.width()
+                    << "x" << shown.height();
+                EXPECT_EQ(list->currentRow(), row) << when;
+            }
+        }
+    };
+    sweep(10, 3, "at start (pattern 0, lens speed 1)");
+
+    // The operator picks pattern 1 with the arrow key and lens speed 2 with the wheel.
+    QTest::mouseClick(pattern->viewport(), Qt::LeftButton, {},
+                      pattern->viewport()->rect().center());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Up);
+    Wheel(speed, 1);
+    ASSERT_EQ(pattern->currentItem()->text(), u"1");
+    ASSERT_EQ(speed->currentItem()->text(), u"2");
+    sweep(9, 2, "after the operator's choice");
+
+    com1_.Drain(250);
+    QTest::mouseClick(Child("StartPatternButton"), Qt::LeftButton);
+    EXPECT_EQ(com1_.Read(7), QByteArray::fromHex("ff01001f000121")) << "start pattern 1";
+}
+
+TEST_F(OperatorInputTest, MReachesTheMenuWhereverTheFocusRefusesTheLetter) {
+    const auto click = [this](const char* name) {
+        return [this, name] {
+            QTest::mouseClick(Child(name), Qt::LeftButton);
+        };
+    };
+    struct Step {
+        const char* what;
+        std::function<void()> act;
+    };
+    Start("D");
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    ASSERT_NE(QApplication::focusWidget(), nullptr);
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), u"AddressCOM1_TextBox");
+    const Step steps[] = {
+        {"at first start",
+         [] {
+         }},
+        {"after typing an address",
+         [] {
+             QTest::keyClick(QApplication::focusWidget(), Qt::Key_A, Qt::ControlModifier);
+             QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("1"));
+         }},
+        {"after clicking the joystick", click("Joystick_Square")},
+        {"after clicking a lens button", click("ZoomIn")},
+        {"after choosing from a list", click("LensSpeedList")},
+    };
+    for (const Step& step : steps) {
+        step.act();
+        com1_.Drain(300);
+        QString opened;
+        EXPECT_TRUE(WhileOpen(
+            [] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_M, Qt::ShiftModifier); },
+            [&](QDialog& window) { opened = window.objectName(); }))
+            << step.what;
+        EXPECT_EQ(opened, u"frmMenuControl") << step.what;
+        EXPECT_EQ(com1_.Read(7), QByteArray::fromHex("ff010003005f63")) << step.what;
+    }
+}
+
+TEST_F(OperatorInputTest, InMuxAsciiMCallsNoMenuWhereverTheFocusIs) {
+    Start("MUX ASCII");
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    com1_.Drain(300);
+    for (const char* name : {"RetransmitTimeTextBox", "Joystick_Square", "LensSpeedList"}) {
+        QTest::mouseClick(Child(name), Qt::LeftButton);
+        EXPECT_FALSE(WhileOpen([] {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_M, Qt::ShiftModifier);
+        })) << name;
+    }
+    EXPECT_EQ(com1_.Drain(300), QByteArray());
+}
+
+TEST_F(OperatorInputTest, ModalWindowsLeaveEveryMenuAsTheModeSetIt) {
+    const auto state = [this] {
+        QStringList items;
+        for (const QAction* item : window_->findChildren<QAction*>()) {
+            items << QStringLiteral("%1 %2 enabled=%3 visible=%4")
+                         .arg(item->objectName(), item->text())
+                         .arg(item->isEnabled())
+                         .arg(item->isVisible());
+        }
+        for (const QAction* item : window_->menuBar()->actions()) {
+            items << QStringLiteral("menu %1 enabled=%2 visible=%3")
+                         .arg(item->text())
+                         .arg(item->isEnabled())
+                         .arg(item->isVisible());
+        }
+        return items;
+    };
+    const ui::MessagePresenter recorded = ui::SetMessagePresenter(RealMessagePresenter());
+    const auto restore = qScopeGuard([&] { ui::SetMessagePresenter(recorded); });
+    const char* const openers[] = {
+        "AboutOption",          "Settings_Menu_Option",   "SetLabelOption",
+        "Type_Commands_Option", "AdvancedCommandsOption", "ExtendedCommands",
+        "MenuControlOption"};
+    for (const char* mode : {"D", "P", "ASCII", "MUX ASCII"}) {
+        Start(mode);
+        const QStringList before = state();
+        for (const char* opener : openers) {
+            WhileOpen([&] { Child<QAction>(opener)->trigger(); });
+            EXPECT_EQ(state(), before) << mode << ", after " << opener;
+        }
+        // A refused number shows a message box.
+        auto* monitor = Child<QLineEdit>("MonitorNumberTextBox");
+        EXPECT_TRUE(WhileOpen([&] { QTest::keyClicks(monitor, QStringLiteral("10000")); })) << mode;
+        EXPECT_EQ(state(), before) << mode << ", after a message";
+    }
+}
+
+TEST_F(OperatorInputTest, TheMainWindowTakesNoInputWhileAboutIsOpen) {
+    Start("D");
+    ASSERT_TRUE(WhileOpen([&] { Child<QAction>("AboutOption")->trigger(); },
+                          [&](QDialog& about) {
+                              EXPECT_EQ(about.objectName(), u"frmAbout");
+                              // Pressed through the window system, as a pointer does.
+                              QWidget* zoom = Child("ZoomIn");
+                              const QPoint at = zoom->mapTo(window_.get(), zoom->rect().center());
+                              QTest::mousePress(window_->windowHandle(), Qt::LeftButton, {}, at);
+                              QTest::mouseRelease(window_->windowHandle(), Qt::LeftButton, {}, at);
+                              EXPECT_EQ(keyboard_->Command2, 0) << "the press never arrived";
+                          }));
+    EXPECT_TRUE(window_->isEnabled());
+}
+
+TEST_F(OperatorInputTest, EveryStatusTextReadsInFullAtTheSmallestSize) {
+    Start("D");
+    window_->resize(window_->minimumSize());
+    QApplication::processEvents();
+    const QList<QLabel*> texts = window_->statusBar()->findChildren<QLabel*>();
+    ASSERT_GE(texts.size(), 2) << "the port bindings and where the settings are kept";
+    for (const QLabel* text : texts) {
+        if (!text->isVisible()) {
+            continue;
+        }
+        const bool fits =
+            text->fontMetrics().horizontalAdvance(text->text()) <= text->contentsRect().width();
+        EXPECT_TRUE(fits || text->toolTip() == text->text())
+            << text->objectName().toStdString() << ": " << text->text().toStdString();
+    }
+}
+
+} // namespace
+} // namespace quellpad::test
