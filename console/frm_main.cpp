@@ -7,6 +7,7 @@
 #include "console/frm_main_parts.h"
 #include "console/key_preview.h"
 #include "console/receiver.h"
+#include "console/window_size.h"
 #include "dialogs/about.h"
 #include "dialogs/advanced_commands.h"
 #include "dialogs/extended_commands.h"
@@ -190,14 +191,8 @@ void FrmMain::LoadKeyboard() {
     RetransmitTimeLabel->setText(TwoLines("Retransmit", "Time"));
 
     const QScreen* screen = this->screen();
-    const double twips = ui::TwipsPerPixel(this);
     const QSize available = screen ? screen->availableGeometry().size() : QSize(800, 600);
-    if (available.height() * twips < 9000) {
-        resize(static_cast<int>(8400 / twips), static_cast<int>(6300 / twips));
-    } else {
-        resize(static_cast<int>(available.width() * 0.8),
-               static_cast<int>(available.height() * 0.8));
-    }
+    resize(StartWindowSize(available, ui::TwipsPerPixel(this)));
 
     FillList(ZoneNumberList, {"8", "7", "6", "5", "4", "3", "2", "1"}, 7);
     FillList(PatternNumberListBox, {"10", "9", "8", "7", "6", "5", "4", "3", "2", "1", "0"}, 10);
@@ -224,6 +219,16 @@ void FrmMain::LoadKeyboard() {
 
     for (const QString& problem : problems) {
         QTimer::singleShot(0, this, [this, problem] { boundary_.Report("Form_Load", problem); });
+    }
+}
+
+void FrmMain::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    // The smallest size is a hint that a window manager may ignore, and with none at all
+    // the display gives whatever was asked: the window grows back to it itself.
+    const QSize enforced = AtLeast(size(), minimumSize());
+    if (!isMinimized() && enforced != size()) {
+        resize(enforced);
     }
 }
 

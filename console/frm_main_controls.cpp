@@ -3,6 +3,7 @@
 #include "console/frm_main_parts.h"
 #include "console/joystick_widgets.h"
 #include "console/receiver.h"
+#include "console/window_size.h"
 #include "engine/retransmission.h"
 #include "ui/controls.h"
 #include "ui/key_filter.h"
@@ -30,9 +31,6 @@ using namespace frm_main_parts;
 using ui::TwoLines;
 
 namespace {
-// Smallest outer size of the window, in twips.
-constexpr double kMinimumWidthTwips = 8640;
-constexpr double kMinimumHeightTwips = 6480;
 // The joystick square's side and the knob's diameter, in design units.
 constexpr double kSquareSide = 160;
 constexpr double kBallSide = 20;
@@ -362,9 +360,7 @@ void FrmMain::BuildControls() {
     RetransmitTimer = ui::MakeTimer(this, "RetransmitTimer");
     HernisPollTimer = ui::MakeTimer(this, "HernisPollTimer");
 
-    const double twips = ui::TwipsPerPixel(this);
-    setMinimumSize(static_cast<int>(std::ceil(kMinimumWidthTwips / twips)),
-                   static_cast<int>(std::ceil(kMinimumHeightTwips / twips)));
+    setMinimumSize(MinimumWindowSize(ui::TwipsPerPixel(this)));
 }
 
 void FrmMain::LayOut() {

@@ -1,5 +1,6 @@
 #include "main_window_fixture.h"
 
+#include "console/window_size.h"
 #include "ui/controls.h"
 
 #include <QAction>
@@ -221,6 +222,26 @@ TEST_F(OperatorInputTest, EveryStatusTextReadsInFullAtTheSmallestSize) {
             text->fontMetrics().horizontalAdvance(text->text()) <= text->contentsRect().width();
         EXPECT_TRUE(fits || text->toolTip() == text->text())
             << text->objectName().toStdString() << ": " << text->text().toStdString();
+    }
+}
+
+TEST(StartWindowSize, OneSizeFromTheScreenNeverUnderTheSmallest) {
+    struct Case {
+        QSize available;
+        double twipsPerPixel;
+        QSize expected;
+    };
+    const Case cases[] = {
+        {{1280, 1024}, 15, {1024, 819}}, // 0.8 of the free area
+        {{3840, 2160}, 7.5, {3072, 1728}},
+        {{1024, 600}, 15, {819, 480}},   // exactly 9000 twips high: not a small screen
+        {{1024, 576}, 15, {576, 432}},   // 8400 by 6300 twips, grown to the smallest size
+        {{800, 400}, 15, {576, 432}},    // a screen smaller than the keyboard
+        {{1024, 576}, 7.5, {1152, 864}}, // at 200 %: the smallest size in twips still holds
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(StartWindowSize(c.available, c.twipsPerPixel), c.expected)
+            << c.available.width() << "x" << c.available.height() << " at " << c.twipsPerPixel;
     }
 }
 

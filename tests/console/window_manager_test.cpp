@@ -1,0 +1,121 @@
+#include "main_window_fixture.h"
+
+#include "ui/controls.h"
+
+#include <QApplication>
+#include <QListWidget>
+#include <QScreen>
+#include <QTest>
+#include <QWindow>
+
+#include <vector>
+
+// Run on a virtual X display, under a window manager or under none (tests/CMakeLists.txt):
+// the sizes here are asked of the display, as an operator's drag or the maximise button
+// would, not set on the widget.
+namespace quellpad::test {
+namespace {
+
+class WindowManagerTest : public MainWindowFixture {
+protected:
+    // The size the display gives the window once it has settled.
+    QSize Settled() {
+        QSize last;
+        for (int calm = 0; calm < 4;) {
+            QTest::qWait(50);
+            calm = window_->size() == last ? calm + 1 : 0;
+            last = window_->size();
+        }
+        return last;
+    }
+    // Asks the display for a size through the window's own platform window, which the
+    // widget's minimum does not clamp: as a window manager that ignores the size hints, or
+    // no window manager at all, would give it.
+    void AskForSize(QSize size) {
+        window_->windowHandle()->resize(size);
+        Settled();
+    }
+    void ExpectListsAt(int patternRow, int speedRow, const QString& when) {
+        for (const auto& [name, row] :
+             {std::pair{"PatternNumberListBox", patternRow}, {"LensSpeedList", speedRow}}) {
+            auto* list = Child<QListWidget>(name);
+            EXPECT_EQ(ui::TopIndex(list), row) << name << " " << when.toStdString();
+            EXPECT_EQ(list->currentRow(), row) << name << " " << when.toStdString();
+        }
+    }
+    QString At() const {
+        return QStringLiteral("at %1x%2").arg(window_->width()).arg(window_->height());
+    }
+};
+
+TEST_F(WindowManagerTest, MaximisingAndResizingNeverChangeTheListsChoice) {
+    Start("D");
+    Settled();
+    const QSize small = window_->minimumSize();
+    const QSize large = window_->screen()->availableGeometry().size();
+    for (int round = 0; round < 2; ++round) {
+        AskForSize(small);
+        ExpectListsAt(10, 3, QStringLiteral("smallest, ") + At());
+        window_->showMaximized();
+        Settled();
+        ExpectListsAt(10, 3, QStringLiteral("maximised, ") + At());
+        window_->showNormal();
+        Settled();
+        ExpectListsAt(10, 3, QStringLiteral("restored, ") + At());
+    }
+    std::vector<QSize> sizes;
+    for (int step = 0; step <= 31; ++step) {
+        sizes.push_back(small + (large - small) * step / 31);
+    }
+    sizes.insert(sizes.end(), sizes.rbegin(), sizes.rend());
+    for (const QSize size : sizes) {
+        AskForSize(size);
+        ExpectListsAt(10, 3, At());
+    }
+    com1_.Drain(250);
+    QTest::mouseClick(Child("StartPatternButton"), Qt::LeftButton);
+    EXPECT_EQ(com1_.Read(7), QByteArray::fromHex("ff01001f000020")) << "start pattern 0";
+}
+
+TEST_F(WindowManagerTest, TheWindowRefusesASizeBelowTheKeyboardsSmallest) {
+    Start("D");
+    Settled();
+    const QSize small = window_->minimumSize();
+    for (const QSize asked : {QSize(200, 150), small / 2, QSize(small.width(), 100)}) {
+        AskForSize(asked);
+        EXPECT_GE(window_->width(), small.width()) << "asked " << asked.width();
+        EXPECT_GE(window_->height(), small.height()) << "asked " << asked.height();
+        ExpectListsAt(10, 3, At());
+    }
+}
+
+TEST_F(WindowManagerTest, TheWindowAppearsOnceAtItsFinalSize) {
+    WriteSettings("2400\r\nn\r\nFalse\r\n1 2\r\nD\r\n1\r\n");
+    MakeKeyboard();
+    window_ = std::make_unique<FrmMain>(*keyboard_);
+    window_->Form_Load();
+    // What the operator sees: every size the window has from its first showing on.
+    struct Sizes : QObject {
+        std::vector<QSize> seen;
+        bool eventFilter(QObject*, QEvent* event) override {
+            if (event->type() == QEvent::Resize) {
+                seen.push_back(static_cast<QResizeEvent*>(event)->size());
+            }
+            return false;
+        }
+    } sizes;
+    window_->installEventFilter(&sizes);
+    window_->show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(window_.get()));
+    const QSize final = Settled();
+    ASSERT_FALSE(sizes.seen.empty());
+    for (const QSize size : sizes.seen) {
+        EXPECT_EQ(size, final) << "shown at " << size.width() << "x" << size.height();
+    }
+    const QRect available = window_->screen()->availableGeometry();
+    EXPECT_TRUE(available.contains(window_->frameGeometry()))
+        << "the whole window, frame included, is on the screen";
+}
+
+} // namespace
+} // namespace quellpad::test
