@@ -1,6 +1,9 @@
 #include "main_window_fixture.h"
 
 #include "console/window_size.h"
+#include "engine/port_binding.h"
+#include "engine/serial_device.h"
+#include "site/simulated_line.h"
 #include "ui/controls.h"
 
 #include <QAction>
@@ -10,6 +13,8 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenuBar>
+#include <QPlainTextEdit>
+#include <QProcess>
 #include <QScopeGuard>
 #include <QScreen>
 #include <QStatusBar>
@@ -223,6 +228,40 @@ TEST_F(OperatorInputTest, EveryStatusTextReadsInFullAtTheSmallestSize) {
         EXPECT_TRUE(fits || text->toolTip() == text->text())
             << text->objectName().toStdString() << ": " << text->text().toStdString();
     }
+}
+
+TEST_F(OperatorInputTest, TheRunCommandsFirstStartAnswersEachCommandOnceAndReadably) {
+    QProcess prepare;
+    prepare.start(QStringLiteral(QUELLPAD_SOURCE_DIR "/scripts/first-run-settings"), {dir_.path()});
+    ASSERT_TRUE(prepare.waitForFinished());
+    ASSERT_EQ(prepare.exitCode(), 0) << prepare.readAllStandardError().toStdString();
+    qunsetenv("QUELLPAD_COM1"); // the bindings file decides, as for scripts/run
+    qunsetenv("QUELLPAD_COM2");
+    window_.reset();
+    keyboard_ =
+        std::make_unique<Quellpad_Support_Func>([](int number) -> std::unique_ptr<SerialLine> {
+            if (IsSimulatedSiteBinding(ResolvePortBinding(number).binding)) {
+                return std::make_unique<site::SimulatedLine>(number);
+            }
+            return std::make_unique<SerialDevice>(number, QStringLiteral("/dev/quellpad-none"));
+        });
+    window_ = std::make_unique<FrmMain>(*keyboard_);
+    window_->Form_Load();
+    window_->show();
+    EXPECT_TRUE(Child<QAction>("Com1Option")->isChecked());
+    EXPECT_FALSE(Child<QAction>("Com2Option")->isChecked());
+    EXPECT_EQ(keyboard_->MSComm2().Device(), keyboard_->MSComm1().Device())
+        << "COM 2 is bound to the site as well, ready to be opened";
+
+    // Zoom in and stop: two frames, each answered by the camera's general reply.
+    QTest::mousePress(Child("ZoomIn"), Qt::LeftButton);
+    QTest::qWait(300);
+    QTest::mouseRelease(Child("ZoomIn"), Qt::LeftButton);
+    auto* responses = Child<QPlainTextEdit>("AccessResponseTextBox");
+    const QString twoReplies = QStringLiteral(" FF 01 00 01 FF 01 00 01");
+    EXPECT_TRUE(WaitUntil([&] { return responses->toPlainText().size() >= twoReplies.size(); }));
+    QTest::qWait(300);
+    EXPECT_EQ(responses->toPlainText(), twoReplies);
 }
 
 TEST(StartWindowSize, OneSizeFromTheScreenNeverUnderTheSmallest) {
