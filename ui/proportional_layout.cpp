@@ -4,6 +4,7 @@
 
 #include <QAbstractButton>
 #include <QCheckBox>
+#include <QEvent>
 #include <QFont>
 #include <QFontMetrics>
 #include <QGroupBox>
@@ -62,50 +63,90 @@ QSize ButtonNeeds(const QAbstractButton* button, const QFont& font, const QStrin
 }
 } // namespace
 
+// Tells the layout when one of its controls is shown.
+class ProportionalLayout::ShowWatch final : public QObject {
+public:
+    explicit ShowWatch(ProportionalLayout& layout) : layout_(layout) {}
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Show) {
+            layout_.Shown(static_cast<QWidget*>(watched));
+        }
+        return false;
+    }
+
+private:
+    ProportionalLayout& layout_;
+};
+
+ProportionalLayout::ProportionalLayout(QSizeF designSize)
+    : designSize_(designSize), showWatch_(std::make_unique<ShowWatch>(*this)) {}
+
+ProportionalLayout::~ProportionalLayout() {
+    for (const Entry& entry : entries_) {
+        if (entry.control) {
+            entry.control->removeEventFilter(showWatch_.get());
+        }
+    }
+}
+
 void ProportionalLayout::Place(QWidget* control, QRectF designRect, double designPointSize,
                                const QStringList& otherCaptions) {
-    entries_.append({control, designRect, designPointSize, otherCaptions});
+    entries_.append({control, designRect, designPointSize, otherCaptions, {}});
+    control->installEventFilter(showWatch_.get());
 }
 
 void ProportionalLayout::Apply(QSizeF containerSize) {
+    containerSize_ = containerSize;
     scaleX_ = containerSize.width() / designSize_.width();
     scaleY_ = containerSize.height() / designSize_.height();
-    const double fontScale = std::min(scaleX_, scaleY_);
-    for (const Entry& entry : entries_) {
-        if (!entry.control) {
-            continue;
+    for (Entry& entry : entries_) {
+        if (entry.control && entry.control->isVisibleTo(entry.control->window())) {
+            PlaceEntry(entry);
         }
-        QWidget* control = entry.control;
-        const QRectF& r = entry.rect;
-        const int left = static_cast<int>(std::lround(r.left() * scaleX_));
-        const int top = static_cast<int>(std::lround(r.top() * scaleY_));
-        const int right = static_cast<int>(std::lround(r.right() * scaleX_));
-        const int bottom = static_cast<int>(std::lround(r.bottom() * scaleY_));
-        control->setGeometry(left, top, std::max(1, right - left), std::max(1, bottom - top));
+    }
+}
 
-        const QStringList captions = QStringList(CaptionOf(control)) + entry.otherCaptions;
-        QFont font = control->font();
-        double size = SnapDown(entry.pointSize * fontScale);
+void ProportionalLayout::Shown(const QWidget* control) {
+    for (Entry& entry : entries_) {
+        if (entry.control == control && !containerSize_.isEmpty() &&
+            entry.placedFor != containerSize_) {
+            PlaceEntry(entry);
+        }
+    }
+}
+
+void ProportionalLayout::PlaceEntry(Entry& entry) {
+    entry.placedFor = containerSize_;
+    QWidget* control = entry.control;
+    const double fontScale = std::min(scaleX_, scaleY_);
+    const QRectF& r = entry.rect;
+    const int left = static_cast<int>(std::lround(r.left() * scaleX_));
+    const int top = static_cast<int>(std::lround(r.top() * scaleY_));
+    const int right = static_cast<int>(std::lround(r.right() * scaleX_));
+    const int bottom = static_cast<int>(std::lround(r.bottom() * scaleY_));
+    control->setGeometry(left, top, std::max(1, right - left), std::max(1, bottom - top));
+
+    const QStringList captions = QStringList(CaptionOf(control)) + entry.otherCaptions;
+    QFont font = control->font();
+    double size = SnapDown(entry.pointSize * fontScale);
+    font.setPointSizeF(size);
+    // A caption's width follows the font size closely, so one measurement says how far
+    // to shrink; the next one checks it.
+    const auto room = [&] {
+        double least = 1.0;
+        for (const QString& caption : captions) {
+            least = std::min(least, CaptionRoom(control, font, caption));
+        }
+        return least;
+    };
+    for (double fraction = room(); size > kSmallestPointSize && fraction < 1.0; fraction = room()) {
+        size = std::min(SnapDown(size * fraction), size - kPointStep);
+        size = std::max(kSmallestPointSize, size);
         font.setPointSizeF(size);
-        // A caption's width follows the font size closely, so one measurement says how far
-        // to shrink; the next one checks it.
-        const auto room = [&] {
-            double least = 1.0;
-            for (const QString& caption : captions) {
-                least = std::min(least, CaptionRoom(control, font, caption));
-            }
-            return least;
-        };
-        for (double fraction = room(); size > kSmallestPointSize && fraction < 1.0;
-             fraction = room()) {
-            size = std::min(SnapDown(size * fraction), size - kPointStep);
-            size = std::max(kSmallestPointSize, size);
-            font.setPointSizeF(size);
-        }
-        // A font set again at the same size would still be matched and laid out anew.
-        if (control->font().pointSizeF() != size) {
-            control->setFont(font);
-        }
+    }
+    // A font set again at the same size would still be matched and laid out anew.
+    if (control->font().pointSizeF() != size) {
+        control->setFont(font);
     }
 }
 

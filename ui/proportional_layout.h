@@ -6,6 +6,8 @@
 #include <QSizeF>
 #include <QStringList>
 
+#include <memory>
+
 class QFont;
 class QWidget;
 
@@ -14,15 +16,21 @@ namespace quellpad::ui {
 // Places controls as fractions of their window: each control has a rectangle and a font
 // size in the window's design size, and both scale with the window. Fonts follow the
 // smaller of the two scales, and shrink further where a caption would not read in full.
+// A hidden control (one that the mode does not show) is placed when it is next shown:
+// measuring captions nobody sees is most of what a layout costs.
 class ProportionalLayout {
 public:
-    explicit ProportionalLayout(QSizeF designSize) : designSize_(designSize) {}
+    explicit ProportionalLayout(QSizeF designSize);
+    ~ProportionalLayout();
+    ProportionalLayout(const ProportionalLayout&) = delete;
+    ProportionalLayout& operator=(const ProportionalLayout&) = delete;
 
     // `otherCaptions`: captions the control may show later besides its present one (the
     // lens buttons' "Focus Near Off"); its font is chosen so that each of them fits too.
     void Place(QWidget* control, QRectF designRect, double designPointSize = 9.0,
                const QStringList& otherCaptions = {});
-    // Places and sizes every control for a container of the given size.
+    // Places and sizes every shown control for a container of the given size; the others
+    // follow as they are shown.
     void Apply(QSizeF containerSize);
 
     double ScaleX() const { return scaleX_; }
@@ -34,9 +42,16 @@ private:
         QRectF rect;
         double pointSize;
         QStringList otherCaptions;
+        QSizeF placedFor; // the container size it was last placed for; empty: never
     };
+    class ShowWatch;
+    void PlaceEntry(Entry& entry);
+    void Shown(const QWidget* control);
+
     QSizeF designSize_;
+    QSizeF containerSize_;
     QList<Entry> entries_;
+    std::unique_ptr<ShowWatch> showWatch_;
     double scaleX_ = 1.0;
     double scaleY_ = 1.0;
 };

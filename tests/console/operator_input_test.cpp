@@ -198,6 +198,42 @@ TEST_F(OperatorInputTest, ModalWindowsLeaveEveryMenuAsTheModeSetIt) {
     }
 }
 
+TEST_F(OperatorInputTest, AModeSwitchShowsItsControlsPlacedAsAtStartUp) {
+    // Every shown control's place and font size, at the smallest window size.
+    const auto placed = [this] {
+        window_->resize(window_->minimumSize());
+        QApplication::processEvents();
+        QStringList places;
+        for (const QWidget* control : window_->centralWidget()->findChildren<QWidget*>()) {
+            if (control->isVisible() && !control->objectName().isEmpty()) {
+                const QRect r = control->geometry();
+                places << QStringLiteral("%1 %2,%3 %4x%5 %6pt")
+                              .arg(control->objectName())
+                              .arg(r.x())
+                              .arg(r.y())
+                              .arg(r.width())
+                              .arg(r.height())
+                              .arg(control->font().pointSizeF());
+            }
+        }
+        places.sort();
+        return places;
+    };
+    const std::pair<const char*, const char*> switches[] = {{"D", "ASCII_Menu_Option"},
+                                                            {"ASCII", "P_Protocol_Menu_Option"},
+                                                            {"MUX ASCII", "D_Protocol_Menu_Option"},
+                                                            {"P", "MUX_ASCII_Option"}};
+    const char* const started[] = {"ASCII", "P", "D", "MUX ASCII"};
+    for (std::size_t i = 0; i < std::size(switches); ++i) {
+        Start(started[i]);
+        const QStringList expected = placed();
+        Start(switches[i].first);
+        placed();
+        Choose(switches[i].second);
+        EXPECT_EQ(placed(), expected) << switches[i].first << " switched to " << started[i];
+    }
+}
+
 TEST_F(OperatorInputTest, TheMainWindowTakesNoInputWhileAboutIsOpen) {
     Start("D");
     ASSERT_TRUE(WhileOpen([&] { Child<QAction>("AboutOption")->trigger(); },
