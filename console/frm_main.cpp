@@ -156,7 +156,7 @@ void FrmMain::LoadKeyboard() {
 
     const QString& mode = keyboard_.CurrentMode;
     if (IsFrameMode(mode)) {
-        ZoneNumberLabel->setText(TwoLines("Zone", kNumber));
+        ui::SetCaption(ZoneNumberLabel, TwoLines("Zone", kNumber));
     }
     D_Protocol_Menu_Option->setChecked(mode == kModeD);
     P_Protocol_Menu_Option->setChecked(mode == kModeP);
@@ -188,7 +188,7 @@ void FrmMain::LoadKeyboard() {
     } else if (mode == kModeD) {
         SetResponseCaption(QStringLiteral("D Response"));
     }
-    RetransmitTimeLabel->setText(TwoLines("Retransmit", "Time"));
+    ui::SetCaption(RetransmitTimeLabel, TwoLines("Retransmit", "Time"));
 
     const QScreen* screen = this->screen();
     const QSize available = screen ? screen->availableGeometry().size() : QSize(800, 600);

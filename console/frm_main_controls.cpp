@@ -194,7 +194,7 @@ void FrmMain::BuildControls() {
     AccessResponseLabel = ui::MakeLabel(c, "AccessResponseLabel", QStringLiteral("D Response"));
     AccessResponseTextBox = new ui::LogView(c, kResponseBoxMaximum);
     AccessResponseTextBox->setObjectName(QStringLiteral("AccessResponseTextBox"));
-    AccessResponseLabel->setBuddy(AccessResponseTextBox);
+    ui::SetBuddy(AccessResponseLabel, AccessResponseTextBox);
     AccessResponseTextBox->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     place(AccessResponseLabel, 292, 2, 160, 14);
     place(AccessResponseTextBox, 292, 16, 278, 48);

@@ -36,7 +36,7 @@ void Enable(QMenu* menu, bool enabled) {
 } // namespace
 
 void FrmMain::SetResponseCaption(const QString& caption) {
-    AccessResponseLabel->setText(caption);
+    ui::SetCaption(AccessResponseLabel, caption);
 }
 
 void FrmMain::ASCII_Menu_Option_Click() {
@@ -65,7 +65,7 @@ void FrmMain::SwitchMode(const QString& mode, QAction* item) {
         }
         keyboard_.CurrentMode = mode;
         if (IsFrameMode(mode)) {
-            ZoneNumberLabel->setText(TwoLines("Zone", kNumber));
+            ui::SetCaption(ZoneNumberLabel, TwoLines("Zone", kNumber));
         }
         LayOut();
         ApplyModeControls();
@@ -179,8 +179,8 @@ void FrmMain::ApplyModeControls() {
     } else {
         FillList(LensSpeedList, {"4", "3", "2", "1"}, 3);
         FillList(ZoneNumberList, {"8", "7", "6", "5", "4", "3", "2", "1"}, 7);
-        AddressCOM1Label->setText(TwoLines("Address", "COM1"));
-        AddressCOM2Label->setText(TwoLines("Address", "COM2"));
+        ui::SetCaption(AddressCOM1Label, TwoLines("Address", "COM1"));
+        ui::SetCaption(AddressCOM2Label, TwoLines("Address", "COM2"));
         if (keyboard_.AuxNumber == 0) {
             for (std::size_t aux = 0; aux < 3; ++aux) {
                 auxItems_[aux]->setEnabled(false);

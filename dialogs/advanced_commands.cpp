@@ -195,6 +195,7 @@ FrmAdvancedCommands::FrmAdvancedCommands(Quellpad_Support_Func& keyboard, QWidge
         if (buttonName) {
             button = DialogButton(frames[frame], buttonName, caption);
             // Several buttons read "Set" or "Query"; the row says which one.
+            button->setAccessibleName(ui::RowActionName(labelText, caption));
             button->setAccessibleDescription(labelText);
             grid->addWidget(button, at, 2);
         }

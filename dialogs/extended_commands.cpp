@@ -185,10 +185,12 @@ FrmExtendedCommands::FrmExtendedCommands(Quellpad_Support_Func& keyboard, LevelA
         grid1->addWidget(ui::MakeLabel(frame1, label, rowText), at, 0);
         // Several buttons read "on" or "off"; the row says which one.
         QPushButton* button = fixedButton(first, firstCaption);
+        button->setAccessibleName(ui::RowActionName(rowText, firstCaption));
         button->setAccessibleDescription(rowText);
         grid1->addWidget(button, at, 1);
         if (second) {
             button = fixedButton(second, QStringLiteral("off"));
+            button->setAccessibleName(ui::RowActionName(rowText, button->text()));
             button->setAccessibleDescription(rowText);
             grid1->addWidget(button, at, 2);
         }

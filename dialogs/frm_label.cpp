@@ -31,7 +31,6 @@ FrmLabel::FrmLabel(Quellpad_Support_Func& keyboard, QWidget* parent)
 
     auto* label = ui::MakeLabel(this, "LabelLabel", QStringLiteral("Label"));
     LabelTextBox = ui::MakeTextBox(this, "LabelTextBox", label);
-    label->setBuddy(LabelTextBox);
     LabelTextBox->setMaxLength(kMaximumLength);
     LabelTextBox->setText(keyboard_.LabelText.left(kMaximumLength));
     // Lower-case letters are refused, not raised: the operator sees exactly what is sent.

@@ -1,6 +1,9 @@
 #include "port_choice.h"
 
+#include "ui/controls.h"
+
 #include <QLabel>
+#include <QLineEdit>
 
 namespace quellpad {
 
@@ -17,7 +20,8 @@ PortChoiceBox::PortChoiceBox(QWidget* parent, const char* name, QLabel* label) :
     setInsertPolicy(QComboBox::NoInsert);
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(28);
-    label->setBuddy(this);
+    ui::SetBuddy(label, this);
+    lineEdit()->setAccessibleName(accessibleName()); // what is typed is the same choice
     Fill({});
 }
 

@@ -79,7 +79,7 @@ FrmTypeCmnds::FrmTypeCmnds(Quellpad_Support_Func& keyboard, QWidget* parent)
     CommandResponseTextBox->setObjectName(QStringLiteral("CommandResponseTextBox"));
     CommandResponseTextBox->setReadOnly(true);
     CommandResponseTextBox->setUndoRedoEnabled(false);
-    responseLabel->setBuddy(CommandResponseTextBox);
+    ui::SetBuddy(responseLabel, CommandResponseTextBox);
     // Bytes line up in columns when every digit is as wide as the next.
     const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     CommandToSendTextBox->setFont(fixed);

@@ -1,5 +1,7 @@
 #include "frm_joystick.h"
 
+#include "ui/controls.h"
+
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -60,7 +62,7 @@ FrmJoystick::FrmJoystick(const GamepadBindings& b, QWidget* parent) : QDialog(pa
     int row = 0;
     for (const auto& r : rows) {
         auto* label = new QLabel(QLatin1String(r.caption), stick);
-        label->setBuddy(r.list);
+        ui::SetBuddy(label, r.list);
         r.invert->setObjectName(QLatin1String(r.invertName));
         r.invert->setChecked(r.inverted);
         r.invert->setAccessibleName(label->text().remove(QLatin1Char('&')) +
@@ -76,7 +78,7 @@ FrmJoystick::FrmJoystick(const GamepadBindings& b, QWidget* parent) : QDialog(pa
     DeadZoneBox->setSuffix(QStringLiteral(" %"));
     DeadZoneBox->setValue(static_cast<int>(std::lround(b.deadZone * 100)));
     auto* deadLabel = new QLabel(QStringLiteral("&Dead zone"), stick);
-    deadLabel->setBuddy(DeadZoneBox);
+    ui::SetBuddy(deadLabel, DeadZoneBox);
     axes->addWidget(deadLabel, row, 0);
     axes->addWidget(DeadZoneBox, row++, 1);
     CurveList = new QComboBox(stick);
@@ -84,7 +86,7 @@ FrmJoystick::FrmJoystick(const GamepadBindings& b, QWidget* parent) : QDialog(pa
     CurveList->addItems({QStringLiteral("Linear"), QStringLiteral("Squared")});
     CurveList->setCurrentIndex(b.curve == StickCurve::Squared ? 1 : 0);
     auto* curveLabel = new QLabel(QStringLiteral("&Response"), stick);
-    curveLabel->setBuddy(CurveList);
+    ui::SetBuddy(curveLabel, CurveList);
     axes->addWidget(curveLabel, row, 0);
     axes->addWidget(CurveList, row, 1);
 
@@ -100,7 +102,7 @@ FrmJoystick::FrmJoystick(const GamepadBindings& b, QWidget* parent) : QDialog(pa
         list->setCurrentText(
             GamepadActionName(i < b.buttons.size() ? b.buttons[i] : GamepadAction{}));
         auto* label = new QLabel(QStringLiteral("Button %1").arg(i + 1), buttons);
-        label->setBuddy(list);
+        ui::SetBuddy(label, list);
         // Two columns of eight keep the window short.
         buttonRows->addWidget(label, i % 8, (i / 8) * 2);
         buttonRows->addWidget(list, i % 8, (i / 8) * 2 + 1);

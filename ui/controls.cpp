@@ -4,9 +4,12 @@
 #include <QAccessibleWidget>
 #include <QAction>
 #include <QCheckBox>
+#include <QComboBox>
+#include <QDialog>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMainWindow>
 #include <QMenu>
 #include <QPainter>
 #include <QPushButton>
@@ -21,8 +24,11 @@ namespace quellpad::ui {
 
 namespace {
 
+void InstallFactory();
+
 // No accessible name is forced here: Qt names a control by its caption, as it changes.
 template <class Control> Control* Named(Control* control, const char* name) {
+    InstallFactory();
     control->setObjectName(QLatin1String(name));
     return control;
 }
@@ -48,12 +54,87 @@ public:
     }
 };
 
-QAccessibleInterface* ReadoutFactory(const QString& className, QObject* object) {
-    auto* label = qobject_cast<QLabel*>(object);
-    if (className == QLatin1String("QLabel") && label && label->property(kReadoutName).isValid()) {
-        return new ReadoutAccessible(label);
+// A caption is heard as one line: where it breaks a line on screen, its name has a blank.
+class CaptionAccessible final : public QAccessibleWidget {
+public:
+    explicit CaptionAccessible(QLabel* label) : QAccessibleWidget(label, QAccessible::StaticText) {}
+
+    QString text(QAccessible::Text kind) const override {
+        const auto* label = static_cast<const QLabel*>(widget());
+        if (kind == QAccessible::Name && label->accessibleName().isEmpty()) {
+            return OneLine(label->text());
+        }
+        return QAccessibleWidget::text(kind);
+    }
+    QList<QPair<QAccessibleInterface*, QAccessible::Relation>>
+    relations(QAccessible::Relation match) const override {
+        auto found = QAccessibleWidget::relations(match);
+        const QWidget* buddy = static_cast<const QLabel*>(widget())->buddy();
+        if ((match & QAccessible::Labelled) && buddy != nullptr) {
+            found.append({QAccessible::queryAccessibleInterface(const_cast<QWidget*>(buddy)),
+                          QAccessible::Labelled});
+        }
+        return found;
+    }
+};
+
+// A list to choose from, heard by its label with its choice as its value. (Qt's own names
+// a combo box on this platform by its current text, which tells the listener nothing of
+// what is being chosen.)
+class ChoiceAccessible final : public QAccessibleWidget {
+public:
+    explicit ChoiceAccessible(QComboBox* box) : QAccessibleWidget(box, QAccessible::ComboBox) {}
+
+    QString text(QAccessible::Text kind) const override {
+        const auto* box = static_cast<const QComboBox*>(widget());
+        if (kind == QAccessible::Value) {
+            return box->currentText();
+        }
+        if (kind == QAccessible::Name) {
+            return OneLine(QAccessibleWidget::text(kind));
+        }
+        return QAccessibleWidget::text(kind);
+    }
+    QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.expandable = true;
+        state.editable = static_cast<const QComboBox*>(widget())->isEditable();
+        return state;
+    }
+};
+
+QAccessibleInterface* Factory(const QString& className, QObject* object) {
+    auto* widget = qobject_cast<QWidget*>(object);
+    if (widget == nullptr) {
+        return nullptr;
+    }
+    if (className == QLatin1String("QLabel")) {
+        auto* label = static_cast<QLabel*>(widget);
+        if (label->property(kReadoutName).isValid()) {
+            return new ReadoutAccessible(label);
+        }
+        return new CaptionAccessible(label);
+    }
+    if (className == QLatin1String("QComboBox")) {
+        return new ChoiceAccessible(static_cast<QComboBox*>(widget));
+    }
+    // The program's own windows that are neither dialogs nor main windows (the Traffic and
+    // Simulated Site windows) are windows all the same, announced when they open.
+    if (className.startsWith(QLatin1String("quellpad::")) && widget->isWindow() &&
+        !qobject_cast<QDialog*>(widget) && !qobject_cast<QMainWindow*>(widget)) {
+        return new QAccessibleWidget(widget, QAccessible::Window);
     }
     return nullptr;
+}
+
+// Installed with the first control made here, after the application's own factory for
+// Qt's widgets: the factory installed last is asked first.
+void InstallFactory() {
+    static const bool installed = [] {
+        QAccessible::installFactory(&Factory);
+        return true;
+    }();
+    Q_UNUSED(installed);
 }
 
 // Every item as high as the list's box, so that the box shows exactly one.
@@ -96,8 +177,34 @@ QLabel* MakeLabel(QWidget* parent, const char* name, const QString& caption) {
 
 QLineEdit* MakeTextBox(QWidget* parent, const char* name, QLabel* label) {
     auto* box = Named(new QLineEdit(parent), name);
-    label->setBuddy(box);
+    SetBuddy(label, box);
     return box;
+}
+
+void SetBuddy(QLabel* label, QWidget* box) {
+    label->setBuddy(box);
+    // Qt would name the box by the label's text as it is, line breaks and all.
+    box->setAccessibleName(OneLine(label->text()));
+}
+
+void SetCaption(QLabel* label, const QString& caption) {
+    label->setText(caption);
+    if (QWidget* box = label->buddy()) {
+        box->setAccessibleName(OneLine(caption));
+    }
+}
+
+QString RowActionName(const QString& row, const QString& caption) {
+    const QString action = caption.trimmed();
+    const QString words = row.startsWith(action, Qt::CaseInsensitive) ? row : row + u' ' + action;
+    // Read as a phrase: "Set pan position", "Auto AGC on".
+    QStringList phrase = words.simplified().split(u' ');
+    for (qsizetype i = 1; i < phrase.size(); ++i) {
+        if (phrase[i] != phrase[i].toUpper() || phrase[i].size() == 1) {
+            phrase[i] = phrase[i].toLower();
+        }
+    }
+    return phrase.join(u' ');
 }
 
 QLineEdit* MakeTextBox(QWidget* parent, const char* name, const QString& accessibleName) {
@@ -108,9 +215,7 @@ QLineEdit* MakeTextBox(QWidget* parent, const char* name, const QString& accessi
 
 QListWidget* MakeList(QWidget* parent, const char* name, QLabel* label) {
     auto* list = Named(new OneLineList(parent), name);
-    label->setBuddy(list);
-    // Qt's list views do not take their buddy's text; these labels never change.
-    list->setAccessibleName(label->text());
+    SetBuddy(label, list);
     return list;
 }
 
@@ -146,11 +251,6 @@ QTimer* MakeTimer(QWidget* parent, const char* name) {
 }
 
 QLabel* MakeReadout(QWidget* parent, const char* name, const QString& accessibleName) {
-    static const bool installed = [] {
-        QAccessible::installFactory(&ReadoutFactory);
-        return true;
-    }();
-    Q_UNUSED(installed);
     auto* label = MakeLabel(parent, name);
     label->setProperty(kReadoutName, accessibleName);
     return label;
@@ -204,7 +304,7 @@ void OneLineList::ShowCurrentOnTop() {
 }
 
 StatusText::StatusText(QWidget* parent, const char* name) : QLabel(parent) {
-    setObjectName(QLatin1String(name));
+    Named(this, name);
 }
 
 void StatusText::Show(const QString& text, const QString& detail) {

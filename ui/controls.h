@@ -29,6 +29,14 @@ QPushButton* MakeButton(QWidget* parent, const char* name, const QString& captio
 QLabel* MakeLabel(QWidget* parent, const char* name, const QString& caption = {});
 // A box named by its label on screen: the label is its buddy.
 QLineEdit* MakeTextBox(QWidget* parent, const char* name, QLabel* label);
+// Makes `label` the label of `box` on screen and to a screen reader, which hears the
+// label's caption as one line.
+void SetBuddy(QLabel* label, QWidget* box);
+// Changes a label's caption; a box it labels is heard by the new caption.
+void SetCaption(QLabel* label, const QString& caption);
+// What a screen reader calls a button of a row of buttons whose captions repeat ("Set",
+// "Query", "on"): the action with what it acts on, "Set pan position", "Auto focus on".
+QString RowActionName(const QString& row, const QString& caption);
 // A box with no label on screen, named for the screen reader alone.
 QLineEdit* MakeTextBox(QWidget* parent, const char* name, const QString& accessibleName);
 // A one-line list (OneLineList) named by its label on screen.

@@ -403,7 +403,7 @@ void ExpectEveryControlHeardAsShown(QAccessibleInterface* heard) {
         qobject_cast<QPlainTextEdit*>(widget)) {
         for (const QLabel* label : widget->parentWidget()->findChildren<QLabel*>()) {
             if (label->buddy() == widget) {
-                shown = label->text();
+                shown = ui::OneLine(label->text());
             }
         }
     } else if (const auto* button = qobject_cast<QAbstractButton*>(widget)) {
@@ -411,10 +411,10 @@ void ExpectEveryControlHeardAsShown(QAccessibleInterface* heard) {
     } else if (const auto* frame = qobject_cast<QGroupBox*>(widget)) {
         shown = frame->title();
     } else if (const auto* label = qobject_cast<QLabel*>(widget)) {
-        shown = label->text();
+        shown = ui::OneLine(label->text());
         if (objectName.startsWith(u"COM")) {
             EXPECT_EQ(name, objectName.left(4) + QStringLiteral(" Command Sent"));
-            EXPECT_EQ(heard->text(QAccessible::Value), shown) << "the echo is heard";
+            EXPECT_EQ(heard->text(QAccessible::Value), label->text()) << "the echo is heard";
             shown = name;
         }
     } else if (const auto* item = qobject_cast<QAction*>(heard->object())) {

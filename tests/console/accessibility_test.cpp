@@ -1,0 +1,190 @@
+#include "main_window_fixture.h"
+
+#include "dialogs/about.h"
+#include "dialogs/advanced_commands.h"
+#include "dialogs/extended_commands.h"
+#include "dialogs/frm_label.h"
+#include "dialogs/frm_settings.h"
+#include "dialogs/menu_control.h"
+#include "dialogs/type_commands.h"
+#include "site_window/frm_simulated_site.h"
+#include "traffic_window/frm_traffic.h"
+#include "ui/controls.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QHash>
+#include <QRegularExpression>
+#include <QTest>
+
+#include <functional>
+#include <memory>
+
+namespace quellpad::test {
+namespace {
+
+// What a screen reader finds wrong in one window, each as a line naming the control.
+struct Findings {
+    int checked = 0;
+    QStringList faults;
+};
+
+bool Interactive(QAccessible::Role role) {
+    switch (role) {
+    case QAccessible::PushButton:
+    case QAccessible::CheckBox:
+    case QAccessible::RadioButton:
+    case QAccessible::ComboBox:
+    case QAccessible::EditableText:
+    case QAccessible::List:
+    case QAccessible::Table:
+    case QAccessible::SpinBox:
+    case QAccessible::Slider:
+    case QAccessible::PageTab:
+        return true;
+    default:
+        return false;
+    }
+}
+
+QString Describe(QAccessibleInterface* node) {
+    const QObject* object = node->object();
+    return QStringLiteral("%1 \"%2\"")
+        .arg(object && !object->objectName().isEmpty() ? object->objectName()
+                                                       : QStringLiteral("(unnamed object)"),
+             node->text(QAccessible::Name));
+}
+
+void Walk(QAccessibleInterface* node, Findings& findings, QHash<QString, QString>& buttons) {
+    if (node == nullptr || node->state().invisible) {
+        return;
+    }
+    const QAccessible::Role role = node->role();
+    const QString name = node->text(QAccessible::Name);
+    ++findings.checked;
+    static const QRegularExpression control(QStringLiteral("[\\x00-\\x1f\\x7f]"));
+    if (name.contains(control) || name.endsWith(u' ') || name.startsWith(u' ')) {
+        findings.faults << QStringLiteral("control characters or edge blanks in ") + Describe(node);
+    }
+    if (Interactive(role) && name.trimmed().isEmpty()) {
+        findings.faults << QStringLiteral("no name: ") + Describe(node);
+    }
+    if ((role == QAccessible::ComboBox || role == QAccessible::EditableText) && !name.isEmpty() &&
+        name == node->text(QAccessible::Value)) {
+        findings.faults << QStringLiteral("named by its value: ") + Describe(node);
+    }
+    if (role == QAccessible::PushButton && !name.isEmpty()) {
+        const QString other = buttons.value(name);
+        if (!other.isEmpty()) {
+            findings.faults << QStringLiteral("two buttons heard alike: ") + other + " and " +
+                                   Describe(node);
+        }
+        buttons.insert(name, Describe(node));
+    }
+    for (int i = 0; i < node->childCount(); ++i) {
+        Walk(node->child(i), findings, buttons);
+    }
+}
+
+// Walks a shown window: its own role and name, then every shown control in it.
+Findings Check(QWidget* window) {
+    Findings findings;
+    QAccessibleInterface* heard = QAccessible::queryAccessibleInterface(window);
+    const QAccessible::Role role = heard->role();
+    if (role != QAccessible::Window && role != QAccessible::Dialog) {
+        findings.faults << QStringLiteral("not a window to a screen reader: ") + Describe(heard);
+    }
+    if (heard->text(QAccessible::Name) != window->windowTitle()) {
+        findings.faults << QStringLiteral("window not named by its title: ") + Describe(heard);
+    }
+    QHash<QString, QString> buttons;
+    for (int i = 0; i < heard->childCount(); ++i) {
+        Walk(heard->child(i), findings, buttons);
+    }
+    return findings;
+}
+
+class AccessibilityTest : public MainWindowFixture {
+protected:
+    void ExpectHeardWell(QWidget* window, const std::string& where) {
+        window->show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
+        const Findings findings = Check(window);
+        EXPECT_GT(findings.checked, 0) << where;
+        for (const QString& fault : findings.faults) {
+            ADD_FAILURE() << where << ": " << fault.toStdString();
+        }
+        window->hide();
+    }
+};
+
+TEST_F(AccessibilityTest, EveryWindowIsHeardAsAWindowAndEveryControlByWhatItIs) {
+    for (const char* mode : {"D", "P", "ASCII", "MUX ASCII"}) {
+        Start(mode);
+        const std::string in = std::string(" in ") + mode;
+        ExpectHeardWell(window_.get(), "main window" + in);
+        LevelAdjusters levels;
+        const std::pair<std::string, std::function<std::unique_ptr<QWidget>()>> windows[] = {
+            {"advanced commands",
+             [&] {
+                 return std::make_unique<FrmAdvancedCommands>(*keyboard_, window_.get());
+             }},
+            {"extended commands",
+             [&] {
+                 return std::make_unique<FrmExtendedCommands>(*keyboard_, levels, window_.get());
+             }},
+            {"type commands",
+             [&] {
+                 auto window = std::make_unique<FrmTypeCmnds>(*keyboard_, window_.get());
+                 window->Prepare(keyboard_->CurrentMode);
+                 return window;
+             }},
+            {"menu control",
+             [&] {
+                 return std::make_unique<frmMenuControl>(*keyboard_, window_.get());
+             }},
+            {"label",
+             [&] {
+                 return std::make_unique<FrmLabel>(*keyboard_, window_.get());
+             }},
+            {"about",
+             [&] {
+                 return std::make_unique<frmAbout>(window_.get());
+             }},
+            {"settings",
+             [&] {
+                 return std::make_unique<frmSettings>(*keyboard_, window_.get());
+             }},
+            {"traffic",
+             [&] {
+                 return std::make_unique<traffic_window::FrmTraffic>(*keyboard_, window_.get());
+             }},
+            {"simulated site",
+             [&] {
+                 return std::make_unique<site_window::FrmSimulatedSite>(*keyboard_, window_.get());
+             }},
+        };
+        for (const auto& [name, make] : windows) {
+            const std::unique_ptr<QWidget> window = make();
+            ExpectHeardWell(window.get(), name + in);
+        }
+    }
+}
+
+TEST(RowActionName, SaysTheActionWithWhatItActsOn) {
+    const std::tuple<const char*, const char*, const char*> rows[] = {
+        {"Set Pan Position", "Set ", "Set pan position"},
+        {"Query Zoom Position", "Query", "Query zoom position"},
+        {"Go To Zero Pan", "Go", "Go to zero pan"},
+        {"Auto Focus", "on", "Auto focus on"},
+        {"Auto AGC", "off", "Auto AGC off"},
+        {"Query", "Query", "Query"},
+    };
+    for (const auto& [row, caption, heard] : rows) {
+        EXPECT_EQ(ui::RowActionName(QLatin1String(row), QLatin1String(caption)),
+                  QLatin1String(heard));
+    }
+}
+
+} // namespace
+} // namespace quellpad::test
