@@ -110,6 +110,10 @@ void frmSettings::Form_Load() {
         keyboard_.HoldRts = saved.HoldRts;
         for (int i = 0; i < 4; ++i) {
             baud_[i]->setChecked(keyboard_.BaudRate == QLatin1String(kBaudRates[i]));
+            // The window opens on the rate in use, whose neighbours the arrows choose.
+            if (baud_[i]->isChecked()) {
+                baud_[i]->setFocus();
+            }
         }
         for (int i = 0; i < 3; ++i) {
             parity_[i]->setChecked(keyboard_.Parity == QLatin1String(kParityLetters[i]));

@@ -85,6 +85,8 @@ FrmTraffic::FrmTraffic(Quellpad_Support_Func& keyboard, QWidget* parent)
     TrafficTableView->setModel(&filter_);
     TrafficTableView->setSelectionBehavior(QAbstractItemView::SelectRows);
     TrafficTableView->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    // The arrows move among the rows; Tab leaves the table like any other control.
+    TrafficTableView->setTabKeyNavigation(false);
     TrafficTableView->setWordWrap(false);
     TrafficTableView->setAlternatingRowColors(true);
     TrafficTableView->verticalHeader()->hide();

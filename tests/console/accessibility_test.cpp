@@ -11,11 +11,14 @@
 #include "traffic_window/frm_traffic.h"
 #include "ui/controls.h"
 
+#include <QAbstractItemView>
 #include <QAccessible>
 #include <QApplication>
 #include <QHash>
+#include <QRadioButton>
 #include <QRegularExpression>
 #include <QTest>
+#include <QTimer>
 
 #include <functional>
 #include <memory>
@@ -104,9 +107,68 @@ Findings Check(QWidget* window) {
     return findings;
 }
 
+// Every window of the program in each mode: the main window and each window it opens.
 class AccessibilityTest : public MainWindowFixture {
 protected:
-    void ExpectHeardWell(QWidget* window, const std::string& where) {
+    void ForEveryWindow(const std::function<void(QWidget*, const std::string&)>& check) {
+        for (const char* mode : {"D", "P", "ASCII", "MUX ASCII"}) {
+            Start(mode);
+            const std::string in = std::string(" in ") + mode;
+            check(window_.get(), "main window" + in);
+            LevelAdjusters levels;
+            const std::pair<std::string, std::function<std::unique_ptr<QWidget>()>> windows[] = {
+                {"advanced commands",
+                 [&] {
+                     return std::make_unique<FrmAdvancedCommands>(*keyboard_, window_.get());
+                 }},
+                {"extended commands",
+                 [&] {
+                     return std::make_unique<FrmExtendedCommands>(*keyboard_, levels,
+                                                                  window_.get());
+                 }},
+                {"type commands",
+                 [&] {
+                     auto window = std::make_unique<FrmTypeCmnds>(*keyboard_, window_.get());
+                     window->Prepare(keyboard_->CurrentMode);
+                     return window;
+                 }},
+                {"menu control",
+                 [&] {
+                     return std::make_unique<frmMenuControl>(*keyboard_, window_.get());
+                 }},
+                {"label",
+                 [&] {
+                     return std::make_unique<FrmLabel>(*keyboard_, window_.get());
+                 }},
+                {"about",
+                 [&] {
+                     return std::make_unique<frmAbout>(window_.get());
+                 }},
+                {"settings",
+                 [&] {
+                     return std::make_unique<frmSettings>(*keyboard_, window_.get());
+                 }},
+                {"traffic",
+                 [&] {
+                     return std::make_unique<traffic_window::FrmTraffic>(*keyboard_, window_.get());
+                 }},
+                {"simulated site",
+                 [&] {
+                     return std::make_unique<site_window::FrmSimulatedSite>(*keyboard_,
+                                                                            window_.get());
+                 }},
+            };
+            for (const auto& [name, make] : windows) {
+                const std::unique_ptr<QWidget> window = make();
+                check(window.get(), name + in);
+                window->hide();
+            }
+        }
+    }
+};
+
+TEST_F(AccessibilityTest, EveryWindowIsHeardAsAWindowAndEveryControlByWhatItIs) {
+    ForEveryWindow([this](QWidget* window, const std::string& where) {
         window->show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
         const Findings findings = Check(window);
@@ -114,61 +176,68 @@ protected:
         for (const QString& fault : findings.faults) {
             ADD_FAILURE() << where << ": " << fault.toStdString();
         }
-        window->hide();
-    }
-};
+    });
+}
 
-TEST_F(AccessibilityTest, EveryWindowIsHeardAsAWindowAndEveryControlByWhatItIs) {
-    for (const char* mode : {"D", "P", "ASCII", "MUX ASCII"}) {
-        Start(mode);
-        const std::string in = std::string(" in ") + mode;
-        ExpectHeardWell(window_.get(), "main window" + in);
-        LevelAdjusters levels;
-        const std::pair<std::string, std::function<std::unique_ptr<QWidget>()>> windows[] = {
-            {"advanced commands",
-             [&] {
-                 return std::make_unique<FrmAdvancedCommands>(*keyboard_, window_.get());
-             }},
-            {"extended commands",
-             [&] {
-                 return std::make_unique<FrmExtendedCommands>(*keyboard_, levels, window_.get());
-             }},
-            {"type commands",
-             [&] {
-                 auto window = std::make_unique<FrmTypeCmnds>(*keyboard_, window_.get());
-                 window->Prepare(keyboard_->CurrentMode);
-                 return window;
-             }},
-            {"menu control",
-             [&] {
-                 return std::make_unique<frmMenuControl>(*keyboard_, window_.get());
-             }},
-            {"label",
-             [&] {
-                 return std::make_unique<FrmLabel>(*keyboard_, window_.get());
-             }},
-            {"about",
-             [&] {
-                 return std::make_unique<frmAbout>(window_.get());
-             }},
-            {"settings",
-             [&] {
-                 return std::make_unique<frmSettings>(*keyboard_, window_.get());
-             }},
-            {"traffic",
-             [&] {
-                 return std::make_unique<traffic_window::FrmTraffic>(*keyboard_, window_.get());
-             }},
-            {"simulated site",
-             [&] {
-                 return std::make_unique<site_window::FrmSimulatedSite>(*keyboard_, window_.get());
-             }},
-        };
-        for (const auto& [name, make] : windows) {
-            const std::unique_ptr<QWidget> window = make();
-            ExpectHeardWell(window.get(), name + in);
+TEST_F(AccessibilityTest, TabAndShiftTabLeaveEveryControlOfEveryWindow) {
+    ForEveryWindow([](QWidget* window, const std::string& where) {
+        window->show();
+        window->activateWindow();
+        // A dialog shares its owner's activation; the keys go where the application says.
+        ASSERT_TRUE(WaitUntil([&] { return QApplication::activeWindow() == window; })) << where;
+        QList<QWidget*> stops;
+        for (QWidget* control : window->findChildren<QWidget*>()) {
+            if ((control->focusPolicy() & Qt::TabFocus) && control->isVisible() &&
+                control->isEnabled() && control->focusProxy() == nullptr) {
+                stops.append(control);
+            }
         }
-    }
+        if (stops.size() < 2) {
+            return; // a window of one box (the label window) has nowhere else to go
+        }
+        for (QWidget* control : stops) {
+            for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Backtab}) {
+                control->setFocus(Qt::TabFocusReason);
+                QWidget* before = QApplication::focusWidget();
+                ASSERT_TRUE(before == control || control->isAncestorOf(before))
+                    << where << ": " << control->objectName().toStdString() << " took no focus";
+                QTest::keyClick(before, key);
+                QWidget* after = QApplication::focusWidget();
+                EXPECT_TRUE(after != before && !before->isAncestorOf(after))
+                    << where << ": " << (key == Qt::Key_Tab ? "Tab" : "Shift+Tab") << " stays in "
+                    << control->objectName().toStdString() << " ("
+                    << control->metaObject()->className() << ")";
+            }
+        }
+    });
+}
+
+TEST_F(AccessibilityTest, TheSettingsWindowOpensOnTheCheckedBaudRateAndArrowsMoveWithinIt) {
+    WriteSettings("4800\r\nn\r\nFalse\r\n1 2\r\nD\r\n1\r\n");
+    Load();
+    QString focused;
+    QString afterDown;
+    bool checked = false;
+    QTimer poll;
+    poll.setInterval(10);
+    QObject::connect(&poll, &QTimer::timeout, [&] {
+        auto* settings = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        if (settings == nullptr || QApplication::focusWidget() == nullptr ||
+            !settings->isAncestorOf(QApplication::focusWidget())) {
+            return;
+        }
+        poll.stop();
+        focused = QApplication::focusWidget()->objectName();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+        afterDown = QApplication::focusWidget()->objectName();
+        checked = settings->findChild<QRadioButton*>(QStringLiteral("BR9600"))->isChecked();
+        settings->reject();
+    });
+    poll.start();
+    Choose("Settings_Menu_Option");
+    EXPECT_EQ(focused, u"BR4800") << "the checked baud rate, where the window opens";
+    EXPECT_EQ(afterDown, u"BR9600");
+    EXPECT_TRUE(checked) << "the arrow chooses as it moves";
 }
 
 TEST(RowActionName, SaysTheActionWithWhatItActsOn) {
