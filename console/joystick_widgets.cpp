@@ -8,6 +8,10 @@ namespace quellpad {
 JoystickSquare::JoystickSquare(QWidget* parent) : QWidget(parent) {
     setObjectName(QStringLiteral("Joystick_Square"));
     setAccessibleName(QStringLiteral("Joystick"));
+    setAccessibleDescription(
+        QStringLiteral("Drag with the left button to pan and tilt: the further from the centre, "
+                       "the faster. A right click latches the knob to the pointer until the next "
+                       "right click."));
     setMouseTracking(true);
     setCursor(Qt::CrossCursor);
 }

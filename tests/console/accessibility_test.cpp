@@ -69,7 +69,11 @@ void Walk(QAccessibleInterface* node, Findings& findings, QHash<QString, QString
     if (name.contains(control) || name.endsWith(u' ') || name.startsWith(u' ')) {
         findings.faults << QStringLiteral("control characters or edge blanks in ") + Describe(node);
     }
-    if (Interactive(role) && name.trimmed().isEmpty()) {
+    // A picture the operator acts on or reads (the joystick, a key of the menu window) is a
+    // control drawn by the program itself: it must say what it is.
+    const bool drawn = role == QAccessible::Client && node->childCount() == 0 && node->object() &&
+                       !node->object()->objectName().startsWith(u"qt_");
+    if ((Interactive(role) || drawn) && name.trimmed().isEmpty()) {
         findings.faults << QStringLiteral("no name: ") + Describe(node);
     }
     if ((role == QAccessible::ComboBox || role == QAccessible::EditableText) && !name.isEmpty() &&
@@ -238,6 +242,14 @@ TEST_F(AccessibilityTest, TheSettingsWindowOpensOnTheCheckedBaudRateAndArrowsMov
     EXPECT_EQ(focused, u"BR4800") << "the checked baud rate, where the window opens";
     EXPECT_EQ(afterDown, u"BR9600");
     EXPECT_TRUE(checked) << "the arrow chooses as it moves";
+}
+
+TEST_F(AccessibilityTest, TheJoystickSaysHowToDriveIt) {
+    Start("D");
+    QAccessibleInterface* joystick =
+        QAccessible::queryAccessibleInterface(Child("Joystick_Square"));
+    EXPECT_EQ(joystick->text(QAccessible::Name), u"Joystick");
+    EXPECT_TRUE(joystick->text(QAccessible::Description).contains(u"right click"));
 }
 
 TEST(RowActionName, SaysTheActionWithWhatItActsOn) {
