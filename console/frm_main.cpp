@@ -143,13 +143,7 @@ void FrmMain::Form_Load() {
 }
 
 void FrmMain::LoadKeyboard() {
-    QPalette grey = palette();
-    grey.setColor(QPalette::Window, QColor(0xC0, 0xC0, 0xC0));
-    // Greyed-out menus and captions must still read against the grey.
-    for (const auto role : {QPalette::WindowText, QPalette::ButtonText, QPalette::Text}) {
-        grey.setColor(QPalette::Disabled, role, QColor(0x6a, 0x6a, 0x6a));
-    }
-    setPalette(grey);
+    // The keyboard's face takes the desktop's colours, light, dark or high-contrast alike.
     canvas_->setAutoFillBackground(true);
 
     const QStringList problems = StartKeyboard(keyboard_);

@@ -144,15 +144,15 @@ const AdjusterRow kAdjusterRows[] = {
 };
 
 QLabel* MakeDisplay(QWidget* parent, const char* name, const QString& caption) {
-    QLabel* display = ui::MakeLabel(parent, name);
-    display->setAccessibleName(caption);
+    // A reading: heard by its caption, with the value it shows.
+    QLabel* display = ui::MakeReadout(parent, name, caption);
     display->setFrameStyle(QFrame::Panel | QFrame::Sunken);
     display->setAlignment(Qt::AlignCenter);
     display->setMinimumWidth(display->fontMetrics().horizontalAdvance(QStringLiteral("00000")));
+    // Drawn as a box that holds a value, in the desktop's colours for one.
     display->setAutoFillBackground(true);
-    QPalette white = display->palette();
-    white.setColor(QPalette::Window, Qt::white);
-    display->setPalette(white);
+    display->setBackgroundRole(QPalette::Base);
+    display->setForegroundRole(QPalette::Text);
     return display;
 }
 

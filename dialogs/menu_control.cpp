@@ -236,9 +236,6 @@ frmMenuControl::frmMenuControl(Quellpad_Support_Func& keyboard, QWidget* parent)
     : QDialog(parent), keyboard_(keyboard), boundary_(this) {
     dialog_parts::SetUpWindow(this, "frmMenuControl", QStringLiteral("Arrow/Menu Control"));
     setFocusPolicy(Qt::StrongFocus);
-    QPalette grey = palette();
-    grey.setColor(QPalette::Window, QColor(0xC0, 0xC0, 0xC0));
-    setPalette(grey);
     setAutoFillBackground(true);
 
     InstructionsLabel = ui::MakeLabel(this, "InstructionsLabel", MenuControlInstructions());

@@ -12,16 +12,27 @@
 #include "ui/controls.h"
 
 #include <QAbstractItemView>
+#include <QAbstractSpinBox>
 #include <QAccessible>
 #include <QApplication>
+#include <QComboBox>
+#include <QGroupBox>
 #include <QHash>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QRegularExpression>
+#include <QScopeGuard>
+#include <QStyle>
 #include <QTest>
 #include <QTimer>
 
+#include <cmath>
 #include <functional>
+#include <iostream>
 #include <memory>
+#include <optional>
 
 namespace quellpad::test {
 namespace {
@@ -242,6 +253,119 @@ TEST_F(AccessibilityTest, TheSettingsWindowOpensOnTheCheckedBaudRateAndArrowsMov
     EXPECT_EQ(focused, u"BR4800") << "the checked baud rate, where the window opens";
     EXPECT_EQ(afterDown, u"BR9600");
     EXPECT_TRUE(checked) << "the arrow chooses as it moves";
+}
+
+// WCAG's relative luminance and contrast ratio.
+double Luminance(const QColor& colour) {
+    const auto linear = [](double c) {
+        return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+           0.0722 * linear(colour.blueF());
+}
+double Contrast(const QColor& a, const QColor& b) {
+    const double la = Luminance(a);
+    const double lb = Luminance(b);
+    return (std::max(la, lb) + 0.05) / (std::min(la, lb) + 0.05);
+}
+
+// The text a control shows, its colour and the colour drawn behind it; nullopt for a
+// control that shows no text of its own.
+std::optional<std::pair<QColor, QColor>> TextAndBackground(const QWidget* control) {
+    const QPalette& p = control->palette();
+    const bool box = qobject_cast<const QLineEdit*>(control) ||
+                     qobject_cast<const QAbstractSpinBox*>(control) ||
+                     qobject_cast<const QAbstractScrollArea*>(control);
+    if (box) {
+        return std::pair{p.color(QPalette::Text), p.color(QPalette::Base)};
+    }
+    if (qobject_cast<const QPushButton*>(control) || qobject_cast<const QComboBox*>(control)) {
+        return std::pair{p.color(QPalette::ButtonText), p.color(QPalette::Button)};
+    }
+    const auto* label = qobject_cast<const QLabel*>(control);
+    const auto* option = qobject_cast<const QAbstractButton*>(control);
+    const auto* frame = qobject_cast<const QGroupBox*>(control);
+    const bool text = (label && !label->text().isEmpty()) ||
+                      (option && !option->text().isEmpty()) || (frame && !frame->title().isEmpty());
+    if (!text) {
+        return std::nullopt;
+    }
+    for (const QWidget* behind = control; behind; behind = behind->parentWidget()) {
+        if (behind->autoFillBackground() || behind->isWindow()) {
+            return std::pair{p.color(control->foregroundRole()),
+                             behind->palette().color(behind->backgroundRole())};
+        }
+    }
+    return std::nullopt;
+}
+
+QPalette DarkPalette() {
+    QPalette dark;
+    const QColor window(0x2d, 0x2f, 0x33), base(0x1e, 0x20, 0x23), text(0xe8, 0xe8, 0xe8);
+    for (const auto& [role, colour] : {std::pair{QPalette::Window, window},
+                                      {QPalette::WindowText, text},
+                                      {QPalette::Base, base},
+                                      {QPalette::AlternateBase, window},
+                                      {QPalette::Text, text},
+                                      {QPalette::Button, QColor(0x3a, 0x3d, 0x42)},
+                                      {QPalette::ButtonText, text},
+                                      {QPalette::Highlight, QColor(0x3d, 0x7a, 0xd6)},
+                                      {QPalette::HighlightedText, text},
+                                      {QPalette::ToolTipBase, base},
+                                      {QPalette::ToolTipText, text}}) {
+        dark.setColor(role, colour);
+    }
+    return dark;
+}
+
+QPalette HighContrastPalette() {
+    QPalette contrast;
+    for (const auto role : {QPalette::Window, QPalette::Base, QPalette::AlternateBase,
+                            QPalette::Button, QPalette::ToolTipBase}) {
+        contrast.setColor(role, Qt::black);
+    }
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText,
+                            QPalette::ToolTipText, QPalette::HighlightedText}) {
+        contrast.setColor(role, Qt::white);
+    }
+    contrast.setColor(QPalette::Highlight, QColor(0x00, 0x00, 0xc0));
+    return contrast;
+}
+
+TEST_F(AccessibilityTest, EveryTextReadsAgainstItsBackgroundUnderEveryPalette) {
+    const QPalette desktop = QApplication::palette();
+    const auto restore = qScopeGuard([&] { QApplication::setPalette(desktop); });
+    const std::pair<const char*, QPalette> palettes[] = {
+        {"light", QApplication::style()->standardPalette()},
+        {"dark", DarkPalette()},
+        {"high contrast", HighContrastPalette()}};
+    for (const auto& [paletteName, palette] : palettes) {
+        QApplication::setPalette(palette);
+        ForEveryWindow([&](QWidget* window, const std::string& where) {
+            window->show();
+            window->grab(); // polished and drawn as the operator sees it
+            int checked = 0;
+            double lowest = 21;
+            for (const QWidget* control : window->findChildren<QWidget*>()) {
+                // The echo boxes keep their own dark face and bright text in every palette.
+                if (!control->isVisible() || !control->isEnabled() || ui::IsReadout(control) ||
+                    !control->styleSheet().isEmpty()) {
+                    continue;
+                }
+                if (const auto colours = TextAndBackground(control)) {
+                    ++checked;
+                    const double ratio = Contrast(colours->first, colours->second);
+                    lowest = std::min(lowest, ratio);
+                    EXPECT_GE(ratio, 4.5) << where << " under the " << paletteName
+                                          << " palette: " << control->objectName().toStdString()
+                                          << " " << colours->first.name().toStdString() << " on "
+                                          << colours->second.name().toStdString();
+                }
+            }
+            std::cout << "contrast: " << where << ", " << paletteName << ": " << checked
+                      << " texts, lowest " << lowest << "\n";
+        });
+    }
 }
 
 TEST_F(AccessibilityTest, TheJoystickSaysHowToDriveIt) {
