@@ -117,8 +117,8 @@ void FrmMain::ConnectHandlers() {
     connect(&keyboard_, &Quellpad_Support_Func::LineReplaced, this, &FrmMain::Port_Rebound);
     connect(&keyboard_, &Quellpad_Support_Func::CommandEchoed, this,
             [this](const QString& com1, const QString& com2) {
-                COM1CommandLabel->setText(com1);
-                COM2CommandLabel->setText(com2);
+                ui::ShowReading(COM1CommandLabel, com1);
+                ui::ShowReading(COM2CommandLabel, com2);
             });
 }
 

@@ -353,6 +353,7 @@ void FrmMain::BuildControls() {
     settingsPlace_ = new ui::StatusText(this, "SettingsPlaceLabel");
     statusBar()->addPermanentWidget(settingsPlace_);
     statusBar()->setSizeGripEnabled(true);
+    statusBar()->setAccessibleName(QStringLiteral("Status"));
     // The window's own keys (the menu-access key) must reach it whatever was clicked.
     ui::TakeButtonsOutOfTabOrder(this);
 

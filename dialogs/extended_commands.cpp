@@ -243,10 +243,10 @@ FrmExtendedCommands::FrmExtendedCommands(Quellpad_Support_Func& keyboard, LevelA
         grid2->addWidget(display, at, 2);
         grid2->addWidget(up, at, 3);
     }
-    Display(AdjustTarget::IrisLevel)->setNum(adjusters_.IrisLevel);
-    Display(AdjustTarget::IrisPeak)->setNum(adjusters_.IrisPeak);
-    Display(AdjustTarget::RedGain)->setNum(adjusters_.RedGain);
-    Display(AdjustTarget::BlueGain)->setNum(adjusters_.BlueGain);
+    ui::ShowReading(Display(AdjustTarget::IrisLevel), QString::number(adjusters_.IrisLevel));
+    ui::ShowReading(Display(AdjustTarget::IrisPeak), QString::number(adjusters_.IrisPeak));
+    ui::ShowReading(Display(AdjustTarget::RedGain), QString::number(adjusters_.RedGain));
+    ui::ShowReading(Display(AdjustTarget::BlueGain), QString::number(adjusters_.BlueGain));
 
     auto* frame3 = ui::MakeFrame(this, "Frame3", QStringLiteral("Shutter Speed"));
     auto* grid3 = new QGridLayout(frame3);
@@ -375,7 +375,7 @@ void FrmExtendedCommands::Adjuster_MouseUp() {
 
 void FrmExtendedCommands::AdjustTimer_Timer() {
     const LevelAdjusters::Step step = adjusters_.Tick();
-    Display(adjusters_.Target)->setNum(step.level);
+    ui::ShowReading(Display(adjusters_.Target), QString::number(step.level));
     LoadCommand(keyboard_, step.bytes);
     if (step.stopTimer) {
         AdjustTimer->stop();

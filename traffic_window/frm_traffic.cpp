@@ -207,10 +207,10 @@ void FrmTraffic::ClearButton_Click() {
 }
 
 void FrmTraffic::ShowStatus() {
-    TrafficStatusLabel->setText(tr("%1 rows, %2 dropped%3")
-                                    .arg(model_.rowCount())
-                                    .arg(model_.Dropped())
-                                    .arg(model_.Paused() ? tr(" (paused)") : QString()));
+    ui::ShowReading(TrafficStatusLabel, tr("%1 rows, %2 dropped%3")
+                                            .arg(model_.rowCount())
+                                            .arg(model_.Dropped())
+                                            .arg(model_.Paused() ? tr(" (paused)") : QString()));
 }
 
 bool FrmTraffic::eventFilter(QObject* watched, QEvent* event) {

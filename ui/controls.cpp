@@ -35,10 +35,41 @@ template <class Control> Control* Named(Control* control, const char* name) {
 
 constexpr const char* kReadoutName = "quellpadReadoutName";
 
-// A readout is heard by its fixed name, with its text as value and description.
-class ReadoutAccessible final : public QAccessibleWidget {
+// The text of a label as a screen reader reads a text: whole, by characters, by words.
+// It cannot be selected or edited.
+class LabelText : public QAccessibleTextInterface {
 public:
-    explicit ReadoutAccessible(QLabel* label) : QAccessibleWidget(label, QAccessible::StaticText) {}
+    explicit LabelText(const QLabel* label) : label_(label) {}
+
+    QString text(int start, int end) const override {
+        return label_->text().mid(start, end - start);
+    }
+    int characterCount() const override { return static_cast<int>(label_->text().size()); }
+    int cursorPosition() const override { return 0; }
+    void setCursorPosition(int) override {}
+    int selectionCount() const override { return 0; }
+    void selection(int, int* start, int* end) const override { *start = *end = 0; }
+    void addSelection(int, int) override {}
+    void removeSelection(int) override {}
+    void setSelection(int, int, int) override {}
+    QString attributes(int, int* start, int* end) const override {
+        *start = 0;
+        *end = characterCount();
+        return {};
+    }
+    QRect characterRect(int) const override { return {}; }
+    int offsetAtPoint(const QPoint&) const override { return -1; }
+    void scrollToSubstring(int, int) override {}
+
+private:
+    const QLabel* label_;
+};
+
+// A readout is heard by its fixed name, with its text as value, description and text.
+class ReadoutAccessible final : public QAccessibleWidget, public LabelText {
+public:
+    explicit ReadoutAccessible(QLabel* label)
+        : QAccessibleWidget(label, QAccessible::StaticText), LabelText(label) {}
 
     QString text(QAccessible::Text kind) const override {
         const auto* label = static_cast<const QLabel*>(widget());
@@ -52,12 +83,25 @@ public:
             return QAccessibleWidget::text(kind);
         }
     }
+    using LabelText::text;
+    void* interface_cast(QAccessible::InterfaceType type) override {
+        return type == QAccessible::TextInterface ? static_cast<QAccessibleTextInterface*>(this)
+                                                  : QAccessibleWidget::interface_cast(type);
+    }
 };
 
 // A caption is heard as one line: where it breaks a line on screen, its name has a blank.
-class CaptionAccessible final : public QAccessibleWidget {
+// Its text can be read as a text, for the captions that change (the status texts).
+class CaptionAccessible final : public QAccessibleWidget, public LabelText {
 public:
-    explicit CaptionAccessible(QLabel* label) : QAccessibleWidget(label, QAccessible::StaticText) {}
+    explicit CaptionAccessible(QLabel* label)
+        : QAccessibleWidget(label, QAccessible::StaticText), LabelText(label) {}
+
+    using LabelText::text;
+    void* interface_cast(QAccessible::InterfaceType type) override {
+        return type == QAccessible::TextInterface ? static_cast<QAccessibleTextInterface*>(this)
+                                                  : QAccessibleWidget::interface_cast(type);
+    }
 
     QString text(QAccessible::Text kind) const override {
         const auto* label = static_cast<const QLabel*>(widget());
@@ -256,6 +300,17 @@ QLabel* MakeReadout(QWidget* parent, const char* name, const QString& accessible
     return label;
 }
 
+void ShowReading(QLabel* label, const QString& text) {
+    const QString before = label->text();
+    if (before == text) {
+        return;
+    }
+    label->setText(text);
+    // A screen reader speaks a changed text when it is told the text changed.
+    QAccessibleTextUpdateEvent changed(label, 0, before, text);
+    QAccessible::updateAccessibility(&changed);
+}
+
 bool IsReadout(const QWidget* control) {
     return control->property(kReadoutName).isValid();
 }
@@ -308,7 +363,7 @@ StatusText::StatusText(QWidget* parent, const char* name) : QLabel(parent) {
 }
 
 void StatusText::Show(const QString& text, const QString& detail) {
-    setText(text);
+    ShowReading(this, text);
     setToolTip(detail.isEmpty() ? text : text + u'\n' + detail);
 }
 

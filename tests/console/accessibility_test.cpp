@@ -24,6 +24,7 @@
 #include <QRadioButton>
 #include <QRegularExpression>
 #include <QScopeGuard>
+#include <QStatusBar>
 #include <QStyle>
 #include <QTest>
 #include <QTimer>
@@ -303,16 +304,16 @@ QPalette DarkPalette() {
     QPalette dark;
     const QColor window(0x2d, 0x2f, 0x33), base(0x1e, 0x20, 0x23), text(0xe8, 0xe8, 0xe8);
     for (const auto& [role, colour] : {std::pair{QPalette::Window, window},
-                                      {QPalette::WindowText, text},
-                                      {QPalette::Base, base},
-                                      {QPalette::AlternateBase, window},
-                                      {QPalette::Text, text},
-                                      {QPalette::Button, QColor(0x3a, 0x3d, 0x42)},
-                                      {QPalette::ButtonText, text},
-                                      {QPalette::Highlight, QColor(0x3d, 0x7a, 0xd6)},
-                                      {QPalette::HighlightedText, text},
-                                      {QPalette::ToolTipBase, base},
-                                      {QPalette::ToolTipText, text}}) {
+                                       {QPalette::WindowText, text},
+                                       {QPalette::Base, base},
+                                       {QPalette::AlternateBase, window},
+                                       {QPalette::Text, text},
+                                       {QPalette::Button, QColor(0x3a, 0x3d, 0x42)},
+                                       {QPalette::ButtonText, text},
+                                       {QPalette::Highlight, QColor(0x3d, 0x7a, 0xd6)},
+                                       {QPalette::HighlightedText, text},
+                                       {QPalette::ToolTipBase, base},
+                                       {QPalette::ToolTipText, text}}) {
         dark.setColor(role, colour);
     }
     return dark;
