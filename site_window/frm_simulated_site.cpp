@@ -1,5 +1,7 @@
 #include "frm_simulated_site.h"
 
+#include "ui/controls.h"
+
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -216,7 +218,7 @@ FrmSimulatedSite::FrmSimulatedSite(Quellpad_Support_Func& keyboard, QWidget* par
     SiteRefreshTimer->setObjectName(QStringLiteral("SiteRefreshTimer"));
     SiteRefreshTimer->setInterval(kRefreshMs);
     connect(SiteRefreshTimer, &QTimer::timeout, this, &FrmSimulatedSite::SiteRefreshTimer_Timer);
-    resize(1200, 700);
+    ui::SizeWithinScreen(this, {1200, 700});
 }
 
 void FrmSimulatedSite::SiteRefreshTimer_Timer() {

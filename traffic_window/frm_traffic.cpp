@@ -123,7 +123,7 @@ FrmTraffic::FrmTraffic(Quellpad_Support_Func& keyboard, QWidget* parent)
     keyboard_.Tap = &recorder_;
 
     ShowStatus();
-    resize(digit * 150, 480);
+    ui::SizeWithinScreen(this, {digit * 150, 480});
 }
 
 FrmTraffic::~FrmTraffic() {

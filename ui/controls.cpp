@@ -14,6 +14,7 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
 #include <QScrollBar>
 #include <QStyle>
 #include <QStyledItemDelegate>
@@ -380,6 +381,23 @@ void StatusText::paintEvent(QPaintEvent*) {
     const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, area.width());
     style()->drawItemText(&painter, area, static_cast<int>(alignment()), palette(), isEnabled(),
                           shown, foregroundRole());
+}
+
+void SizeWithinScreen(QWidget* window, QSize wanted) {
+    const QScreen* screen = window->screen();
+    if (screen == nullptr) {
+        window->resize(wanted);
+        return;
+    }
+    const QRect free = screen->availableGeometry();
+    // Room for the window manager's frame and title bar around it.
+    const QSize room = free.size() * 0.9;
+    const QSize size =
+        wanted.boundedTo(room).expandedTo(window->minimumSizeHint().boundedTo(room));
+    window->resize(size);
+    // Centred, so that its frame stays inside the free area as well.
+    window->move(free.topLeft() + QPoint((free.width() - size.width()) / 2,
+                                         (free.height() - size.height()) / 2));
 }
 
 int TopIndex(const QListWidget* list) {

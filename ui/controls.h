@@ -91,6 +91,10 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 };
 
+// Gives a window of the program's own the size it asks for, or less where its screen's free
+// area is smaller (a laptop's screen, or a doubled scale), centred, so that it opens whole.
+void SizeWithinScreen(QWidget* window, QSize wanted);
+
 // The index of the item at the top of a list's box, -1 when it is empty: what the
 // keyboard reads from a one-line list.
 int TopIndex(const QListWidget* list);

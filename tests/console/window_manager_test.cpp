@@ -117,5 +117,24 @@ TEST_F(WindowManagerTest, TheWindowAppearsOnceAtItsFinalSize) {
         << "the whole window, frame included, is on the screen";
 }
 
+TEST_F(WindowManagerTest, EveryWindowOpensWithinTheScreen) {
+    Start("D");
+    Settled();
+    const QRect screen = window_->screen()->availableGeometry();
+    EXPECT_TRUE(screen.contains(window_->frameGeometry())) << "the keyboard";
+    Choose("mnuTraffic");
+    Choose("SimulatedSiteOption");
+    for (const char* name : {"FrmTraffic", "FrmSimulatedSite"}) {
+        QWidget* window = window_->findChild<QWidget*>(QLatin1String(name));
+        ASSERT_NE(window, nullptr) << name;
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(window)) << name;
+        QTest::qWait(300); // placed and framed by the window manager
+        const QRect frame = window->frameGeometry();
+        EXPECT_TRUE(screen.contains(frame))
+            << name << " at " << frame.x() << "," << frame.y() << " " << frame.width() << "x"
+            << frame.height() << " on a screen of " << screen.width() << "x" << screen.height();
+    }
+}
+
 } // namespace
 } // namespace quellpad::test
