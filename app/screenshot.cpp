@@ -1,11 +1,23 @@
 // Renders the main window offscreen in one mode, or the settings window, and saves it as
-// a PNG, for the README.
+// a PNG, for the README; or shows every window of the program at once on the display, for
+// scripts/accessibility-tree to read what a screen reader hears of each.
 // Usage: quellpad_screenshot MODE OUTPUT.png [WIDTH HEIGHT]
 //        (MODE: "D", "P", "ASCII" or "MUX ASCII"; the size is clamped to the window's minimum)
 //        quellpad_screenshot settings OUTPUT.png
+//        quellpad_screenshot windows MODE
+// QUELLPAD_SCREENSHOT_PALETTE=dark draws it under a dark desktop's palette.
 #include "console/frm_main.h"
+#include "dialogs/about.h"
+#include "dialogs/advanced_commands.h"
+#include "dialogs/extended_commands.h"
+#include "dialogs/frm_label.h"
 #include "dialogs/frm_settings.h"
+#include "dialogs/menu_control.h"
+#include "dialogs/type_commands.h"
 #include "engine/keyboard_state.h"
+#include "site_window/frm_simulated_site.h"
+#include "traffic_window/frm_traffic.h"
+#include "ui/palettes.h"
 
 #include <QApplication>
 #include <QDir>
@@ -21,21 +33,50 @@ int main(int argc, char* argv[]) {
         std::fprintf(stderr, "usage: %s MODE OUTPUT.png [WIDTH HEIGHT]\n", argv[0]);
         return 2;
     }
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QByteArray mode(argv[1]);
+    const bool everyWindow = mode == "windows";
+    if (!everyWindow) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
     QTemporaryDir settings;
     qputenv("QUELLPAD_SETTINGS_DIR", settings.path().toLocal8Bit());
     QFile file(QDir(settings.path()).filePath(QStringLiteral("Settings.dat")));
     if (!file.open(QIODevice::WriteOnly)) {
         return 1;
     }
-    const QByteArray mode(argv[1]);
     const bool settingsWindow = mode == "settings";
-    file.write("9600\r\nn\r\nFalse\r\n1 2\r\n" + QByteArray(settingsWindow ? "D" : argv[1]) +
-               "\r\nNone\r\n");
+    const QByteArray shownMode = everyWindow ? QByteArray(argv[2]) : settingsWindow ? "D" : mode;
+    file.write("9600\r\nn\r\nFalse\r\n1 2\r\n" + shownMode + "\r\nNone\r\n");
     file.close();
 
     QApplication app(argc, argv);
+    if (qEnvironmentVariable("QUELLPAD_SCREENSHOT_PALETTE") == u"dark") {
+        QApplication::setPalette(quellpad::ui::DarkPalette());
+    }
     quellpad::Quellpad_Support_Func keyboard;
+    if (everyWindow) {
+        quellpad::FrmMain window(keyboard);
+        window.Form_Load();
+        window.show();
+        quellpad::LevelAdjusters levels;
+        quellpad::FrmTypeCmnds typed(keyboard, &window);
+        typed.Prepare(keyboard.CurrentMode);
+        quellpad::FrmAdvancedCommands advanced(keyboard, &window);
+        quellpad::FrmExtendedCommands extended(keyboard, levels, &window);
+        quellpad::frmMenuControl menu(keyboard, &window);
+        quellpad::FrmLabel label(keyboard, &window);
+        quellpad::frmAbout about(&window);
+        quellpad::frmSettings settingsDialog(keyboard, &window);
+        quellpad::traffic_window::FrmTraffic traffic(keyboard, &window);
+        quellpad::site_window::FrmSimulatedSite site(keyboard, &window);
+        for (QWidget* shown :
+             std::initializer_list<QWidget*>{&typed, &advanced, &extended, &menu, &label, &about,
+                                             &settingsDialog, &traffic, &site}) {
+            shown->setWindowModality(Qt::NonModal);
+            shown->show();
+        }
+        return QApplication::exec();
+    }
     if (settingsWindow) {
         quellpad::frmSettings window(keyboard);
         window.show();

@@ -10,6 +10,7 @@
 #include "site_window/frm_simulated_site.h"
 #include "traffic_window/frm_traffic.h"
 #include "ui/controls.h"
+#include "ui/palettes.h"
 
 #include <QAbstractItemView>
 #include <QAbstractSpinBox>
@@ -300,46 +301,13 @@ std::optional<std::pair<QColor, QColor>> TextAndBackground(const QWidget* contro
     return std::nullopt;
 }
 
-QPalette DarkPalette() {
-    QPalette dark;
-    const QColor window(0x2d, 0x2f, 0x33), base(0x1e, 0x20, 0x23), text(0xe8, 0xe8, 0xe8);
-    for (const auto& [role, colour] : {std::pair{QPalette::Window, window},
-                                       {QPalette::WindowText, text},
-                                       {QPalette::Base, base},
-                                       {QPalette::AlternateBase, window},
-                                       {QPalette::Text, text},
-                                       {QPalette::Button, QColor(0x3a, 0x3d, 0x42)},
-                                       {QPalette::ButtonText, text},
-                                       {QPalette::Highlight, QColor(0x3d, 0x7a, 0xd6)},
-                                       {QPalette::HighlightedText, text},
-                                       {QPalette::ToolTipBase, base},
-                                       {QPalette::ToolTipText, text}}) {
-        dark.setColor(role, colour);
-    }
-    return dark;
-}
-
-QPalette HighContrastPalette() {
-    QPalette contrast;
-    for (const auto role : {QPalette::Window, QPalette::Base, QPalette::AlternateBase,
-                            QPalette::Button, QPalette::ToolTipBase}) {
-        contrast.setColor(role, Qt::black);
-    }
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText,
-                            QPalette::ToolTipText, QPalette::HighlightedText}) {
-        contrast.setColor(role, Qt::white);
-    }
-    contrast.setColor(QPalette::Highlight, QColor(0x00, 0x00, 0xc0));
-    return contrast;
-}
-
 TEST_F(AccessibilityTest, EveryTextReadsAgainstItsBackgroundUnderEveryPalette) {
     const QPalette desktop = QApplication::palette();
     const auto restore = qScopeGuard([&] { QApplication::setPalette(desktop); });
     const std::pair<const char*, QPalette> palettes[] = {
         {"light", QApplication::style()->standardPalette()},
-        {"dark", DarkPalette()},
-        {"high contrast", HighContrastPalette()}};
+        {"dark", ui::DarkPalette()},
+        {"high contrast", ui::HighContrastPalette()}};
     for (const auto& [paletteName, palette] : palettes) {
         QApplication::setPalette(palette);
         ForEveryWindow([&](QWidget* window, const std::string& where) {
