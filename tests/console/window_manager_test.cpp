@@ -1,5 +1,7 @@
 #include "main_window_fixture.h"
 
+#include "gamepad/frm_joystick.h"
+#include "gamepad/stick_mapping.h"
 #include "ui/controls.h"
 
 #include <QApplication>
@@ -124,7 +126,9 @@ TEST_F(WindowManagerTest, EveryWindowOpensWithinTheScreen) {
     EXPECT_TRUE(screen.contains(window_->frameGeometry())) << "the keyboard";
     Choose("mnuTraffic");
     Choose("SimulatedSiteOption");
-    for (const char* name : {"FrmTraffic", "FrmSimulatedSite"}) {
+    FrmJoystick joystick(DefaultGamepadBindings(), window_.get());
+    joystick.show();
+    for (const char* name : {"FrmTraffic", "FrmSimulatedSite", "FrmJoystick"}) {
         QWidget* window = window_->findChild<QWidget*>(QLatin1String(name));
         ASSERT_NE(window, nullptr) << name;
         ASSERT_TRUE(QTest::qWaitForWindowExposed(window)) << name;
@@ -133,6 +137,10 @@ TEST_F(WindowManagerTest, EveryWindowOpensWithinTheScreen) {
         EXPECT_TRUE(screen.contains(frame))
             << name << " at " << frame.x() << "," << frame.y() << " " << frame.width() << "x"
             << frame.height() << " on a screen of " << screen.width() << "x" << screen.height();
+        // At its smallest it still shows all it holds within the screen.
+        const QSize smallest = window->minimumSizeHint().expandedTo(window->minimumSize());
+        EXPECT_TRUE(smallest.width() <= screen.width() && smallest.height() <= screen.height())
+            << name << " needs " << smallest.width() << "x" << smallest.height();
     }
 }
 
