@@ -19,24 +19,6 @@ namespace {
 class CommandWindowsTest : public MainWindowFixture {
 protected:
     bool Running(const char* timer) const { return Child<QTimer>(timer)->isActive(); }
-    // Runs `inside` on the modal window once it is up; the window is closed after it.
-    // Returns false when no window came up.
-    bool WhileOpen(const std::function<void()>& open, const std::function<void(QDialog&)>& inside) {
-        bool opened = false;
-        QTimer poll;
-        poll.setInterval(10);
-        QObject::connect(&poll, &QTimer::timeout, [&] {
-            if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
-                poll.stop();
-                opened = true;
-                inside(*dialog);
-                dialog->reject();
-            }
-        });
-        poll.start();
-        open();
-        return opened;
-    }
 };
 
 TEST_F(CommandWindowsTest, TypedCommandsPauseBothTimersShowRepliesAndRestoreTheTimers) {

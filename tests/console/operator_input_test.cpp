@@ -31,26 +31,6 @@ namespace {
 // and the modal windows opened over it.
 class OperatorInputTest : public MainWindowFixture {
 protected:
-    // Runs `inside` on the modal window once it is up, then closes it; false when none came.
-    static bool WhileOpen(const std::function<void()>& open,
-                          const std::function<void(QDialog&)>& inside = {}) {
-        bool opened = false;
-        QTimer poll;
-        poll.setInterval(10);
-        QObject::connect(&poll, &QTimer::timeout, [&] {
-            if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
-                poll.stop();
-                opened = true;
-                if (inside) {
-                    inside(*dialog);
-                }
-                dialog->reject();
-            }
-        });
-        poll.start();
-        open();
-        return opened;
-    }
     // The smallest size, 30 between it and the whole screen, the whole screen, and back;
     // then sizes below the smallest, which the window must refuse.
     std::vector<QSize> SmallestToLargestAndBack() const {

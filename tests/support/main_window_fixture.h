@@ -6,8 +6,12 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QDialog>
 #include <QMouseEvent>
 #include <QTest>
+#include <QTimer>
+
+#include <functional>
 
 namespace quellpad::test {
 
@@ -37,6 +41,27 @@ protected:
         return child;
     }
     void Choose(const char* item) { Child<QAction>(item)->trigger(); }
+    // Runs `inside` on the modal window that `open` brings up, then closes the window;
+    // false when none came up.
+    static bool WhileOpen(const std::function<void()>& open,
+                          const std::function<void(QDialog&)>& inside = {}) {
+        bool opened = false;
+        QTimer poll;
+        poll.setInterval(10);
+        QObject::connect(&poll, &QTimer::timeout, [&] {
+            if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+                poll.stop();
+                opened = true;
+                if (inside) {
+                    inside(*dialog);
+                }
+                dialog->reject();
+            }
+        });
+        poll.start();
+        open();
+        return opened;
+    }
     bool Shown(const char* name) const { return Child(name)->isVisibleTo(window_.get()); }
     // A point of the joystick square, as fractions of its side from its centre.
     QPoint InSquare(double right, double down) const {
