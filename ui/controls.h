@@ -52,6 +52,8 @@ QTimer* MakeTimer(QWidget* parent, const char* name);
 // a screen reader hears it by its fixed name, and its current text as its value.
 QLabel* MakeReadout(QWidget* parent, const char* name, const QString& accessibleName);
 bool IsReadout(const QWidget* control);
+// The fixed name a screen reader hears a readout by.
+QString ReadoutName(const QWidget* control);
 // Shows a new reading (or status text) and tells a screen reader, which speaks it.
 void ShowReading(QLabel* label, const QString& text);
 
