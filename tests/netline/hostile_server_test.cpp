@@ -1,0 +1,141 @@
+// The network lines against servers that misbehave on purpose: the program must stay
+// small and responsive, tell each failure once, and come back when the server does.
+#include "fixtures.h"
+#include "hostile_server.h"
+
+#include "engine/errors.h"
+#include "netline/network_line.h"
+
+#include <QElapsedTimer>
+#include <QSignalSpy>
+#include <QTimer>
+
+#include <algorithm>
+
+namespace quellpad::test {
+namespace {
+
+using Behaviour = HostileServer::Behaviour;
+
+// Seconds each hostile run lasts; QUELLPAD_HOSTILE_SECONDS=60 gives the long figures.
+int RunSeconds() {
+    const int seconds = qEnvironmentVariableIntValue("QUELLPAD_HOSTILE_SECONDS");
+    return seconds > 0 ? seconds : 3;
+}
+
+// Runs the event loop for `ms` with a 10 ms timer beside it, as the dispatcher's tick is;
+// returns the longest the timer had to wait between two ticks.
+qint64 LongestStall(int ms, const std::function<void()>& eachTick = {}) {
+    QElapsedTimer clock;
+    clock.start();
+    qint64 last = 0;
+    qint64 longest = 0;
+    QTimer tick;
+    tick.setTimerType(Qt::PreciseTimer);
+    tick.setInterval(10);
+    QObject::connect(&tick, &QTimer::timeout, [&] {
+        const qint64 now = clock.elapsed();
+        longest = std::max(longest, now - last);
+        last = now;
+        if (eachTick) {
+            eachTick();
+        }
+    });
+    tick.start();
+    WaitUntil([&] { return clock.elapsed() >= ms; }, ms + 1000);
+    return longest;
+}
+
+void WriteFrames(SerialLine& line, int bytes) {
+    for (int i = 0; i < bytes; ++i) {
+        line.Output(static_cast<std::uint8_t>(i));
+    }
+}
+
+struct Hostility {
+    const char* name;
+    Behaviour behaviour;
+    bool rfc2217;
+    int framesPerTick; // bytes the keyboard writes every 10 ms
+};
+
+const Hostility kNeverReading[] = {
+    {"raw line, frames to a server that never reads", Behaviour::NeverReads, false, 32768},
+    {"RFC 2217 line, frames to a server that never reads", Behaviour::NeverReads, true, 32768},
+    {"RFC 2217 line, endless refused options from a server that never reads",
+     Behaviour::FloodsNegotiation, true, 0},
+};
+
+TEST(HostileServer, AServerThatNeverReadsCostsBoundedMemoryAndTheWindowKeepsAnswering) {
+    for (const Hostility& c : kNeverReading) {
+        HostileServer server(c.behaviour);
+        NetworkLine line(1, server.Url(c.rfc2217));
+        line.SetSettings("9600,n,8,1");
+        line.Open();
+        ASSERT_TRUE(WaitUntil([&] { return line.IsConnected(); })) << c.name;
+        LongestStall(1200); // past the option negotiation, whatever the server says
+        const qint64 before = ResidentBytes();
+        const qint64 stall = LongestStall(RunSeconds() * 1000, [&] {
+            if (line.IsOpen()) {
+                WriteFrames(line, c.framesPerTick);
+            }
+        });
+        const qint64 grown = ResidentBytes() - before;
+        std::printf("[ hostile  ] %s: resident %lld MB after %d s (grew %lld kB), longest "
+                    "stall %lld ms\n",
+                    c.name, ResidentBytes() >> 20, RunSeconds(), grown >> 10, stall);
+        EXPECT_LT(grown, 16 << 20) << c.name;
+        EXPECT_LT(stall, 250) << c.name;
+        EXPECT_TRUE(line.IsOpen()) << c.name << ": a server that reads nothing is still there";
+    }
+}
+
+// What is written past the cap is lost, the operator hears of it once, and the line
+// sends again, by itself, once the server reads.
+TEST(HostileServer, AServerThatStopsReadingIsToldOnceAndTheLineSendsAgainWhenItReads) {
+    for (const bool rfc2217 : {false, true}) {
+        HostileServer server(Behaviour::NeverReads);
+        NetworkLine line(1, server.Url(rfc2217));
+        line.SetSettings("9600,n,8,1");
+        QSignalSpy stalled(&line, &SerialLine::LineStalled);
+        QSignalSpy flowing(&line, &SerialLine::LineFlowing);
+        line.Open();
+        ASSERT_TRUE(WaitUntil([&] { return line.IsConnected(); }));
+        LongestStall(1200);
+        ASSERT_TRUE(WaitUntil(
+            [&] {
+                WriteFrames(line, 65536);
+                return line.IsStalled();
+            },
+            20000))
+            << "the system's buffers fill at last";
+        ASSERT_TRUE(WaitUntil([&] { return !stalled.isEmpty(); }));
+        WriteFrames(line, 4 * kSendLimit);
+        LongestStall(200);
+        ASSERT_EQ(stalled.size(), 1) << rfc2217;
+        EXPECT_TRUE(stalled[0][0].toString().startsWith(
+            QStringLiteral("COM 1 (%1): the server does not read what is sent to it; ")
+                .arg(server.Url(rfc2217))))
+            << stalled[0][0].toString().toStdString();
+        EXPECT_TRUE(flowing.isEmpty());
+
+        server.StartReading();
+        ASSERT_TRUE(WaitUntil([&] { return !flowing.isEmpty(); }, 10000)) << rfc2217;
+        EXPECT_EQ(flowing[0][0].toString(),
+                  QStringLiteral("COM 1 (%1): the server reads again, and what the keyboard "
+                                 "sends leaves once more.")
+                      .arg(server.Url(rfc2217)));
+        EXPECT_FALSE(line.IsStalled());
+        ASSERT_TRUE(WaitUntil([&] { return line.IsConnected() && !line.IsStalled(); }));
+        const qint64 before = server.BytesRead();
+        LongestStall(300);
+        const qint64 drained = server.BytesRead();
+        WriteFrames(line, 100);
+        EXPECT_TRUE(WaitUntil([&] { return server.BytesRead() >= drained + 100; }))
+            << rfc2217 << ": read " << server.BytesRead() - before;
+        EXPECT_EQ(stalled.size(), 1);
+    }
+}
+
+} // namespace
+} // namespace quellpad::test
