@@ -2,12 +2,16 @@
 // small and responsive, tell each failure once, and come back when the server does.
 #include "fixtures.h"
 #include "hostile_server.h"
+#include "message_boxes.h"
 
+#include "console/frm_main.h"
 #include "engine/errors.h"
 #include "netline/network_line.h"
+#include "ui/controls.h"
 
 #include <QElapsedTimer>
 #include <QSignalSpy>
+#include <QTest>
 #include <QTimer>
 
 #include <algorithm>
@@ -134,6 +138,77 @@ TEST(HostileServer, AServerThatStopsReadingIsToldOnceAndTheLineSendsAgainWhenItR
         EXPECT_TRUE(WaitUntil([&] { return server.BytesRead() >= drained + 100; }))
             << rfc2217 << ": read " << server.BytesRead() - before;
         EXPECT_EQ(stalled.size(), 1);
+    }
+}
+
+// The main window on COM 1 bound to a server that keeps dropping the connection, with
+// the real message boxes an operator gets.
+class FlappingServerTest : public KeyboardFixture {
+protected:
+    void SetUp() override {
+        KeyboardFixture::SetUp();
+        recorded_ = ui::SetMessagePresenter(RealMessagePresenter());
+    }
+    void TearDown() override {
+        window_.reset();
+        keyboard_.reset();
+        ui::SetMessagePresenter(recorded_);
+        KeyboardFixture::TearDown();
+    }
+    void Start(const QString& url) {
+        WriteSettings("2400\r\nn\r\nFalse\r\n1 2\r\nD\r\n1\r\n");
+        Bind(1, url);
+        keyboard_ = std::make_unique<Quellpad_Support_Func>(&MakeNetworkOrDeviceLine);
+        dynamic_cast<NetworkLine&>(keyboard_->MSComm1()).SetRetryInterval(200);
+        window_ = std::make_unique<FrmMain>(*keyboard_);
+        window_->Form_Load();
+        window_->show();
+    }
+    QString StatusText() const {
+        return window_->findChild<QLabel*>(QStringLiteral("PortBindingsLabel"))->text();
+    }
+
+    ui::MessagePresenter recorded_;
+    std::unique_ptr<FrmMain> window_;
+};
+
+TEST_F(FlappingServerTest, APortThatKeepsDroppingIsToldOneBoxAtATimeThenInTheStatusBar) {
+    struct Case {
+        const char* name;
+        Behaviour behaviour;
+        int closeAfterMs; // the operator reads each box this long; -1: never closes it
+        int boxes;
+    };
+    const Case cases[] = {
+        {"resets, the box left up", Behaviour::ResetsEveryPeriod, -1, 1},
+        {"resets, each box closed", Behaviour::ResetsEveryPeriod, 300, 1},
+        {"half-closes, each box closed", Behaviour::HalfClosesEveryPeriod, 300, 1},
+    };
+    for (const Case& c : cases) {
+        HostileServer server(c.behaviour, 300);
+        Start(server.Url(false));
+        MessageBoxWatch watch(c.closeAfterMs);
+        int boxes = 0; // those shown while the server flapped
+        QTimer::singleShot(RunSeconds() * 1000, [&] {
+            boxes = watch.Shown();
+            watch.CloseAll();
+        });
+        QElapsedTimer clock;
+        clock.start();
+        WaitUntil([&] { return clock.elapsed() > RunSeconds() * 1000 + 200; },
+                  RunSeconds() * 1000 + 5000);
+        std::printf("[ hostile  ] %s: %d boxes in %d s, %d accepted connections, at most %d "
+                    "at once\n",
+                    c.name, boxes, RunSeconds(), server.Accepted(), watch.MostAtOnce());
+        EXPECT_GE(server.Accepted(), 3) << c.name << ": the line keeps reconnecting";
+        EXPECT_EQ(watch.MostAtOnce(), 1) << c.name;
+        EXPECT_EQ(boxes, c.boxes) << c.name;
+        if (c.closeAfterMs >= 0) {
+            EXPECT_TRUE(StatusText().contains(u"more since the last message"))
+                << c.name << ": " << StatusText().toStdString();
+        }
+        window_.reset();
+        keyboard_.reset();
     }
 }
 
