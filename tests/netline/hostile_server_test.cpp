@@ -141,6 +141,32 @@ TEST(HostileServer, AServerThatStopsReadingIsToldOnceAndTheLineSendsAgainWhenItR
     }
 }
 
+// A server whose queue is full takes the call and never answers: told once for the whole
+// outage however often the line tries again, and the window never waits on it.
+TEST(HostileServer, AServerThatNeverAnswersItsBacklogIsToldOnceAndNeverWaitedOn) {
+    HostileServer server(Behaviour::NeverAnswersBacklog);
+    NetworkLine line(1, server.Url(false));
+    line.SetConnectTimeout(300);
+    line.SetRetryInterval(200);
+    QSignalSpy failed(&line, &SerialLine::LineFailed);
+    QElapsedTimer clock;
+    clock.start();
+    line.Open();
+    EXPECT_LT(clock.elapsed(), 100);
+    const qint64 stall = LongestStall(RunSeconds() * 1000, [&] {
+        if (line.IsOpen()) {
+            WriteFrames(line, 16);
+        }
+    });
+    EXPECT_LT(stall, 250);
+    ASSERT_EQ(failed.size(), 1);
+    EXPECT_EQ(failed[0][0].toString(),
+              QStringLiteral("COM 1 (%1): the server did not answer within 0.3 seconds; it is "
+                             "tried again every 0.2 seconds and reopens by itself.")
+                  .arg(server.Url(false)));
+    EXPECT_TRUE(line.IsRetrying());
+}
+
 // The main window on COM 1 bound to a server that keeps dropping the connection, with
 // the real message boxes an operator gets.
 class FlappingServerTest : public KeyboardFixture {
