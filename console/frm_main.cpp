@@ -112,11 +112,13 @@ void FrmMain::ConnectHandlers() {
     }
     boundary_.SetStatusSink([this](const QString& subject, int untold, const QString& latest) {
         const int number = subject == PortSubject(2) ? 2 : 1;
-        portAlerts_[number - 1] = {
-            QStringLiteral("%1 more since the last message, the latest at %2")
-                .arg(untold)
-                .arg(QTime::currentTime().toString(QStringLiteral("HH:mm:ss"))),
-            latest};
+        portAlerts_[number - 1] =
+            untold == 0
+                ? PortAlert{}
+                : PortAlert{QStringLiteral("%1 more since the last message, the latest at %2")
+                                .arg(untold)
+                                .arg(QTime::currentTime().toString(QStringLiteral("HH:mm:ss"))),
+                            latest};
         UpdatePortBindings();
     });
     portWatch_ = new PortWatch(keyboard_, this);

@@ -112,6 +112,9 @@ void ErrorBoundary::ReportAbout(const QString& subject, const QString& message) 
             return;
         }
         if (quiet) {
+            if (episode.untold > 0 && statusSink_) {
+                statusSink_(subject, 0, {}); // the count of the last episode is done with
+            }
             episode.flapping = false;
             episode.untold = 0;
         }

@@ -26,7 +26,8 @@ namespace quellpad::ui {
 class ErrorBoundary {
 public:
     // Where a subject that keeps changing is told once its box has closed: the subject,
-    // how many reports were not shown in a box since then, and the latest of them.
+    // how many reports were not shown in a box since then, and the latest of them; a count
+    // of 0 when a new episode begins and the old count is to go.
     using StatusSink =
         std::function<void(const QString& subject, int untold, const QString& latest)>;
 
