@@ -5,6 +5,7 @@
 
 #include <QList>
 #include <QPointer>
+#include <QScopeGuard>
 #include <QWidget>
 
 namespace quellpad::ui {
@@ -52,6 +53,8 @@ void Present(QWidget* owner, const Message& message, const std::function<void()>
         return;
     }
     boxes.showing = true;
+    // Whatever a box throws, the next message must not wait for a box that is gone.
+    const auto done = qScopeGuard([&boxes] { boxes.showing = false; });
     Waiting next{owner, owner != nullptr, message, shown};
     for (;;) {
         // A window closed while its message waited: the message is still worth telling.
@@ -64,7 +67,6 @@ void Present(QWidget* owner, const Message& message, const std::function<void()>
         }
         next = boxes.waiting.takeFirst();
     }
-    boxes.showing = false;
 }
 
 } // namespace
