@@ -33,6 +33,7 @@
 #include <QScopeGuard>
 #include <QScreen>
 #include <QStatusBar>
+#include <QTime>
 #include <QTimer>
 
 #include <cmath>
@@ -109,6 +110,17 @@ void FrmMain::ConnectHandlers() {
                                   "MSComm1_OnComm", "MSComm2_OnComm"}) {
         boundary_.SetRepeating(repeating);
     }
+    boundary_.SetStatusSink([this](const QString& subject, int untold, const QString& latest) {
+        const int number = subject == PortSubject(2) ? 2 : 1;
+        portAlerts_[number - 1] =
+            untold == 0
+                ? PortAlert{}
+                : PortAlert{QStringLiteral("%1 more since the last message, the latest at %2")
+                                .arg(untold)
+                                .arg(QTime::currentTime().toString(QStringLiteral("HH:mm:ss"))),
+                            latest};
+        UpdatePortBindings();
+    });
     portWatch_ = new PortWatch(keyboard_, this);
     connect(portWatch_, &PortWatch::PortBack, this, &FrmMain::Port_Back);
     for (int number = 1; number <= 2; ++number) {
@@ -122,6 +134,10 @@ void FrmMain::ConnectHandlers() {
             });
 }
 
+QString FrmMain::PortSubject(int number) {
+    return QStringLiteral("COM %1").arg(number);
+}
+
 void FrmMain::ConnectPort(int number) {
     SerialLine* port = &keyboard_.Port(number);
     connect(port, &SerialLine::CommEvent, this, [this, number](int code) {
@@ -133,6 +149,13 @@ void FrmMain::ConnectPort(int number) {
     // A line that reconnects by itself (a network serial server) says so itself.
     connect(port, &SerialLine::LineRestored, this,
             [this, number](const QString& message) { Port_Back(number, message); });
+    // The port stays open while its far end does not read; only what is sent is lost.
+    connect(port, &SerialLine::LineStalled, this, [this, number](const QString& message) {
+        boundary_.ReportAbout(PortSubject(number), message);
+    });
+    connect(port, &SerialLine::LineFlowing, this, [this, number](const QString& message) {
+        boundary_.ReportAbout(PortSubject(number), message);
+    });
 }
 
 // ---------------------------------------------------------------------------------------
@@ -247,14 +270,20 @@ void FrmMain::UpdateWindowTitle() {
 
 void FrmMain::UpdatePortBindings() {
     QStringList parts;
+    QStringList alerts;
     for (int number = 1; number <= 2; ++number) {
         const SerialLine& port = keyboard_.Port(number);
-        parts << QStringLiteral("COM %1: %2 (%3)")
+        const PortAlert& alert = portAlerts_[number - 1];
+        parts << QStringLiteral("COM %1: %2 (%3%4)")
                      .arg(number)
                      .arg(port.Device(),
-                          port.IsOpen() ? QStringLiteral("open") : QStringLiteral("closed"));
+                          port.IsOpen() ? QStringLiteral("open") : QStringLiteral("closed"),
+                          alert.count.isEmpty() ? QString() : QStringLiteral("; ") + alert.count);
+        if (!alert.latest.isEmpty()) {
+            alerts << alert.latest;
+        }
     }
-    portBindings_->Show(parts.join(QStringLiteral("    ")));
+    portBindings_->Show(parts.join(QStringLiteral("    ")), alerts.join(u'\n'));
     Com1Option->setToolTip(keyboard_.MSComm1().Device());
     Com2Option->setToolTip(keyboard_.MSComm2().Device());
 }
@@ -516,13 +545,13 @@ void FrmMain::Port_LineFailed(int number, const QString& message) {
     (number == 1 ? COM1CommandLabel : COM2CommandLabel)->clear();
     UpdatePortBindings();
     portWatch_->Watch(number);
-    boundary_.Report(number == 1 ? "MSComm1_Failed" : "MSComm2_Failed", message);
+    boundary_.ReportAbout(PortSubject(number), message);
 }
 
 void FrmMain::Port_Back(int number, const QString& message) {
     (number == 1 ? Com1Option : Com2Option)->setChecked(true);
     UpdatePortBindings();
-    boundary_.Report("PortWatchTimer_Timer", message);
+    boundary_.ReportAbout(PortSubject(number), message);
 }
 
 } // namespace quellpad

@@ -135,6 +135,8 @@ private:
     void MSComm_OnComm(int portNumber, int eventCode);
     void Port_LineFailed(int portNumber, const QString& message);
     void Port_Back(int portNumber, const QString& message);
+    // What the error boundary tells about a port by itself, one episode at a time.
+    static QString PortSubject(int portNumber);
     // The handlers of the port's line; at start and whenever the port is bound anew.
     void ConnectPort(int portNumber);
     void Port_Rebound(int portNumber);
@@ -166,6 +168,13 @@ private:
     JoystickSquare* square_ = nullptr;
     JoystickBall* ball_ = nullptr;
     ui::StatusText* portBindings_ = nullptr;
+    // What a port that keeps failing and coming back has done since its last message box:
+    // a count for the status bar, and the latest word on it for the tool tip.
+    struct PortAlert {
+        QString count;
+        QString latest;
+    };
+    PortAlert portAlerts_[2];
     ui::StatusText* settingsPlace_ = nullptr;
 
     // Timers.

@@ -1,6 +1,7 @@
 #include "port_binding.h"
 
 #include "errors.h"
+#include "plain_file.h"
 #include "settings_location.h"
 
 #include <QDir>
@@ -44,11 +45,15 @@ PortBinding ResolvePortBinding(int portNumber, const QString& bindingsPath) {
     if (!fromEnvironment.isEmpty()) {
         return {fromEnvironment, BindingSource::Environment};
     }
-    const QSettings file(bindingsPath, QSettings::IniFormat);
-    const QString chosen =
-        file.value(kPortsGroup + u'/' + BindingKey(portNumber)).toString().trimmed();
-    if (!chosen.isEmpty()) {
-        return {chosen, BindingSource::BindingsFile};
+    // What is no plain file is never opened (start-up would wait on a FIFO for ever); the
+    // start-up problems tell the operator of it.
+    if (!IsNoPlainFile(bindingsPath)) {
+        const QSettings file(bindingsPath, QSettings::IniFormat);
+        const QString chosen =
+            file.value(kPortsGroup + u'/' + BindingKey(portNumber)).toString().trimmed();
+        if (!chosen.isEmpty()) {
+            return {chosen, BindingSource::BindingsFile};
+        }
     }
     return {DefaultDevice(portNumber), BindingSource::Default};
 }
@@ -58,6 +63,13 @@ PortBinding ResolvePortBinding(int portNumber) {
 }
 
 void SavePortBinding(const QString& bindingsPath, int portNumber, const QString& binding) {
+    if (IsNoPlainFile(bindingsPath)) {
+        throw SettingsError(
+            QStringLiteral("The choice of device for COM %1 could not be kept: "
+                           "%2.")
+                .arg(portNumber)
+                .arg(NotPlainFileText(QStringLiteral("Bindings.ini"), bindingsPath)));
+    }
     QSettings file(bindingsPath, QSettings::IniFormat);
     file.setValue(kPortsGroup + u'/' + BindingKey(portNumber), binding.trimmed());
     file.sync();

@@ -1,9 +1,11 @@
 #include "port_control.h"
 
 #include "errors.h"
+#include "plain_file.h"
 #include "settings_file.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 #ifdef Q_OS_WIN
 #include <windows.h>
@@ -118,6 +120,16 @@ QStringList StartKeyboard(Quellpad_Support_Func& k) {
         problems << QStringLiteral("Settings.dat at %1 is not a plain file, so it was neither "
                                    "read nor written. The keyboard starts on its defaults.")
                         .arg(path);
+    }
+
+    // Bindings.ini lives beside Settings.dat; what is no plain file there has not been
+    // opened, and the ports and the joystick start on their defaults.
+    const QString bindings =
+        QFileInfo(k.SettingsPath).dir().filePath(QStringLiteral("Bindings.ini"));
+    if (IsNoPlainFile(bindings)) {
+        problems << NotPlainFileText(QStringLiteral("Bindings.ini"), bindings) +
+                        QStringLiteral(", so it was neither read nor written. The ports and the "
+                                       "joystick start on their defaults.");
     }
 
     const bool incomplete = k.BaudRate.isEmpty() || k.Parity.isEmpty() || k.HoldRts.isEmpty() ||

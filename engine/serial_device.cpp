@@ -6,9 +6,11 @@
 
 #include <QFile>
 #include <QStringList>
+#include <QTimer>
+
+#include <cerrno>
 
 #ifndef Q_OS_WIN
-#include <cerrno>
 #include <grp.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -93,6 +95,7 @@ SerialDevice::SerialDevice(int portNumber, const QString& device, QObject* paren
     port_.setPortName(device_);
     connect(&port_, &QSerialPort::readyRead, this, &SerialDevice::OnReadyRead);
     connect(&port_, &QSerialPort::errorOccurred, this, &SerialDevice::OnError);
+    connect(&port_, &QSerialPort::bytesWritten, this, &SerialDevice::OnWritten);
 }
 
 void SerialDevice::SetSettings(const QString& settings) {
@@ -164,6 +167,7 @@ void SerialDevice::Close() {
     if (port_.isOpen()) {
         port_.close();
     }
+    stalled_ = false;
     port_.clearError();
     received_.clear();
 }
@@ -173,10 +177,31 @@ bool SerialDevice::IsOpen() const {
 }
 
 void SerialDevice::Output(std::uint8_t byte) {
+    if (port_.isOpen() && (stalled_ || port_.bytesToWrite() >= kSendLimit)) {
+        // Nothing takes the bytes (a wire held by flow control, a far end that never
+        // reads): they are lost, as on a wire with no listener, rather than kept.
+        if (!stalled_) {
+            stalled_ = true;
+            const QString message =
+                QStringLiteral("COM %1 (%2): the device does not take what is sent to it; %3 "
+                               "bytes wait for it, and what the keyboard sends is dropped until "
+                               "it takes them.")
+                    .arg(portNumber_)
+                    .arg(device_)
+                    .arg(port_.bytesToWrite());
+            QTimer::singleShot(0, this, [this, message] { emit LineStalled(message); });
+        }
+        return;
+    }
     const char data = static_cast<char>(byte);
     // flush() hands the byte to the driver now rather than at the next return to the
     // event loop, so each byte is its own write and leaves in the order it was given.
-    if (port_.write(&data, 1) != 1 || !port_.flush() || port_.error() != QSerialPort::NoError) {
+    // A driver with no room for it yet is no failure: the byte waits, and leaves when
+    // the driver says it can take more.
+    const bool handed = port_.write(&data, 1) == 1 && port_.flush();
+    const bool noRoom = !handed && port_.isOpen() && port_.error() == QSerialPort::NoError &&
+                        (errno == EAGAIN || errno == EWOULDBLOCK);
+    if ((!handed && !noRoom) || port_.error() != QSerialPort::NoError) {
         const QSerialPort::SerialPortError error = port_.error();
         const QString reason =
             port_.isOpen() ? port_.errorString() : QStringLiteral("the port is not open");
@@ -186,6 +211,17 @@ void SerialDevice::Output(std::uint8_t byte) {
                                                             : PortFailure::WriteFailed,
                         reason);
     }
+}
+
+void SerialDevice::OnWritten() {
+    // Half the limit, so that a slow wire does not flip between dropping and sending.
+    if (!stalled_ || port_.bytesToWrite() > kSendLimit / 2) {
+        return;
+    }
+    stalled_ = false;
+    emit LineFlowing(QStringLiteral("COM %1 (%2): the device takes what is sent again.")
+                         .arg(portNumber_)
+                         .arg(device_));
 }
 
 QByteArray SerialDevice::Input() {
@@ -229,6 +265,12 @@ void SerialDevice::ReportReceived() {
 }
 
 void SerialDevice::OnError(QSerialPort::SerialPortError error) {
+    // The driver reports a write it has no room for yet as a lost resource; the byte
+    // waits in the port and leaves when there is room, so the device is still there.
+    if (error == QSerialPort::ResourceError && (errno == EAGAIN || errno == EWOULDBLOCK)) {
+        port_.clearError();
+        return;
+    }
     if ((error != QSerialPort::ResourceError && error != QSerialPort::ReadError) ||
         !port_.isOpen()) {
         return;

@@ -51,11 +51,14 @@ public:
 
     // Bytes received and not yet taken by Input().
     qsizetype BytesWaiting() const { return received_.size(); }
+    // Bytes written and not yet taken by the driver.
+    qint64 BytesToWrite() const { return port_.bytesToWrite(); }
 
 private:
     void OnReadyRead();
     void ReportReceived();
     void OnError(QSerialPort::SerialPortError error);
+    void OnWritten();
     void ApplyRts();
 
     int portNumber_;
@@ -65,6 +68,7 @@ private:
     int inputLength_ = 0;
     bool reportingData_ = false;
     bool reportPending_ = false;
+    bool stalled_ = false;
     QByteArray received_;
 };
 

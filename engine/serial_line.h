@@ -11,6 +11,10 @@ namespace quellpad {
 // Most bytes that wait for Input() between two reads on any kind of line; older ones are
 // dropped first, so that a line flooding the keyboard cannot make it grow.
 inline constexpr qsizetype kReceiveLimit = 16384;
+// Most bytes that wait to be written on any kind of line. A far end that stops reading
+// (a serial server that hangs, a wire nobody listens to) leaves everything past this
+// dropped, as a wire with no listener would lose it, so that the keyboard cannot grow.
+inline constexpr qsizetype kSendLimit = 65536;
 
 // One COM port of the keyboard as the program sees it. The windows and the command
 // engine talk only to this interface, so a COM port can be bound to something other
@@ -54,6 +58,11 @@ signals:
     // A line that failed has come back by itself (a network server that answers again)
     // and is open once more.
     void LineRestored(const QString& message);
+    // The far end has stopped reading and kSendLimit bytes wait for it: from now on what
+    // is written is dropped. Raised once, until LineFlowing.
+    void LineStalled(const QString& message);
+    // A stalled far end reads again and what is written leaves once more.
+    void LineFlowing(const QString& message);
 };
 
 } // namespace quellpad

@@ -1,6 +1,7 @@
 #include "settings_file.h"
 
 #include "errors.h"
+#include "plain_file.h"
 #include "settings_location.h"
 
 #include <QCoreApplication>
@@ -24,18 +25,6 @@ bool HasControlCharacters(const QByteArray& line) {
         }
     }
     return false;
-}
-
-// Something other than a plain file (or a link to one) is there: opening a FIFO for
-// reading would wait for a writer for ever, and a device is no place for settings.
-bool IsNoPlainFile(const QString& path) {
-    const QFileInfo info(path);
-    return info.exists() && !info.isFile();
-}
-
-QString NotPlainFileText(const QString& path) {
-    return QStringLiteral("Settings.dat at %1 is not a plain file")
-        .arg(QDir::toNativeSeparators(path));
 }
 
 } // namespace
@@ -122,7 +111,8 @@ QByteArray SettingsContent(const SettingsFields& fields) {
 
 void WriteSettingsFile(const QString& path, const SettingsFields& fields) {
     if (IsNoPlainFile(path)) {
-        throw SettingsError(NotPlainFileText(path) + QStringLiteral(" and was not written."));
+        throw SettingsError(NotPlainFileText(QStringLiteral("Settings.dat"), path) +
+                            QStringLiteral(" and was not written."));
     }
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly)) {

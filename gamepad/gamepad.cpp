@@ -1,6 +1,7 @@
 #include "gamepad.h"
 
 #include "console/frm_main.h"
+#include "engine/plain_file.h"
 #include "gamepad/frm_joystick.h"
 #include "ui/controls.h"
 
@@ -58,6 +59,9 @@ void Gamepad::StartLater(int delayMs) {
 }
 
 bool Gamepad::WantedAtStart() const {
+    if (IsNoPlainFile(bindingsPath_)) {
+        return false;
+    }
     return QSettings(bindingsPath_, QSettings::IniFormat)
         .value(QStringLiteral("Joystick/InUse"), false)
         .toBool();
@@ -90,7 +94,10 @@ void Gamepad::ShowController(const QString& name) {
 
 void Gamepad::JoystickOption_Click() {
     Start();
-    QSettings(bindingsPath_, QSettings::IniFormat).setValue(QStringLiteral("Joystick/InUse"), true);
+    if (!IsNoPlainFile(bindingsPath_)) {
+        QSettings(bindingsPath_, QSettings::IniFormat)
+            .setValue(QStringLiteral("Joystick/InUse"), true);
+    }
     if (!joystickWindow_) {
         joystickWindow_ = new FrmJoystick(controller_.Bindings(), &window_);
         joystickWindow_->setAttribute(Qt::WA_DeleteOnClose);

@@ -1,6 +1,8 @@
 #include "stick_mapping.h"
 
+#include "engine/errors.h"
 #include "engine/numeric.h"
+#include "engine/plain_file.h"
 
 #include <QSettings>
 
@@ -67,6 +69,9 @@ GamepadBindings DefaultGamepadBindings() {
 
 GamepadBindings ReadGamepadBindings(const QString& path) {
     GamepadBindings b = DefaultGamepadBindings();
+    if (IsNoPlainFile(path)) {
+        return b; // the start-up problems name the file
+    }
     QSettings file(path, QSettings::IniFormat);
     file.beginGroup(QStringLiteral("Joystick"));
     auto axis = [&](const char* key, int fallback) {
@@ -98,6 +103,10 @@ GamepadBindings ReadGamepadBindings(const QString& path) {
 }
 
 void WriteGamepadBindings(const QString& path, const GamepadBindings& b) {
+    if (IsNoPlainFile(path)) {
+        throw SettingsError(QStringLiteral("The joystick's settings could not be kept: %1.")
+                                .arg(NotPlainFileText(QStringLiteral("Bindings.ini"), path)));
+    }
     QSettings file(path, QSettings::IniFormat);
     file.beginGroup(QStringLiteral("Joystick"));
     file.setValue(QStringLiteral("PanAxis"), b.panAxis);

@@ -139,8 +139,9 @@ void NetworkLine::Open() {
     if (!link_) {
         QString reason;
         link_ = MakeTcpLink({[this] { OnConnected(); }, [this] { OnReadyRead(); },
-                             [this](const QString& why) {
-                                 OnSocketError(why);
+                             [this](const QString& why) { OnSocketError(why); },
+                             [this] {
+                                 OnWritten();
                              }},
                             reason);
         if (!link_) {
@@ -166,6 +167,7 @@ void NetworkLine::Connect() {
     negotiationTimer_.stop();
     session_ = telnet::Session{};
     dataReady_ = false;
+    stalled_ = false;
     link_->ConnectTo(host_, port_);
     if (!link_->IsIdle()) {
         connectTimer_.start(); // unless it failed at once and is already being retried
@@ -232,6 +234,23 @@ void NetworkLine::Send(const telnet::Bytes& wire) {
     if (wire.empty() || !link_ || !link_->IsConnected()) {
         return;
     }
+    // A server that never reads would otherwise make every answer and frame wait in
+    // memory for ever. Whole units are dropped (a frame's byte, a three-byte answer), so
+    // that what does leave is still good Telnet; an answer not given is a request refused.
+    const qint64 waiting = link_->BytesToWrite();
+    if (stalled_ || waiting + static_cast<qint64>(wire.size()) > kSendLimit) {
+        if (!stalled_) {
+            stalled_ = true;
+            const QString message =
+                QStringLiteral("%1: the server does not read what is sent to it; %2 bytes wait "
+                               "for it, and what the keyboard sends is dropped until it reads "
+                               "again.")
+                    .arg(Where())
+                    .arg(waiting);
+            QTimer::singleShot(0, this, [this, message] { emit LineStalled(message); });
+        }
+        return;
+    }
     // Written now: a frame's bytes leave one by one as the keyboard gives them, not at the
     // next return to the event loop. A failed write shows up as the link's failure, which
     // reports the line once.
@@ -279,6 +298,19 @@ void NetworkLine::SendSettings() {
 
 void NetworkLine::OnNegotiationTimeout() {
     BeginData();
+}
+
+void NetworkLine::OnWritten() {
+    // Half the limit, so that a server reading at the pace the keyboard writes does not
+    // make the line flip between dropping and sending at every frame.
+    if (!stalled_ || !link_ || link_->BytesToWrite() > kSendLimit / 2) {
+        return;
+    }
+    stalled_ = false;
+    const QString message =
+        QStringLiteral("%1: the server reads again, and what the keyboard sends leaves once more.")
+            .arg(Where());
+    QTimer::singleShot(0, this, [this, message] { emit LineFlowing(message); });
 }
 
 void NetworkLine::OnReadyRead() {
@@ -367,6 +399,7 @@ void NetworkLine::Fail(PortFailure failure, const QString& reason) {
     connectTimer_.stop();
     negotiationTimer_.stop();
     dataReady_ = false;
+    stalled_ = false;
     waitingOutput_.clear();
     waitingInput_.clear();
     // No abort here: this runs inside the socket's own error signal, and the socket has

@@ -69,6 +69,8 @@ public:
 
     // Bytes written while the connection is being made that are kept for it.
     static constexpr int kMaxWaitingOutput = 4 * 1024;
+    // Whether the server has stopped reading and what is written is being dropped.
+    bool IsStalled() const { return stalled_; }
 
 private:
     enum class State { Closed, Connecting, Connected, Retrying };
@@ -79,6 +81,7 @@ private:
     void OnSocketError(const QString& reason);
     void OnConnectTimeout();
     void OnNegotiationTimeout();
+    void OnWritten();
     void Fail(PortFailure failure, const QString& reason);
     // Puts bytes on the wire now, without waiting for the event loop.
     void Send(const telnet::Bytes& wire);
@@ -115,6 +118,7 @@ private:
     QByteArray waitingOutput_;
     QByteArray waitingInput_;
     bool reportingData_ = false;
+    bool stalled_ = false;
 };
 
 // The line for a COM port bound to a network URL.

@@ -20,6 +20,8 @@ public:
         std::function<void()> readable;
         // The connection could not be made, or it was lost; `reason` says why.
         std::function<void(const QString& reason)> failed;
+        // Some of what waited to be written has left.
+        std::function<void()> written;
     };
 
     virtual ~TcpLink() = default;
@@ -34,6 +36,8 @@ public:
     // Puts the bytes on the wire now, without waiting for the event loop; a write that
     // fails shows up as a `failed` event.
     virtual void Write(const QByteArray& bytes) = 0;
+    // Bytes given to Write that have not reached the system yet.
+    virtual qint64 BytesToWrite() const = 0;
     virtual QByteArray ReadAll() = 0;
 };
 

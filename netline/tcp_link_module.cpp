@@ -20,6 +20,8 @@ public:
         });
         QObject::connect(&socket_, &QTcpSocket::readyRead, &socket_,
                          [this] { events_.readable(); });
+        QObject::connect(&socket_, &QTcpSocket::bytesWritten, &socket_,
+                         [this] { events_.written(); });
         QObject::connect(&socket_, &QTcpSocket::errorOccurred, &socket_,
                          [this] { events_.failed(socket_.errorString()); });
         QObject::connect(&socket_, &QTcpSocket::disconnected, &socket_,
@@ -45,6 +47,7 @@ public:
         socket_.write(bytes);
         socket_.flush();
     }
+    qint64 BytesToWrite() const override { return socket_.bytesToWrite(); }
     QByteArray ReadAll() override { return socket_.readAll(); }
 
 private:

@@ -98,6 +98,8 @@ public:
     std::optional<std::uint32_t> ServerValue(PortCommand command) const;
     // Port notifications and other subnegotiations received and consumed.
     int SubnegotiationsSeen() const { return subnegotiations_; }
+    // Between commands: what was fed last ended whatever it began.
+    bool BetweenCommands() const { return step_ == Step::Data; }
 
 private:
     enum class State : std::uint8_t { No, WantYes, Yes };

@@ -6,16 +6,21 @@ namespace quellpad::traffic {
 
 namespace {
 
-[[noreturn]] void Fail(const QFile& file, const QString& what) {
-    throw TrafficFileError(
-        QStringLiteral("The traffic %1 \"%2\" cannot be written: %3.")
-            .arg(what, QDir::toNativeSeparators(file.fileName()), file.errorString()));
+[[noreturn]] void Fail(const QString& what, const QString& path, const QString& reason) {
+    throw TrafficFileError(QStringLiteral("The traffic %1 \"%2\" cannot be written: %3.")
+                               .arg(what, QDir::toNativeSeparators(path), reason));
 }
 
-void WriteAll(QFile& file, const QString& text, const QString& what) {
-    const QByteArray bytes = text.toUtf8();
-    if (file.write(bytes) != bytes.size() || !file.flush()) {
-        Fail(file, what);
+void OpenOrFail(PlainFileWriter& file, const QString& path, const QString& what) {
+    if (!file.Open(path)) {
+        Fail(what, path, file.Reason());
+    }
+}
+
+void AppendOrFail(PlainFileWriter& file, const QString& path, const QString& text,
+                  const QString& what) {
+    if (!file.Append(text.toUtf8())) {
+        Fail(what, path, file.Reason());
     }
 }
 
@@ -30,38 +35,50 @@ FileFormat FormatFor(const QString& path, const QString& chosenFilter) {
 
 void SaveRows(const QString& path, FileFormat format, const std::vector<const TrafficRow*>& rows) {
     const QString what = QStringLiteral("file");
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
-        Fail(file, what);
-    }
+    PlainFileWriter file;
+    OpenOrFail(file, path, what);
     const bool csv = format == FileFormat::Csv;
     QString text = (csv ? CsvHeader() : TextHeader()) + u'\n';
     for (const TrafficRow* row : rows) {
         text += (csv ? CsvLine(*row) : TextLine(*row)) + u'\n';
     }
-    WriteAll(file, text, what);
+    AppendOrFail(file, path, text, what);
 }
 
-TrafficLogFile::TrafficLogFile(const QString& path) : file_(path) {
-    if (!file_.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
-        Fail(file_, QStringLiteral("log"));
-    }
-    Put(TextHeader() + u'\n');
+TrafficLogFile::TrafficLogFile(const QString& path) : path_(path) {
+    const QString what = QStringLiteral("log");
+    OpenOrFail(file_, path_, what);
+    AppendOrFail(file_, path_, TextHeader() + u'\n', what);
 }
 
 void TrafficLogFile::Write(const std::vector<TrafficRow>& rows) {
     if (rows.empty()) {
         return;
     }
-    QString text;
+    QByteArray bytes;
+    std::vector<qint64> rowEnds; // where each row ends in the file once written
+    const qint64 start = file_.Size();
     for (const TrafficRow& row : rows) {
-        text += TextLine(row) + u'\n';
+        bytes += (TextLine(row) + u'\n').toUtf8();
+        rowEnds.push_back(start + bytes.size());
     }
-    Put(text);
-}
-
-void TrafficLogFile::Put(const QString& text) {
-    WriteAll(file_, text, QStringLiteral("log"));
+    if (file_.Append(bytes)) {
+        return;
+    }
+    // A full disk takes part of a batch: the file is cut back to the last row it holds
+    // whole, so that whoever reads it never meets half a row.
+    std::size_t whole = 0;
+    while (whole < rowEnds.size() && rowEnds[whole] <= file_.Size()) {
+        ++whole;
+    }
+    file_.Truncate(whole == 0 ? start : rowEnds[whole - 1]);
+    const std::size_t lost = rows.size() - whole;
+    throw TrafficFileError(
+        QStringLiteral("The traffic log \"%1\" cannot be written: %2. Logging has stopped after "
+                       "the last whole row; %3 not written.")
+            .arg(QDir::toNativeSeparators(path_), file_.Reason(),
+                 lost == 1 ? QStringLiteral("1 row was")
+                           : QStringLiteral("%1 rows were").arg(lost)));
 }
 
 } // namespace quellpad::traffic

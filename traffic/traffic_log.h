@@ -3,8 +3,7 @@
 #include "traffic_row.h"
 
 #include "engine/errors.h"
-
-#include <QFile>
+#include "engine/plain_file.h"
 
 #include <vector>
 
@@ -28,17 +27,19 @@ void SaveRows(const QString& path, FileFormat format, const std::vector<const Tr
 // system at once, so that a program killed a moment later has lost nothing of it.
 class TrafficLogFile {
 public:
-    // Starts the file afresh with a header line; fails with TrafficFileError.
+    // Starts the file afresh with a header line; fails with TrafficFileError. What is
+    // there that is no plain file (a FIFO, a device) is refused without waiting on it.
     explicit TrafficLogFile(const QString& path);
 
-    // Fails with TrafficFileError.
+    // Fails with TrafficFileError, saying the system's reason and how many rows of the
+    // batch were not written; the file then ends after the last whole row, and the log
+    // is to be given up.
     void Write(const std::vector<TrafficRow>& rows);
-    QString Path() const { return file_.fileName(); }
+    QString Path() const { return path_; }
 
 private:
-    void Put(const QString& text);
-
-    QFile file_;
+    QString path_;
+    PlainFileWriter file_;
 };
 
 } // namespace quellpad::traffic

@@ -18,6 +18,8 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include <optional>
+
 namespace quellpad::traffic_window {
 
 using traffic::Way;
@@ -136,13 +138,15 @@ void FrmTraffic::TrafficTimer_Timer() {
         return;
     }
     const auto shown = qScopeGuard([this] { ShowStatus(); });
+    // Logged first, while the rows are still here; shown whatever became of the log.
+    std::optional<traffic::TrafficFileError> logFailure;
     if (log_) {
         try {
             log_->Write(rows);
-        } catch (const traffic::TrafficFileError&) {
+        } catch (const traffic::TrafficFileError& error) {
             // Told once; the log stops rather than failing again every tick.
             StopLog();
-            throw;
+            logFailure = error;
         }
     }
     // Follows the newest row unless the operator has scrolled away from it.
@@ -151,6 +155,9 @@ void FrmTraffic::TrafficTimer_Timer() {
     model_.Append(std::move(rows));
     if (following && !model_.Paused()) {
         TrafficTableView->scrollToBottom();
+    }
+    if (logFailure) {
+        throw *logFailure;
     }
 }
 

@@ -1,5 +1,7 @@
 #include "fixtures.h"
+#include "hostile_files.h"
 
+#include "engine/errors.h"
 #include "engine/port_binding.h"
 #include "engine/settings_location.h"
 
@@ -53,6 +55,33 @@ TEST(PortBindingTest, EnvironmentThenBindingsFileThenDefault) {
         EXPECT_EQ(ResolvePortBinding(1).source, BindingSource::Default) << "COM 1 is its own";
     }
     qunsetenv("QUELLPAD_COM2");
+}
+
+// A FIFO where Bindings.ini belongs is never opened: start-up would wait on it for ever.
+TEST(PortBindingTest, AFifoNamedBindingsIniIsNotWaitedOnAndThePortTakesItsDefault) {
+    QTemporaryDir dir;
+    const QString fifo = dir.filePath(QStringLiteral("Bindings.ini"));
+    ASSERT_TRUE(MakeFifo(fifo));
+    const QByteArray environment = qgetenv("QUELLPAD_COM2");
+    qunsetenv("QUELLPAD_COM2");
+    PortBinding read;
+    EXPECT_TRUE(FinishesWithin([&] { read = ResolvePortBinding(2, fifo); }, fifo));
+    qputenv("QUELLPAD_COM2", environment);
+    EXPECT_EQ(read.binding, DefaultDevice(2));
+    EXPECT_EQ(read.source, BindingSource::Default);
+    QString refusal;
+    EXPECT_TRUE(FinishesWithin(
+        [&] {
+            try {
+                SavePortBinding(fifo, 2, QStringLiteral("/dev/ttyUSB0"));
+            } catch (const SettingsError& error) {
+                refusal = error.Message();
+            }
+        },
+        fifo));
+    EXPECT_EQ(refusal, QStringLiteral("The choice of device for COM 2 could not be kept: "
+                                      "Bindings.ini at %1 is not a plain file.")
+                           .arg(fifo));
 }
 
 TEST(PortBindingTest, SavingAPortKeepsTheJoysticksEntries) {

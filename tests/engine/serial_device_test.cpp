@@ -96,6 +96,38 @@ TEST_F(SerialDeviceTest, AFloodNobodyReadsIsBoundedAndKeepsTheLatestBytes) {
     EXPECT_TRUE(kept.endsWith("end"));
 }
 
+// The far end of the pty reads nothing until told: what waits is capped, the rest is
+// lost as on a wire nobody listens to, and the operator hears of it once each way.
+TEST_F(SerialDeviceTest, AWireNobodyReadsDropsWhatIsWrittenPastTheCapAndIsToldOnce) {
+    SerialDevice port(1, com1_.SlavePath());
+    port.Open();
+    QSignalSpy stalled(&port, &SerialLine::LineStalled);
+    QSignalSpy flowing(&port, &SerialLine::LineFlowing);
+    for (int i = 0; i < 4 * kSendLimit; ++i) {
+        ASSERT_NO_THROW(port.Output(static_cast<std::uint8_t>(i))) << "byte " << i;
+    }
+    EXPECT_LE(port.BytesToWrite(), kSendLimit);
+    ASSERT_TRUE(WaitUntil([&] { return !stalled.isEmpty(); }));
+    EXPECT_TRUE(stalled[0][0].toString().startsWith(
+        QStringLiteral("COM 1 (%1): the device does not take what is sent to it; ")
+            .arg(port.Device())))
+        << stalled[0][0].toString().toStdString();
+    EXPECT_TRUE(port.IsOpen());
+
+    QByteArray far;
+    ASSERT_TRUE(WaitUntil([&] {
+        far += com1_.Drain();
+        return !flowing.isEmpty();
+    }));
+    EXPECT_EQ(stalled.size(), 1);
+    far += com1_.Drain(100);
+    port.Output(0xA5);
+    const QByteArray last = com1_.Read(1);
+    EXPECT_EQ(last.right(1), QByteArray("\xA5")) << "what is sent after the wire drains leaves";
+    // The pty's own buffer holds some 20 kB more than the port keeps.
+    EXPECT_LE(far.size(), kSendLimit + 32768) << "the dropped bytes never reach the wire";
+}
+
 TEST_F(SerialDeviceTest, TimersKeepTheirPeriodWhileAFloodIsReported) {
     SerialDevice port(1, com1_.SlavePath());
     port.SetInputLength(30);

@@ -1,4 +1,5 @@
 #include "fixtures.h"
+#include "hostile_files.h"
 
 #include "engine/errors.h"
 #include "engine/port_control.h"
@@ -106,6 +107,19 @@ TEST_F(SettingsTest, ASettingsPathThatIsNoPlainFileIsRefusedAndTheKeyboardStarts
     EXPECT_EQ(keyboard_->LineSettingsText(), QStringLiteral("2400,n,8,1"));
     EXPECT_TRUE(QFileInfo(SettingsPath()).isFile() == false);
     EXPECT_THROW(keyboard_->SaveSettings(), SettingsError);
+}
+
+TEST_F(SettingsTest, ABindingsIniThatIsNoPlainFileIsToldAtStartAndTheKeyboardStartsAnyway) {
+    WriteSettings("2400\r\nn\r\nFalse\r\n1 2\r\nD\r\n1\r\n");
+    const QString bindings = dir_.filePath(QStringLiteral("Bindings.ini"));
+    ASSERT_TRUE(MakeFifo(bindings));
+    const QStringList problems = StartKeyboard(*keyboard_);
+    EXPECT_EQ(problems,
+              QStringList{QStringLiteral(
+                              "Bindings.ini at %1 is not a plain file, so it was neither read nor "
+                              "written. The ports and the joystick start on their defaults.")
+                              .arg(bindings)});
+    EXPECT_TRUE(keyboard_->MSComm1().IsOpen());
 }
 
 TEST_F(SettingsTest, BadValuesAreQuotedShortAndOnlyForEnabledPorts) {

@@ -1,3 +1,6 @@
+#include "hostile_files.h"
+
+#include "engine/errors.h"
 #include "gamepad/stick_mapping.h"
 
 #include <QFile>
@@ -88,6 +91,31 @@ TEST(StickMapping, BindingsSurviveTheFileAndDamageTakesDefaults) {
     EXPECT_EQ(damaged.deadZone, 0.15);
     EXPECT_EQ(damaged.buttons[0], DefaultGamepadBindings().buttons[0]);
     EXPECT_EQ(damaged.buttons[1], GamepadAction{});
+}
+
+// A FIFO where Bindings.ini belongs is never opened: the joystick starts on its defaults
+// and a change of its settings is refused with the file named.
+TEST(StickMapping, AFifoNamedBindingsIniIsNotWaitedOnAndTheDefaultsStand) {
+    QTemporaryDir dir;
+    const QString fifo = dir.filePath(QStringLiteral("Bindings.ini"));
+    ASSERT_TRUE(test::MakeFifo(fifo));
+    GamepadBindings read;
+    read.panAxis = 5;
+    EXPECT_TRUE(test::FinishesWithin([&] { read = ReadGamepadBindings(fifo); }, fifo));
+    EXPECT_EQ(read, DefaultGamepadBindings());
+    QString refusal;
+    EXPECT_TRUE(test::FinishesWithin(
+        [&] {
+            try {
+                WriteGamepadBindings(fifo, DefaultGamepadBindings());
+            } catch (const SettingsError& error) {
+                refusal = error.Message();
+            }
+        },
+        fifo));
+    EXPECT_EQ(refusal, QStringLiteral("The joystick's settings could not be kept: Bindings.ini "
+                                      "at %1 is not a plain file.")
+                           .arg(fifo));
 }
 
 } // namespace

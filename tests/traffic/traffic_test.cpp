@@ -1,4 +1,5 @@
 #include "fixtures.h"
+#include "hostile_files.h"
 
 #include "engine/keyboard_state.h"
 #include "protocol/commands.h"
@@ -9,6 +10,9 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <QThread>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 #include <gtest/gtest.h>
 
@@ -216,13 +220,115 @@ TEST(TrafficLog, AFileThatCannotBeWrittenIsNamedWithTheReason) {
                                        .arg(path));
     }
     EXPECT_THROW(SaveRows(path, FileFormat::Csv, {}), TrafficFileError);
-    // A disk that is full is found at once, not when the file is closed.
-    try {
-        TrafficLogFile log(QStringLiteral("/dev/full"));
-        FAIL() << "wrote to a full disk";
-    } catch (const TrafficFileError& error) {
-        EXPECT_EQ(error.Message(), QStringLiteral("The traffic log \"/dev/full\" cannot be "
-                                                  "written: No space left on device."));
+}
+
+// A FIFO or a device where the log or a saved file is to go is refused at once, with or
+// without a reader at its other end: the window would wait on it for ever.
+TEST(TrafficLog, AFifoOrDeviceIsRefusedWithoutWaitingOnIt) {
+    QTemporaryDir dir;
+    const QString fifo = dir.filePath(QStringLiteral("traffic.log"));
+    ASSERT_TRUE(test::MakeFifo(fifo));
+    struct Case {
+        const char* name;
+        QString path;
+        bool reader;
+        const char* reason;
+    };
+    const Case cases[] = {
+        {"a FIFO nobody reads", fifo, false, "No such device or address"},
+        {"a FIFO with a reader", fifo, true, "it is not a plain file"},
+        {"a device", QStringLiteral("/dev/full"), false, "it is not a plain file"},
+    };
+    for (const Case& c : cases) {
+        const int reader =
+            c.reader ? ::open(QFile::encodeName(c.path).constData(), O_RDONLY | O_NONBLOCK) : -1;
+        QStringList refusals;
+        EXPECT_TRUE(test::FinishesWithin(
+            [&] {
+                for (const bool log : {true, false}) {
+                    try {
+                        if (log) {
+                            TrafficLogFile opened(c.path);
+                        } else {
+                            SaveRows(c.path, FileFormat::Text, {});
+                        }
+                    } catch (const TrafficFileError& error) {
+                        refusals << error.Message();
+                    }
+                }
+            },
+            fifo))
+            << c.name;
+        EXPECT_EQ(refusals,
+                  (QStringList{QStringLiteral("The traffic log \"%1\" cannot be written: %2.")
+                                   .arg(c.path, c.reason),
+                               QStringLiteral("The traffic file \"%1\" cannot be written: %2.")
+                                   .arg(c.path, c.reason)}))
+            << c.name;
+        if (reader >= 0) {
+            ::close(reader);
+        }
+    }
+}
+
+// A disk that fills is found at once, named in the system's words, and the log ends on
+// the last whole row with the rows it could not hold counted.
+TEST(TrafficLog, AFullDiskStopsTheLogAtARowBoundaryAndCountsTheRowsNotWritten) {
+    for (const auto kind :
+         {test::SmallDisk::Kind::FileSizeLimit, test::SmallDisk::Kind::FullFileSystem}) {
+        {
+            // No room at all: a file system filled by another file, or no size allowed.
+            const bool full = kind == test::SmallDisk::Kind::FullFileSystem;
+            test::SmallDisk none(kind, full ? 4096 : 0);
+            if (!none.Unavailable().isEmpty()) {
+                std::printf("[  SKIPPED ] a full file system: %s\n",
+                            qPrintable(none.Unavailable()));
+                continue;
+            }
+            if (full) {
+                QFile filler(none.FilePath(QStringLiteral("filler")));
+                ASSERT_TRUE(filler.open(QIODevice::WriteOnly));
+                filler.write(QByteArray(8192, 'x'));
+            }
+            const QString path = none.FilePath(QStringLiteral("traffic.log"));
+            try {
+                TrafficLogFile log(path);
+                FAIL() << "wrote to a full disk";
+            } catch (const TrafficFileError& error) {
+                EXPECT_EQ(error.Message(),
+                          QStringLiteral("The traffic log \"%1\" cannot be written: %2.")
+                              .arg(path, none.Reason()));
+            }
+        }
+        test::SmallDisk disk(kind, 16384);
+        const QString path = disk.FilePath(QStringLiteral("traffic.log"));
+        TrafficLogFile log(path);
+        std::vector<TrafficRow> batch;
+        for (int i = 0; i < 40; ++i) {
+            batch.push_back(Row("\x01\x02\x03", "a reply that takes room on the disk"));
+        }
+        int written = 0;
+        QString failure;
+        for (int attempt = 0; attempt < 100 && failure.isEmpty(); ++attempt) {
+            try {
+                log.Write(batch);
+                written += static_cast<int>(batch.size());
+            } catch (const TrafficFileError& error) {
+                failure = error.Message();
+            }
+        }
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        const QByteArray content = file.readAll();
+        EXPECT_TRUE(content.endsWith('\n')) << "no half row at the end";
+        const int rows = static_cast<int>(content.count('\n')) - 1;
+        const int lost = written + static_cast<int>(batch.size()) - rows;
+        EXPECT_GT(lost, 0);
+        EXPECT_EQ(failure,
+                  QStringLiteral("The traffic log \"%1\" cannot be written: %2. Logging has "
+                                 "stopped after the last whole row; %3 rows were not written.")
+                      .arg(path, disk.Reason())
+                      .arg(lost));
     }
 }
 

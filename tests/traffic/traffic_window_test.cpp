@@ -1,3 +1,4 @@
+#include "hostile_files.h"
 #include "main_window_fixture.h"
 
 #include "protocol/commands.h"
@@ -83,6 +84,31 @@ TEST_F(TrafficWindow, TypedBytesAreSeenAndLoggedWhilePausedAndShownAfter) {
     EXPECT_EQ(Meanings(*traffic), QStringList{"switcher: monitor 12"});
     window_.reset();
     EXPECT_EQ(keyboard_->Tap, nullptr) << "the keyboard outlives the window it was tapped by";
+}
+
+// A log that fails stops, and says why; the window still shows every row it received.
+TEST_F(TrafficWindow, ABatchTheLogCannotTakeIsStillShownAndOnlyTheLogStops) {
+    Start("ASCII");
+    FrmTraffic* traffic = Open();
+    ASSERT_NE(traffic, nullptr);
+    const QString path = dir_.filePath(QStringLiteral("traffic.log"));
+    traffic->StartLog(path);
+    const qint64 header = QFileInfo(path).size();
+    {
+        test::SmallDisk disk(test::SmallDisk::Kind::FileSizeLimit, header + 4);
+        ASSERT_TRUE(disk.Unavailable().isEmpty()) << disk.Unavailable().toStdString();
+        const QByteArray typed("12Ma");
+        keyboard_->WriteToOpenPorts(WireBytes(typed), WireBytes(typed));
+        EXPECT_EQ(com1_.Read(4), typed);
+        ASSERT_TRUE(WaitUntil([&] { return !ShownMessages().isEmpty(); }));
+        EXPECT_EQ(ShownMessages().back().text,
+                  QStringLiteral("The traffic log \"%1\" cannot be written: %2. Logging has "
+                                 "stopped after the last whole row; 1 row was not written.")
+                      .arg(path, disk.Reason()));
+    }
+    EXPECT_EQ(Meanings(*traffic), QStringList{"switcher: monitor 12"});
+    EXPECT_FALSE(traffic->findChild<QPushButton*>("LogToFileButton")->isChecked());
+    EXPECT_EQ(QFileInfo(path).size(), header) << "the log ends on its last whole row";
 }
 
 TEST(TrafficModel, TakesABatchInOneInsertionAndKeepsItsLimitWhilePaused) {
