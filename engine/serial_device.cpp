@@ -267,7 +267,10 @@ void SerialDevice::ReportReceived() {
 void SerialDevice::OnError(QSerialPort::SerialPortError error) {
     // The driver reports a write it has no room for yet as a lost resource; the byte
     // waits in the port and leaves when there is room, so the device is still there.
-    if (error == QSerialPort::ResourceError && (errno == EAGAIN || errno == EWOULDBLOCK)) {
+    // Only a write can be short of room: with nothing waiting to be written, errno may be
+    // left over from an earlier call while the read that failed found the device gone.
+    const bool noRoom = port_.bytesToWrite() > 0 && (errno == EAGAIN || errno == EWOULDBLOCK);
+    if (error == QSerialPort::ResourceError && noRoom) {
         port_.clearError();
         return;
     }
