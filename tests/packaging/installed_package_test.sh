@@ -16,6 +16,12 @@ fail() { echo "FAILED: $*"; exit 1; }
 cpack --config "$build/CPackConfig.cmake" -G DEB -B "$scratch/package" >/dev/null
 deb=$(ls "$scratch"/package/quellpad_*_amd64.deb)
 dpkg -x "$deb" "$scratch/root"
+# Nothing to run at installation: the private module needs no ldconfig.
+for script in preinst postinst prerm postrm; do
+    if dpkg-deb -I "$deb" "$script" >/dev/null 2>&1; then
+        fail "the package carries a $script script: $(dpkg-deb -I "$deb" "$script")"
+    fi
+done
 root=$scratch/root
 
 mkdir -p "$scratch/home"
@@ -30,9 +36,9 @@ settings=$scratch/home/.config/Quellpad/Settings.dat
 [ ! -e "$root/usr/bin/Settings.dat" ] || fail "Settings.dat written beside the installed program"
 grep -q $'^D\r$' "$settings" || fail "Settings.dat holds no mode: $(cat -A "$settings")"
 
-# Network lines load their module on first use, from ../lib/quellpad beside bin/.
-[ -s "$root/usr/lib/quellpad/quellpad_netline_module.so" ] ||
-    fail "no network module in /usr/lib/quellpad"
+# Network lines load their module on first use, from the architecture's private folder.
+[ -s "$root/usr/lib/x86_64-linux-gnu/quellpad/quellpad_netline_module.so" ] ||
+    fail "no network module in /usr/lib/x86_64-linux-gnu/quellpad"
 dpkg-deb -f "$deb" Depends | grep -q libqt6network6 ||
     fail "the package does not depend on the network library its module needs"
 
