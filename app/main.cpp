@@ -1,4 +1,5 @@
 #include "app/command_line.h"
+#include "app/identity.h"
 #include "console/frm_main.h"
 #include "engine/keyboard_state.h"
 #include "engine/port_binding.h"
@@ -29,15 +30,10 @@ std::unique_ptr<quellpad::SerialLine> MakeLine(int portNumber) {
     return std::make_unique<quellpad::SerialDevice>(portNumber, binding);
 }
 
-void NameApplication() {
-    QCoreApplication::setApplicationName(QStringLiteral("Quellpad"));
-    QCoreApplication::setApplicationVersion(QStringLiteral(QUELLPAD_VERSION));
-}
-
 // --help, --version and refused arguments, answered without a display: no window is made.
 int AnswerOnTerminal(const quellpad::CommandLine& line, int argc, char* argv[]) {
     QCoreApplication core(argc, argv);
-    NameApplication();
+    quellpad::NameApplication();
     switch (line.action) {
     case quellpad::CommandLine::Action::ShowHelp:
         std::fputs(qPrintable(quellpad::CommandLineHelp()), stdout);
@@ -68,7 +64,7 @@ int main(int argc, char* argv[]) {
     quellpad::ApplyCommandLine(line);
 
     QApplication app(argc, argv);
-    NameApplication();
+    quellpad::NameApplication();
 
     quellpad::Quellpad_Support_Func keyboard(&MakeLine);
     quellpad::FrmMain window(keyboard);
