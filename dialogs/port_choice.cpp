@@ -1,5 +1,7 @@
 #include "port_choice.h"
 
+#include "engine/stable_device_names.h"
+
 #include <QLabel>
 
 namespace quellpad {
@@ -35,7 +37,7 @@ void PortChoiceBox::SetBinding(const QString& binding) {
 QString PortChoiceBox::Binding() const {
     const QString text = currentText().trimmed();
     const int entry = findText(text, Qt::MatchExactly);
-    return entry >= 0 ? itemData(entry).toString() : text;
+    return PreferStableName(entry >= 0 ? itemData(entry).toString() : text);
 }
 
 void PortChoiceBox::Fill(const QList<DeviceChoice>& devices) {
@@ -57,7 +59,7 @@ void PortChoiceBox::Fill(const QList<DeviceChoice>& devices) {
 }
 
 void PortChoiceBox::showPopup() {
-    Fill(AvailableDevices());
+    Fill(ChooserDevices());
     QComboBox::showPopup();
 }
 
