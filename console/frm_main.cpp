@@ -152,7 +152,8 @@ void FrmMain::LoadKeyboard() {
     setPalette(grey);
     canvas_->setAutoFillBackground(true);
 
-    const QStringList problems = StartKeyboard(keyboard_);
+    const StartUpReport started = StartKeyboardReporting(keyboard_);
+    const QStringList& problems = started.problems;
 
     const QString& mode = keyboard_.CurrentMode;
     if (IsFrameMode(mode)) {
@@ -220,6 +221,10 @@ void FrmMain::LoadKeyboard() {
     for (const QString& problem : problems) {
         QTimer::singleShot(0, this, [this, problem] { boundary_.Report("Form_Load", problem); });
     }
+    // Until a port opens, closes or is bound anew (UpdatePortBindings clears it).
+    const StatusNotice closed = ClosedAtStartNotice(started.closedPorts);
+    statusBar()->showMessage(closed.text);
+    statusBar()->setToolTip(closed.detail);
 }
 
 void FrmMain::resizeEvent(QResizeEvent* event) {
@@ -261,6 +266,8 @@ void FrmMain::UpdatePortBindings() {
                           port.IsOpen() ? QStringLiteral("open") : QStringLiteral("closed"));
     }
     portBindings_->Show(parts.join(QStringLiteral("    ")));
+    statusBar()->clearMessage();
+    statusBar()->setToolTip({});
     Com1Option->setToolTip(keyboard_.MSComm1().Device());
     Com2Option->setToolTip(keyboard_.MSComm2().Device());
 }
