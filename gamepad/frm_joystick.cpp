@@ -1,5 +1,7 @@
 #include "frm_joystick.h"
 
+#include "ui/window_memory.h"
+
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -128,6 +130,7 @@ FrmJoystick::FrmJoystick(const GamepadBindings& b, QWidget* parent) : QDialog(pa
         connect(check, &QCheckBox::toggled, this, changed);
     }
     connect(DeadZoneBox, &QSpinBox::valueChanged, this, changed);
+    ui::RememberWindow(this, QStringLiteral("Joystick"));
 }
 
 void FrmJoystick::ShowController(const QString& name) {

@@ -1,5 +1,7 @@
 #include "frm_simulated_site.h"
 
+#include "ui/window_memory.h"
+
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -217,6 +219,7 @@ FrmSimulatedSite::FrmSimulatedSite(Quellpad_Support_Func& keyboard, QWidget* par
     SiteRefreshTimer->setInterval(kRefreshMs);
     connect(SiteRefreshTimer, &QTimer::timeout, this, &FrmSimulatedSite::SiteRefreshTimer_Timer);
     resize(1200, 700);
+    ui::RememberWindow(this, QStringLiteral("SimulatedSite"));
 }
 
 void FrmSimulatedSite::SiteRefreshTimer_Timer() {

@@ -1,6 +1,7 @@
 #include "frm_traffic.h"
 
 #include "ui/controls.h"
+#include "ui/window_memory.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -25,6 +26,8 @@ using traffic::Way;
 namespace {
 
 const QString kFileFilters = QStringLiteral("Text files (*.txt);;CSV files (*.csv)");
+// What the window remembers, under this group of the user's configuration.
+const QString kMemoryKey = QStringLiteral("Traffic");
 
 } // namespace
 
@@ -53,6 +56,14 @@ FrmTraffic::FrmTraffic(Quellpad_Support_Func& keyboard, QWidget* parent)
             [this](bool on) { filter_.SetWayShown(Way::Sent, on); });
     connect(ReceivedFilterCheckBox, &QCheckBox::toggled, this,
             [this](bool on) { filter_.SetWayShown(Way::Received, on); });
+    // The filters as the operator left them, in the user's configuration.
+    for (QCheckBox* box :
+         {Com1FilterCheckBox, Com2FilterCheckBox, SentFilterCheckBox, ReceivedFilterCheckBox}) {
+        const QString key = kMemoryKey + u'/' + box->objectName();
+        box->setChecked(ui::WindowMemory()->value(key, true).toBool());
+        connect(box, &QCheckBox::toggled, this,
+                [key](bool on) { ui::WindowMemory()->setValue(key, on); });
+    }
     controls->addStretch(1);
 
     PauseButton = ui::MakeButton(this, "PauseButton", tr("&Pause"));
@@ -122,6 +133,7 @@ FrmTraffic::FrmTraffic(Quellpad_Support_Func& keyboard, QWidget* parent)
 
     ShowStatus();
     resize(digit * 150, 480);
+    ui::RememberWindow(this, kMemoryKey);
 }
 
 FrmTraffic::~FrmTraffic() {
@@ -171,18 +183,20 @@ void FrmTraffic::LogToFileButton_Click() {
     }
     // The button shows whether a log is being written, whatever happens below.
     const auto sync = qScopeGuard([this] { LogToFileButton->setChecked(log_ != nullptr); });
-    const QString path =
-        QFileDialog::getSaveFileName(this, tr("Log Traffic to File"), {}, kFileFilters);
+    const QString path = QFileDialog::getSaveFileName(this, tr("Log Traffic to File"),
+                                                      ui::LastFolder(kMemoryKey), kFileFilters);
     if (!path.isEmpty()) {
+        ui::KeepLastFolder(kMemoryKey, path);
         StartLog(path);
     }
 }
 
 void FrmTraffic::SaveButton_Click() {
     QString chosen;
-    const QString path =
-        QFileDialog::getSaveFileName(this, tr("Save Traffic"), {}, kFileFilters, &chosen);
+    const QString path = QFileDialog::getSaveFileName(
+        this, tr("Save Traffic"), ui::LastFolder(kMemoryKey), kFileFilters, &chosen);
     if (!path.isEmpty()) {
+        ui::KeepLastFolder(kMemoryKey, path);
         traffic::SaveRows(path, traffic::FormatFor(path, chosen), filter_.ShownRows());
     }
 }
