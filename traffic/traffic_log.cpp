@@ -42,11 +42,26 @@ void SaveRows(const QString& path, FileFormat format, const std::vector<const Tr
     WriteAll(file, text, what);
 }
 
-TrafficLogFile::TrafficLogFile(const QString& path) : file_(path) {
-    if (!file_.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+QString LogStartLine(const QDateTime& at, const QStringList& ports) {
+    return QStringLiteral("Log started ") + at.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")) +
+           QStringLiteral("; ") + ports.join(QStringLiteral("; "));
+}
+
+QString LogLine(const TrafficRow& row) {
+    return QDateTime::fromMSecsSinceEpoch(row.atUs / 1000).toString(QStringLiteral("yyyy-MM-dd")) +
+           u'\t' + TextLine(row);
+}
+
+QString LogHeader() {
+    return QStringLiteral("Date\t") + TextHeader();
+}
+
+TrafficLogFile::TrafficLogFile(const QString& path, const QString& startLine) : file_(path) {
+    // An earlier session's log is the operator's record: it is never cut short.
+    if (!file_.open(QIODevice::WriteOnly | QIODevice::Append)) {
         Fail(file_, QStringLiteral("log"));
     }
-    Put(TextHeader() + u'\n');
+    Put(startLine + u'\n' + LogHeader() + u'\n');
 }
 
 void TrafficLogFile::Write(const std::vector<TrafficRow>& rows) {
@@ -55,7 +70,7 @@ void TrafficLogFile::Write(const std::vector<TrafficRow>& rows) {
     }
     QString text;
     for (const TrafficRow& row : rows) {
-        text += TextLine(row) + u'\n';
+        text += LogLine(row) + u'\n';
     }
     Put(text);
 }

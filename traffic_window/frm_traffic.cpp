@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
+#include <QDateTime>
 #include <QDir>
 #include <QFileDialog>
 #include <QHBoxLayout>
@@ -72,7 +73,7 @@ FrmTraffic::FrmTraffic(Quellpad_Support_Func& keyboard, QWidget* parent)
         model_.SetPaused(on);
         ShowStatus();
     });
-    QPushButton* clear = ui::MakeButton(this, "ClearButton", tr("C&lear"));
+    QPushButton* clear = ui::MakeButton(this, "ClearButton", tr("Cl&ear"));
     connect(clear, &QPushButton::clicked, this, &FrmTraffic::ClearButton_Click);
     QPushButton* copy = ui::MakeButton(this, "CopyButton", tr("&Copy"));
     connect(copy, &QPushButton::clicked, this, &FrmTraffic::CopyButton_Click);
@@ -165,7 +166,14 @@ void FrmTraffic::TrafficTimer_Timer() {
 }
 
 void FrmTraffic::StartLog(const QString& path) {
-    log_ = std::make_unique<traffic::TrafficLogFile>(path);
+    QStringList ports;
+    for (int number = 1; number <= 2; ++number) {
+        ports << QStringLiteral("COM %1 (%2) %3")
+                     .arg(number)
+                     .arg(keyboard_.Port(number).Device(), keyboard_.LineSettingsText());
+    }
+    log_ = std::make_unique<traffic::TrafficLogFile>(
+        path, traffic::LogStartLine(QDateTime::currentDateTime(), ports));
     LogToFileButton->setChecked(true);
     LogFileLabel->setText(tr("Logging to %1").arg(QDir::toNativeSeparators(path)));
 }

@@ -173,15 +173,14 @@ TrafficRow Row(const char* bytes, const char* meaning) {
 }
 
 TEST(TrafficFormat, TextAndCsvLinesHoldTheSevenColumns) {
-    const TrafficRow row = Row("\xFF\x01\x00\x01", "camera 1 ← acknowledged");
-    EXPECT_EQ(TextLine(Row("\xFF\x01", "x")),
-              "13:05:09.123\t1.608\tCOM 2\treceived\tFF 01 \t..\tx");
+    EXPECT_EQ(TextLine(Row("\xFF\x01", "x")), "13:05:09.123\t1.608\tCOM 2\treceived\tFF 01\t..\tx");
     EXPECT_EQ(TextHeader(), "Time\t+ms\tPort\tDirection\tHex\tText\tMeaning");
     EXPECT_EQ(CsvHeader(), "Time,+ms,Port,Direction,Hex,Text,Meaning");
     EXPECT_EQ(CsvLine(Row("1,2\"a", "switcher: label \"A,B\"")),
-              "13:05:09.123,1.608,COM 2,received,31 2C 32 22 61 ,\"1,2\"\"a\","
+              "13:05:09.123,1.608,COM 2,received,31 2C 32 22 61,\"1,2\"\"a\","
               "\"switcher: label \"\"A,B\"\"\"");
-    EXPECT_EQ(Field(row, kHex), "FF 01 ");
+    EXPECT_EQ(Field(Row("\x10\x20\x30", "x"), kHex), "10 20 30");
+    EXPECT_EQ(HexText({}), "");
     EXPECT_EQ(FormatSince(0), "0.000");
     EXPECT_EQ(FormatSince(12'345'678), "12345.678");
     EXPECT_EQ(FormatFor(QStringLiteral("a.CSV")), FileFormat::Csv);
@@ -192,23 +191,52 @@ TEST(TrafficFormat, TextAndCsvLinesHoldTheSevenColumns) {
 TEST(TrafficLog, EachBatchIsInTheFileBeforeTheLogIsClosed) {
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("traffic.log"));
-    TrafficLogFile log(path);
+    TrafficLogFile log(path, QStringLiteral("Log started"));
     log.Write({Row("\xFF", "a")});
     log.Write({Row("\x01", "b"), Row("\x02", "c")});
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     const QStringList lines = QString::fromUtf8(file.readAll()).split(u'\n');
-    ASSERT_EQ(lines.size(), 5);
-    EXPECT_EQ(lines[0], TextHeader());
-    EXPECT_EQ(lines[3], TextLine(Row("\x02", "c")));
-    EXPECT_EQ(lines[4], QString());
+    ASSERT_EQ(lines.size(), 6);
+    EXPECT_EQ(lines[1], LogHeader());
+    EXPECT_EQ(lines[4], LogLine(Row("\x02", "c")));
+    EXPECT_EQ(lines[5], QString());
+}
+
+// A second session appends to the first: each opens with when it started and how the
+// ports were set, and every row carries its date, so a log that runs past midnight reads
+// right.
+TEST(TrafficLog, AnExistingLogIsAppendedToWithASessionLineAndDatedRows) {
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("traffic.log"));
+    const QString start = LogStartLine(QDateTime(QDate(2026, 3, 7), QTime(23, 59, 58)),
+                                       {QStringLiteral("COM 1 (/dev/ttyUSB0) 2400,n,8,1"),
+                                        QStringLiteral("COM 2 (sim) 9600,e,8,1")});
+    EXPECT_EQ(start, QStringLiteral("Log started 2026-03-07 23:59:58; COM 1 (/dev/ttyUSB0) "
+                                    "2400,n,8,1; COM 2 (sim) 9600,e,8,1"));
+    { TrafficLogFile(path, QStringLiteral("first session")).Write({Row("\x01", "a")}); }
+    TrafficRow beforeMidnight = Row("\xFF", "b");
+    beforeMidnight.atUs =
+        QDateTime(QDate(2026, 3, 7), QTime(23, 59, 59, 500)).toMSecsSinceEpoch() * 1000;
+    TrafficRow afterMidnight = Row("\x02", "c");
+    afterMidnight.atUs = beforeMidnight.atUs + 1'000'000;
+    TrafficLogFile(path, start).Write({beforeMidnight, afterMidnight});
+
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QStringList lines = QString::fromUtf8(file.readAll()).split(u'\n');
+    EXPECT_EQ(lines, (QStringList{
+                         "first session", LogHeader(), "2026-03-07\t" + TextLine(Row("\x01", "a")),
+                         start, "Date\tTime\t+ms\tPort\tDirection\tHex\tText\tMeaning",
+                         "2026-03-07\t23:59:59.500\t1.608\tCOM 2\treceived\tFF\t.\tb",
+                         "2026-03-08\t00:00:00.500\t1.608\tCOM 2\treceived\t02\t.\tc", ""}));
 }
 
 TEST(TrafficLog, AFileThatCannotBeWrittenIsNamedWithTheReason) {
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("missing/traffic.csv"));
     try {
-        TrafficLogFile log(path);
+        TrafficLogFile log(path, {});
         FAIL() << "opened";
     } catch (const TrafficFileError& error) {
         EXPECT_EQ(error.Message(), QStringLiteral("The traffic log \"%1\" cannot be written: No "
@@ -218,7 +246,7 @@ TEST(TrafficLog, AFileThatCannotBeWrittenIsNamedWithTheReason) {
     EXPECT_THROW(SaveRows(path, FileFormat::Csv, {}), TrafficFileError);
     // A disk that is full is found at once, not when the file is closed.
     try {
-        TrafficLogFile log(QStringLiteral("/dev/full"));
+        TrafficLogFile log(QStringLiteral("/dev/full"), QStringLiteral("Log started"));
         FAIL() << "wrote to a full disk";
     } catch (const TrafficFileError& error) {
         EXPECT_EQ(error.Message(), QStringLiteral("The traffic log \"/dev/full\" cannot be "
