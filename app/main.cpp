@@ -1,3 +1,5 @@
+#include "app/command_line.h"
+#include "app/identity.h"
 #include "console/frm_main.h"
 #include "engine/keyboard_state.h"
 #include "engine/port_binding.h"
@@ -8,6 +10,8 @@
 
 #include <QApplication>
 #include <QScreen>
+
+#include <cstdio>
 
 namespace {
 
@@ -26,12 +30,41 @@ std::unique_ptr<quellpad::SerialLine> MakeLine(int portNumber) {
     return std::make_unique<quellpad::SerialDevice>(portNumber, binding);
 }
 
+// --help, --version and refused arguments, answered without a display: no window is made.
+int AnswerOnTerminal(const quellpad::CommandLine& line, int argc, char* argv[]) {
+    QCoreApplication core(argc, argv);
+    quellpad::NameApplication();
+    switch (line.action) {
+    case quellpad::CommandLine::Action::ShowHelp:
+        std::fputs(qPrintable(quellpad::CommandLineHelp()), stdout);
+        return 0;
+    case quellpad::CommandLine::Action::ShowVersion:
+        std::printf("%s %s\n", qPrintable(QCoreApplication::applicationName()),
+                    qPrintable(QCoreApplication::applicationVersion()));
+        return 0;
+    case quellpad::CommandLine::Action::Refuse:
+    case quellpad::CommandLine::Action::Run:
+        break;
+    }
+    std::fprintf(stderr, "quellpad: %s\n", qPrintable(line.error));
+    return quellpad::kUsageStatus;
+}
+
 } // namespace
 
 int main(int argc, char* argv[]) {
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i) {
+        arguments << QString::fromLocal8Bit(argv[i]);
+    }
+    const quellpad::CommandLine line = quellpad::ParseCommandLine(arguments);
+    if (line.action != quellpad::CommandLine::Action::Run) {
+        return AnswerOnTerminal(line, argc, argv);
+    }
+    quellpad::ApplyCommandLine(line);
+
     QApplication app(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("Quellpad"));
-    QApplication::setApplicationVersion(QStringLiteral(QUELLPAD_VERSION));
+    quellpad::NameApplication();
 
     quellpad::Quellpad_Support_Func keyboard(&MakeLine);
     quellpad::FrmMain window(keyboard);

@@ -169,7 +169,8 @@ void FrmMain::LoadKeyboard() {
     // The keyboard's face takes the desktop's colours, light, dark or high-contrast alike.
     canvas_->setAutoFillBackground(true);
 
-    const QStringList problems = StartKeyboard(keyboard_);
+    const StartUpReport started = StartKeyboardReporting(keyboard_);
+    const QStringList& problems = started.problems;
 
     const QString& mode = keyboard_.CurrentMode;
     if (IsFrameMode(mode)) {
@@ -237,6 +238,11 @@ void FrmMain::LoadKeyboard() {
     for (const QString& problem : problems) {
         QTimer::singleShot(0, this, [this, problem] { boundary_.Report("Form_Load", problem); });
     }
+    // Beside what the ports are bound to, until a port opens, closes or is bound anew
+    // (UpdatePortBindings clears it).
+    const StatusNotice closed = ClosedAtStartNotice(started.closedPorts);
+    startNotice_->Show(closed.text, closed.detail);
+    startNotice_->setVisible(!closed.text.isEmpty());
 }
 
 void FrmMain::resizeEvent(QResizeEvent* event) {
@@ -284,6 +290,8 @@ void FrmMain::UpdatePortBindings() {
         }
     }
     portBindings_->Show(parts.join(QStringLiteral("    ")), alerts.join(u'\n'));
+    startNotice_->Show({});
+    startNotice_->hide();
     Com1Option->setToolTip(keyboard_.MSComm1().Device());
     Com2Option->setToolTip(keyboard_.MSComm2().Device());
 }

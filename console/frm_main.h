@@ -176,6 +176,7 @@ private:
     };
     PortAlert portAlerts_[2];
     ui::StatusText* settingsPlace_ = nullptr;
+    ui::StatusText* startNotice_ = nullptr; // the ports that did not open at start-up
 
     // Timers.
     QTimer* CommandChangeTimer = nullptr;

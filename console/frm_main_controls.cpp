@@ -349,6 +349,9 @@ void FrmMain::BuildControls() {
 
     portBindings_ = new ui::StatusText(this, "PortBindingsLabel");
     statusBar()->addWidget(portBindings_, 1);
+    startNotice_ = new ui::StatusText(this, "StartNoticeLabel");
+    startNotice_->hide();
+    statusBar()->addWidget(startNotice_, 1);
     // An installed program keeps its settings in the user's folder, not beside it: say where.
     settingsPlace_ = new ui::StatusText(this, "SettingsPlaceLabel");
     statusBar()->addPermanentWidget(settingsPlace_);

@@ -1,5 +1,6 @@
 #include "port_choice.h"
 
+#include "engine/stable_device_names.h"
 #include "ui/controls.h"
 
 #include <QLabel>
@@ -39,7 +40,7 @@ void PortChoiceBox::SetBinding(const QString& binding) {
 QString PortChoiceBox::Binding() const {
     const QString text = currentText().trimmed();
     const int entry = findText(text, Qt::MatchExactly);
-    return entry >= 0 ? itemData(entry).toString() : text;
+    return PreferStableName(entry >= 0 ? itemData(entry).toString() : text);
 }
 
 void PortChoiceBox::Fill(const QList<DeviceChoice>& devices) {
@@ -61,7 +62,7 @@ void PortChoiceBox::Fill(const QList<DeviceChoice>& devices) {
 }
 
 void PortChoiceBox::showPopup() {
-    Fill(AvailableDevices());
+    Fill(ChooserDevices());
     QComboBox::showPopup();
 }
 

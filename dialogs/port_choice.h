@@ -18,10 +18,11 @@ public:
 
     // Shows the binding: as its entry when the list has one, else as text.
     void SetBinding(const QString& binding);
-    // What the operator chose: the binding of the entry shown, or the text as typed.
+    // What the operator chose: the binding of the entry shown, or the text as typed; a
+    // device by its stable name when it has one, so that it is found after replugging.
     QString Binding() const;
 
-    // The entries anew, the devices first; the text shown stays.
+    // The entries anew, the devices first (stable names ahead); the text shown stays.
     void Fill(const QList<DeviceChoice>& devices);
 
     void showPopup() override;

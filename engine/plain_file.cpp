@@ -35,7 +35,7 @@ PlainFileWriter::~PlainFileWriter() {
     }
 }
 
-bool PlainFileWriter::Open(const QString& path) {
+bool PlainFileWriter::Open(const QString& path, Keep keep) {
     const QByteArray name = QFile::encodeName(path);
     // Not waiting: a FIFO with nobody at its other end fails at once (ENXIO) rather than
     // hanging the window, and one with a reader is refused just below.
@@ -54,6 +54,14 @@ bool PlainFileWriter::Open(const QString& path) {
     // Only now that it is known to be a plain file is what it held dropped, and its
     // writes may wait for the disk as any file's do.
     ::fcntl(fd_, F_SETFL, ::fcntl(fd_, F_GETFL) & ~O_NONBLOCK);
+    if (keep == Keep::Everything) {
+        size_ = ::lseek(fd_, 0, SEEK_END);
+        if (size_ < 0) {
+            reason_ = SystemReason(errno);
+            return false;
+        }
+        return true;
+    }
     if (::ftruncate(fd_, 0) != 0) {
         reason_ = SystemReason(errno);
         return false;

@@ -23,8 +23,11 @@ public:
     PlainFileWriter(const PlainFileWriter&) = delete;
     PlainFileWriter& operator=(const PlainFileWriter&) = delete;
 
-    // False, with Reason() set, when the file cannot be opened or is no plain file.
-    bool Open(const QString& path);
+    // What opening does to what the file holds already.
+    enum class Keep { Nothing, Everything };
+    // False, with Reason() set, when the file cannot be opened or is no plain file. What
+    // it held is dropped, or kept and written after.
+    bool Open(const QString& path, Keep keep = Keep::Nothing);
     // Writes all of the bytes after what is there; false, with Reason() set, when the
     // system took only part of them (Size() then says how much the file holds).
     bool Append(const QByteArray& bytes);

@@ -104,8 +104,33 @@ void ResetKeyboardState(Quellpad_Support_Func& k) {
     k.ClearCommandBytes();
 }
 
+StatusNotice ClosedAtStartNotice(const QList<PortError>& failures) {
+    if (failures.isEmpty()) {
+        return {};
+    }
+    QStringList ports;
+    QStringList reasons;
+    for (const PortError& failure : failures) {
+        ports << QStringLiteral("COM %1 (%2)").arg(failure.PortNumber()).arg(failure.Device());
+        reasons << failure.Message();
+    }
+    return {ports.join(QStringLiteral(" and ")) +
+                QStringLiteral(" did not open; to work without equipment, choose \"Simulated "
+                               "site\" in Options > Settings..."),
+            reasons.join(u'\n')};
+}
+
 QStringList StartKeyboard(Quellpad_Support_Func& k) {
-    QStringList problems;
+    StartUpReport report = StartKeyboardReporting(k);
+    for (const PortError& failure : report.closedPorts) {
+        report.problems << failure.Message();
+    }
+    return report.problems;
+}
+
+StartUpReport StartKeyboardReporting(Quellpad_Support_Func& k) {
+    StartUpReport report;
+    QStringList& problems = report.problems;
     ResetKeyboardState(k);
 
     const SettingsRead read = InspectSettingsFile(k.SettingsPath);
@@ -203,12 +228,14 @@ QStringList StartKeyboard(Quellpad_Support_Func& k) {
                 port.Close();
             }
         } catch (const PortError& error) {
-            if (enabled) {
+            if (enabled && error.Failure() == PortFailure::BadSettings) {
                 problems << error.Message();
+            } else if (enabled) {
+                report.closedPorts << error;
             }
         }
     }
-    return problems;
+    return report;
 }
 
 void RaiseTimerResolution() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "errors.h"
 #include "keyboard_state.h"
 
 #include <QStringList>
@@ -33,6 +34,26 @@ void ResetKeyboardState(Quellpad_Support_Func& keyboard);
 // file that cannot be written, does not stop the start: each is one line of the result,
 // for the operator to read once the window is up.
 QStringList StartKeyboard(Quellpad_Support_Func& keyboard);
+
+// The same start, its problems told apart: an enabled port whose device would not open
+// (absent, refused, in use) is no reason to stop the operator with a message. The
+// keyboard works without it and reopens it when the device appears; the status bar says
+// so, with the way to the simulated site.
+struct StartUpReport {
+    QStringList problems;         // for a message once the window is up
+    QList<PortError> closedPorts; // for the status bar
+};
+StartUpReport StartKeyboardReporting(Quellpad_Support_Func& keyboard);
+
+// A line for the status bar, short enough to read there, and its whole story for its
+// tool tip.
+struct StatusNotice {
+    QString text;
+    QString detail;
+};
+// The status bar's notice of the enabled ports that would not open at start-up; empty
+// when all did.
+StatusNotice ClosedAtStartNotice(const QList<PortError>& failures);
 
 // Raises the system timer resolution to 1 ms, and restores it, where the platform has
 // such a setting (elsewhere timers are already this fine).

@@ -12,6 +12,7 @@
 
 #ifndef Q_OS_WIN
 #include <grp.h>
+#include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #endif
@@ -290,6 +291,26 @@ void SerialDevice::OnError(QSerialPort::SerialPortError error) {
                         .Message());
 }
 
+QString AccessRefusalText(const QString& device, const DeviceAccess& access) {
+    const QString refusal = QStringLiteral("Access to %1 was refused.").arg(device);
+    constexpr unsigned kGroupReadWrite = 060;
+    if ((access.mode & kGroupReadWrite) == kGroupReadWrite && !access.rootGroup &&
+        !access.group.isEmpty()) {
+        return refusal + QStringLiteral(" Ask for membership of the group \"%1\", which "
+                                        "owns it, then log out and in again.")
+                             .arg(access.group);
+    }
+    if (!access.owner.isEmpty()) {
+        // Joining a group would not help (the group may not write it, or is root's own):
+        // a udev rule can give the device a group that users may join.
+        return refusal + QStringLiteral(" Only its owner, %1, may open it. An administrator "
+                                        "can grant access to it, for example with a udev "
+                                        "rule that gives it a group to join.")
+                             .arg(access.owner);
+    }
+    return refusal + QStringLiteral(" Ask for read and write access to it.");
+}
+
 #ifdef Q_OS_WIN
 QString AccessRefusal(const QString& /*device*/) {
     // Windows reports a port held by another program as access denied; rights on
@@ -302,16 +323,19 @@ QString AccessRefusal(const QString& device) {
     if (::access(path.constData(), R_OK | W_OK) == 0 || errno != EACCES) {
         return {};
     }
-    QString refusal = QStringLiteral("Access to %1 was refused.").arg(device);
+    DeviceAccess access;
     struct stat info {};
     if (::stat(path.constData(), &info) == 0) {
-        if (const group* owner = ::getgrgid(info.st_gid); owner && owner->gr_name) {
-            return refusal + QStringLiteral(" Ask for membership of the group \"%1\", which "
-                                            "owns it, then log out and in again.")
-                                 .arg(QString::fromLocal8Bit(owner->gr_name));
+        access.mode = info.st_mode;
+        access.rootGroup = info.st_gid == 0;
+        if (const group* owners = ::getgrgid(info.st_gid); owners && owners->gr_name) {
+            access.group = QString::fromLocal8Bit(owners->gr_name);
+        }
+        if (const passwd* owner = ::getpwuid(info.st_uid); owner && owner->pw_name) {
+            access.owner = QString::fromLocal8Bit(owner->pw_name);
         }
     }
-    return refusal + QStringLiteral(" Ask for read and write access to it.");
+    return AccessRefusalText(device, access);
 }
 #endif
 

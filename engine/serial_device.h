@@ -25,6 +25,19 @@ std::optional<LineSettings> ParseLineSettings(const QString& text);
 // held by another program, or the platform has no such rights).
 QString AccessRefusal(const QString& device);
 
+// Who may open a device, as its permissions say: the mode bits (as stat gives them),
+// its owner and its group.
+struct DeviceAccess {
+    unsigned mode = 0;
+    QString owner;
+    QString group;
+    bool rootGroup = false; // the group is the administrator's own (gid 0)
+};
+// The refusal as the operator reads it. Joining the group is advised only where the
+// group may read and write the device and is not the administrator's; otherwise only an
+// administrator can grant access.
+QString AccessRefusalText(const QString& device, const DeviceAccess& access);
+
 // What a COM port number is bound to now: QUELLPAD_COM1 / QUELLPAD_COM2 when set, else
 // the operator's choice in the bindings file, else the platform's first and second
 // serial device (ResolvePortBinding).

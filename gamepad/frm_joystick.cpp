@@ -1,6 +1,7 @@
 #include "frm_joystick.h"
 
 #include "ui/controls.h"
+#include "ui/window_memory.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -130,6 +131,7 @@ FrmJoystick::FrmJoystick(const GamepadBindings& b, QWidget* parent) : QDialog(pa
         connect(check, &QCheckBox::toggled, this, changed);
     }
     connect(DeadZoneBox, &QSpinBox::valueChanged, this, changed);
+    ui::RememberWindow(this, QStringLiteral("Joystick"));
 }
 
 void FrmJoystick::ShowController(const QString& name) {

@@ -8,12 +8,14 @@ namespace quellpad {
 
 namespace {
 
-// Beside the program, or in the private library folder next to its own: ../lib/quellpad
-// from bin/ once installed, and the same from any folder of the build tree.
+// Beside the program, or in the private library folder next to its own: the
+// architecture's, ../lib/x86_64-linux-gnu/quellpad from bin/, once installed (a module
+// there needs no ldconfig at installation), and ../lib/quellpad in the build tree.
 QStringList ModuleCandidates() {
     const QString here = QCoreApplication::applicationDirPath();
     const QString name = QStringLiteral("quellpad_netline_module");
-    return {here + QStringLiteral("/../lib/quellpad/") + name, here + u'/' + name};
+    return {here + QStringLiteral("/../lib/" QUELLPAD_LIBRARY_ARCHITECTURE "/quellpad/") + name,
+            here + QStringLiteral("/../lib/quellpad/") + name, here + u'/' + name};
 }
 
 struct LoadedModule {

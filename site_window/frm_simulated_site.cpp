@@ -1,6 +1,7 @@
 #include "frm_simulated_site.h"
 
 #include "ui/controls.h"
+#include "ui/window_memory.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
@@ -219,6 +220,7 @@ FrmSimulatedSite::FrmSimulatedSite(Quellpad_Support_Func& keyboard, QWidget* par
     SiteRefreshTimer->setInterval(kRefreshMs);
     connect(SiteRefreshTimer, &QTimer::timeout, this, &FrmSimulatedSite::SiteRefreshTimer_Timer);
     ui::SizeWithinScreen(this, {1200, 700});
+    ui::RememberWindow(this, QStringLiteral("SimulatedSite"));
 }
 
 void FrmSimulatedSite::SiteRefreshTimer_Timer() {

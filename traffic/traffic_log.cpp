@@ -45,10 +45,27 @@ void SaveRows(const QString& path, FileFormat format, const std::vector<const Tr
     AppendOrFail(file, path, text, what);
 }
 
-TrafficLogFile::TrafficLogFile(const QString& path) : path_(path) {
+QString LogStartLine(const QDateTime& at, const QStringList& ports) {
+    return QStringLiteral("Log started ") + at.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")) +
+           QStringLiteral("; ") + ports.join(QStringLiteral("; "));
+}
+
+QString LogLine(const TrafficRow& row) {
+    return QDateTime::fromMSecsSinceEpoch(row.atUs / 1000).toString(QStringLiteral("yyyy-MM-dd")) +
+           u'\t' + TextLine(row);
+}
+
+QString LogHeader() {
+    return QStringLiteral("Date\t") + TextHeader();
+}
+
+TrafficLogFile::TrafficLogFile(const QString& path, const QString& startLine) : path_(path) {
     const QString what = QStringLiteral("log");
-    OpenOrFail(file_, path_, what);
-    AppendOrFail(file_, path_, TextHeader() + u'\n', what);
+    // An earlier session's log is the operator's record: it is never cut short.
+    if (!file_.Open(path_, PlainFileWriter::Keep::Everything)) {
+        Fail(what, path_, file_.Reason());
+    }
+    AppendOrFail(file_, path_, startLine + u'\n' + LogHeader() + u'\n', what);
 }
 
 void TrafficLogFile::Write(const std::vector<TrafficRow>& rows) {
@@ -59,7 +76,7 @@ void TrafficLogFile::Write(const std::vector<TrafficRow>& rows) {
     std::vector<qint64> rowEnds; // where each row ends in the file once written
     const qint64 start = file_.Size();
     for (const TrafficRow& row : rows) {
-        bytes += (TextLine(row) + u'\n').toUtf8();
+        bytes += (LogLine(row) + u'\n').toUtf8();
         rowEnds.push_back(start + bytes.size());
     }
     if (file_.Append(bytes)) {

@@ -70,9 +70,11 @@ QString HexText(const QByteArray& bytes) {
     text.reserve(bytes.size() * 3);
     for (const char c : bytes) {
         const auto byte = static_cast<std::uint8_t>(c);
+        if (!text.isEmpty()) {
+            text += u' ';
+        }
         text += QLatin1Char(kDigits[byte >> 4]);
         text += QLatin1Char(kDigits[byte & 0x0F]);
-        text += u' ';
     }
     return text;
 }

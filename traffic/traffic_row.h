@@ -31,7 +31,8 @@ QString Field(const TrafficRow& row, int column);
 QString FormatTime(std::int64_t atUs);
 // Milliseconds to the microsecond: "0.608".
 QString FormatSince(std::int64_t us);
-// "FF 01 00 02 20 00 23 ": upper case, each byte followed by one blank.
+// "FF 01 00 02 20 00 23": upper case, one blank between bytes and none after the last,
+// so that copied bytes paste as they are.
 QString HexText(const QByteArray& bytes);
 // Printable characters as they are, every other byte as ".".
 QString PrintableText(const QByteArray& bytes);

@@ -1,10 +1,12 @@
 #include "frm_traffic.h"
 
 #include "ui/controls.h"
+#include "ui/window_memory.h"
 
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
+#include <QDateTime>
 #include <QDir>
 #include <QFileDialog>
 #include <QHBoxLayout>
@@ -27,6 +29,8 @@ using traffic::Way;
 namespace {
 
 const QString kFileFilters = QStringLiteral("Text files (*.txt);;CSV files (*.csv)");
+// What the window remembers, under this group of the user's configuration.
+const QString kMemoryKey = QStringLiteral("Traffic");
 
 } // namespace
 
@@ -55,6 +59,14 @@ FrmTraffic::FrmTraffic(Quellpad_Support_Func& keyboard, QWidget* parent)
             [this](bool on) { filter_.SetWayShown(Way::Sent, on); });
     connect(ReceivedFilterCheckBox, &QCheckBox::toggled, this,
             [this](bool on) { filter_.SetWayShown(Way::Received, on); });
+    // The filters as the operator left them, in the user's configuration.
+    for (QCheckBox* box :
+         {Com1FilterCheckBox, Com2FilterCheckBox, SentFilterCheckBox, ReceivedFilterCheckBox}) {
+        const QString key = kMemoryKey + u'/' + box->objectName();
+        box->setChecked(ui::WindowMemory()->value(key, true).toBool());
+        connect(box, &QCheckBox::toggled, this,
+                [key](bool on) { ui::WindowMemory()->setValue(key, on); });
+    }
     controls->addStretch(1);
 
     PauseButton = ui::MakeButton(this, "PauseButton", tr("&Pause"));
@@ -63,7 +75,7 @@ FrmTraffic::FrmTraffic(Quellpad_Support_Func& keyboard, QWidget* parent)
         model_.SetPaused(on);
         ShowStatus();
     });
-    QPushButton* clear = ui::MakeButton(this, "ClearButton", tr("C&lear"));
+    QPushButton* clear = ui::MakeButton(this, "ClearButton", tr("Cl&ear"));
     connect(clear, &QPushButton::clicked, this, &FrmTraffic::ClearButton_Click);
     QPushButton* copy = ui::MakeButton(this, "CopyButton", tr("&Copy"));
     connect(copy, &QPushButton::clicked, this, &FrmTraffic::CopyButton_Click);
@@ -126,6 +138,7 @@ FrmTraffic::FrmTraffic(Quellpad_Support_Func& keyboard, QWidget* parent)
 
     ShowStatus();
     ui::SizeWithinScreen(this, {digit * 150, 480});
+    ui::RememberWindow(this, kMemoryKey);
 }
 
 FrmTraffic::~FrmTraffic() {
@@ -162,7 +175,14 @@ void FrmTraffic::TrafficTimer_Timer() {
 }
 
 void FrmTraffic::StartLog(const QString& path) {
-    log_ = std::make_unique<traffic::TrafficLogFile>(path);
+    QStringList ports;
+    for (int number = 1; number <= 2; ++number) {
+        ports << QStringLiteral("COM %1 (%2) %3")
+                     .arg(number)
+                     .arg(keyboard_.Port(number).Device(), keyboard_.LineSettingsText());
+    }
+    log_ = std::make_unique<traffic::TrafficLogFile>(
+        path, traffic::LogStartLine(QDateTime::currentDateTime(), ports));
     LogToFileButton->setChecked(true);
     LogFileLabel->setText(tr("Logging to %1").arg(QDir::toNativeSeparators(path)));
 }
@@ -180,18 +200,20 @@ void FrmTraffic::LogToFileButton_Click() {
     }
     // The button shows whether a log is being written, whatever happens below.
     const auto sync = qScopeGuard([this] { LogToFileButton->setChecked(log_ != nullptr); });
-    const QString path =
-        QFileDialog::getSaveFileName(this, tr("Log Traffic to File"), {}, kFileFilters);
+    const QString path = QFileDialog::getSaveFileName(this, tr("Log Traffic to File"),
+                                                      ui::LastFolder(kMemoryKey), kFileFilters);
     if (!path.isEmpty()) {
+        ui::KeepLastFolder(kMemoryKey, path);
         StartLog(path);
     }
 }
 
 void FrmTraffic::SaveButton_Click() {
     QString chosen;
-    const QString path =
-        QFileDialog::getSaveFileName(this, tr("Save Traffic"), {}, kFileFilters, &chosen);
+    const QString path = QFileDialog::getSaveFileName(
+        this, tr("Save Traffic"), ui::LastFolder(kMemoryKey), kFileFilters, &chosen);
     if (!path.isEmpty()) {
+        ui::KeepLastFolder(kMemoryKey, path);
         traffic::SaveRows(path, traffic::FormatFor(path, chosen), filter_.ShownRows());
     }
 }

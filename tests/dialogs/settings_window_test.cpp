@@ -4,12 +4,14 @@
 #include "dialogs/frm_settings.h"
 #include "engine/port_binding.h"
 #include "engine/port_control.h"
+#include "engine/stable_device_names.h"
 
 #include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -207,9 +209,32 @@ TEST_F(SettingsWindowTest, TheDevicesAreLookedUpWhenTheListOpensAndTypingSurvive
     EXPECT_EQ(box->count(), 3) << "the simulated site and two network forms, no device scan";
     box->setEditText(com2_.SlavePath()); // a pty: the system does not list it
     box->showPopup();
-    EXPECT_EQ(box->count(), AvailableDevices().size() + 3);
+    EXPECT_EQ(box->count(), ChooserDevices().size() + 3);
     box->hidePopup();
     EXPECT_EQ(box->currentText(), com2_.SlavePath());
+}
+
+// An adapter with a name in /dev/serial/by-id (here a folder of links standing for it) is
+// offered under that name first, and kept under it even when its kernel name is typed.
+TEST_F(SettingsWindowTest, ADeviceIsOfferedAndKeptUnderItsStableName) {
+    QTemporaryDir byId;
+    const QString stable = byId.filePath(QStringLiteral("usb-FTDI_FT232R_USB_UART_A50285BI-if00"));
+    ASSERT_TRUE(QFile::link(com2_.SlavePath(), stable));
+    qputenv("QUELLPAD_SERIAL_BY_ID_DIR", byId.path().toLocal8Bit());
+    qunsetenv("QUELLPAD_COM2");
+    frmSettings window(*keyboard_);
+    window.show();
+    auto* box = Child<QComboBox>(window, "cboCom2Device");
+    box->showPopup();
+    box->hidePopup();
+    EXPECT_EQ(box->itemData(0).toString(), stable);
+    EXPECT_EQ(box->itemText(0), stable + QStringLiteral(" \u2014 ") + com2_.SlavePath());
+
+    box->setEditText(com2_.SlavePath());
+    window.Save_Click();
+    EXPECT_EQ(ResolvePortBinding(2).binding, stable);
+    EXPECT_EQ(keyboard_->MSComm2().Device(), stable);
+    qunsetenv("QUELLPAD_SERIAL_BY_ID_DIR");
 }
 
 TEST_F(SettingsWindowTest, ANetworkFormLeftUncompletedIsRefusedAndNothingIsSaved) {

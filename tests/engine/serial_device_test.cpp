@@ -153,42 +153,86 @@ TEST_F(SerialDeviceTest, TimersKeepTheirPeriodWhileAFloodIsReported) {
     EXPECT_LT(longestGap, 60) << "one reply event at a time between the timers' ticks";
 }
 
-TEST_F(SerialDeviceTest, ADeviceThisUserMayNotOpenIsToldAsRefusedWithTheGroupThatOwnsIt) {
-    const QByteArray path = QFile::encodeName(com1_.SlavePath());
+// What the opener is told by the device's permissions alone: joining its group helps
+// only where that group may read and write it and is not root's own.
+TEST(AccessRefusalTest, TheAdviceFollowsTheDevicesModeBits) {
+    const QString joinDialout = QStringLiteral(
+        "Access to /dev/ttyUSB0 was refused. Ask for membership of the group \"dialout\", which "
+        "owns it, then log out and in again.");
+    const QString onlyRoot = QStringLiteral(
+        "Access to /dev/ttyUSB0 was refused. Only its owner, root, may open it. An administrator "
+        "can grant access to it, for example with a udev rule that gives it a group to join.");
+    const struct {
+        const char* name;
+        DeviceAccess access;
+        QString told;
+    } cases[] = {
+        {"crw-rw---- root dialout", {020660, "root", "dialout", false}, joinDialout},
+        {"crw-rw-rw- root dialout", {020666, "root", "dialout", false}, joinDialout},
+        {"crw------- root root", {020600, "root", "root", true}, onlyRoot},
+        {"crw-rw---- root root", {020660, "root", "root", true}, onlyRoot},
+        {"crw-r----- root dialout", {020640, "root", "dialout", false}, onlyRoot},
+        {"crw------- root dialout", {020600, "root", "dialout", false}, onlyRoot},
+        {"nothing known",
+         {},
+         "Access to /dev/ttyUSB0 was refused. Ask for read and write access "
+         "to it."},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(AccessRefusalText(QStringLiteral("/dev/ttyUSB0"), c.access), c.told) << c.name;
+    }
+}
+
+// Root may open anything: each attempt is made by an unprivileged user, on a real device
+// given the owner, group and mode of the case.
+TEST_F(SerialDeviceTest, ADeviceThisUserMayNotOpenIsToldAsRefusedAsItsPermissionsSay) {
     const group* dialout = getgrnam("dialout");
     ASSERT_NE(dialout, nullptr);
-    ASSERT_EQ(chown(path.constData(), 0, dialout->gr_gid), 0);
-    ASSERT_EQ(chmod(path.constData(), 0660), 0);
-    // Root may open anything: the attempt is made as an unprivileged user.
-    int pipeEnds[2];
-    ASSERT_EQ(pipe(pipeEnds), 0);
-    const pid_t child = fork();
-    if (child == 0) {
-        QByteArray told = "opened";
-        if (setgid(65534) == 0 && setuid(65534) == 0) {
-            try {
-                SerialDevice port(1, com1_.SlavePath());
-                port.Open();
-            } catch (const PortError& error) {
-                told = error.Message().toUtf8();
+    const struct {
+        gid_t group;
+        mode_t mode;
+        QString advice;
+    } cases[] = {
+        {dialout->gr_gid, 0660,
+         QStringLiteral("Ask for membership of the group \"dialout\", which owns it, then log out "
+                        "and in again.")},
+        {0, 0600,
+         QStringLiteral("Only its owner, root, may open it. An administrator can grant access to "
+                        "it, for example with a udev rule that gives it a group to join.")},
+    };
+    const QByteArray path = QFile::encodeName(com1_.SlavePath());
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.advice.toStdString());
+        ASSERT_EQ(chown(path.constData(), 0, c.group), 0);
+        ASSERT_EQ(chmod(path.constData(), c.mode), 0);
+        int pipeEnds[2];
+        ASSERT_EQ(pipe(pipeEnds), 0);
+        const pid_t child = fork();
+        if (child == 0) {
+            QByteArray told = "opened";
+            if (setgid(65534) == 0 && setuid(65534) == 0) {
+                try {
+                    SerialDevice port(1, com1_.SlavePath());
+                    port.Open();
+                } catch (const PortError& error) {
+                    told = error.Message().toUtf8();
+                }
             }
+            (void)!write(pipeEnds[1], told.constData(), static_cast<size_t>(told.size()));
+            _exit(0);
         }
-        (void)!write(pipeEnds[1], told.constData(), static_cast<size_t>(told.size()));
-        _exit(0);
+        close(pipeEnds[1]);
+        QByteArray told;
+        char buffer[512];
+        for (ssize_t n; (n = read(pipeEnds[0], buffer, sizeof buffer)) > 0;) {
+            told.append(buffer, n);
+        }
+        close(pipeEnds[0]);
+        waitpid(child, nullptr, 0);
+        EXPECT_EQ(QString::fromUtf8(told),
+                  QStringLiteral("COM 1 (%1) could not be opened. Access to %1 was refused. %2")
+                      .arg(com1_.SlavePath(), c.advice));
     }
-    close(pipeEnds[1]);
-    QByteArray told;
-    char buffer[512];
-    for (ssize_t n; (n = read(pipeEnds[0], buffer, sizeof buffer)) > 0;) {
-        told.append(buffer, n);
-    }
-    close(pipeEnds[0]);
-    waitpid(child, nullptr, 0);
-    EXPECT_EQ(QString::fromUtf8(told),
-              QStringLiteral("COM 1 (%1) could not be opened. Access to %1 was refused. Ask for "
-                             "membership of the group \"dialout\", which owns it, then log out "
-                             "and in again.")
-                  .arg(com1_.SlavePath()));
 }
 
 TEST_F(SerialDeviceTest, BindingsComeFromTheEnvironment) {

@@ -16,6 +16,12 @@ fail() { echo "FAILED: $*"; exit 1; }
 cpack --config "$build/CPackConfig.cmake" -G DEB -B "$scratch/package" >/dev/null
 deb=$(ls "$scratch"/package/quellpad_*_amd64.deb)
 dpkg -x "$deb" "$scratch/root"
+# Nothing to run at installation: the private module needs no ldconfig.
+for script in preinst postinst prerm postrm; do
+    if dpkg-deb -I "$deb" "$script" >/dev/null 2>&1; then
+        fail "the package carries a $script script: $(dpkg-deb -I "$deb" "$script")"
+    fi
+done
 root=$scratch/root
 
 mkdir -p "$scratch/home"
@@ -30,25 +36,41 @@ settings=$scratch/home/.config/Quellpad/Settings.dat
 [ ! -e "$root/usr/bin/Settings.dat" ] || fail "Settings.dat written beside the installed program"
 grep -q $'^D\r$' "$settings" || fail "Settings.dat holds no mode: $(cat -A "$settings")"
 
-# Network lines load their module on first use, from ../lib/quellpad beside bin/.
-[ -s "$root/usr/lib/quellpad/quellpad_netline_module.so" ] ||
-    fail "no network module in /usr/lib/quellpad"
+# Network lines load their module on first use, from the architecture's private folder.
+[ -s "$root/usr/lib/x86_64-linux-gnu/quellpad/quellpad_netline_module.so" ] ||
+    fail "no network module in /usr/lib/x86_64-linux-gnu/quellpad"
 dpkg-deb -f "$deb" Depends | grep -q libqt6network6 ||
     fail "the package does not depend on the network library its module needs"
 
-desktop=$root/usr/share/applications/org.quellpad.Quellpad.desktop
-[ -f "$desktop" ] || fail "no desktop entry in /usr/share/applications"
+id=org.quellpad.quellpad
+desktop=$root/usr/share/applications/$id.desktop
+metainfo=$root/usr/share/metainfo/$id.metainfo.xml
+[ -f "$desktop" ] || fail "no desktop entry $id.desktop in /usr/share/applications"
 grep -qx 'Exec=quellpad' "$desktop" || fail "the desktop entry does not start quellpad"
 grep -qx 'Icon=quellpad' "$desktop" || fail "the desktop entry names another icon"
+# Docks group windows by their class; QGuiApplication gives the class "Quellpad".
+grep -qx 'StartupWMClass=Quellpad' "$desktop" ||
+    fail "the desktop entry names no window class, or another"
 for size in 16 32 48 256; do
     [ -s "$root/usr/share/icons/hicolor/${size}x${size}/apps/quellpad.png" ] ||
         fail "no ${size}x${size} icon in the hicolor theme"
 done
 [ -s "$root/usr/share/icons/hicolor/scalable/apps/quellpad.svg" ] || fail "no scalable icon"
-grep -q '<launchable type="desktop-id">org.quellpad.Quellpad.desktop</launchable>' \
-    "$root/usr/share/metainfo/org.quellpad.Quellpad.metainfo.xml" ||
+grep -q "<id>$id</id>" "$metainfo" || fail "the AppStream component is not $id"
+grep -q "<launchable type=\"desktop-id\">$id.desktop</launchable>" "$metainfo" ||
     fail "the AppStream metadata does not point at the desktop entry"
+# Every picture of the program the README shows is offered to software centres.
+for picture in "$(dirname "$0")"/../../docs/*.png; do
+    grep -q "<image>https://quellpad.example.org/screenshots/$(basename "$picture")</image>" \
+        "$metainfo" || fail "the AppStream metadata lacks the screenshot $(basename "$picture")"
+done
+# Both validators must have nothing to say: no hint, no pedantic note.
 if command -v desktop-file-validate >/dev/null; then
-    desktop-file-validate --no-hints "$desktop"
+    hints=$(desktop-file-validate "$desktop" 2>&1) || true
+    [ -z "$hints" ] || fail "desktop-file-validate: $hints"
+fi
+if command -v appstreamcli >/dev/null; then
+    notes=$(appstreamcli validate --no-net --pedantic --no-color "$metainfo" 2>&1 | grep -E '^[EWIP]:') || true
+    [ -z "$notes" ] || fail "appstreamcli: $notes"
 fi
 echo "installed package starts, keeps its settings in the user's folder and shows in the menu"

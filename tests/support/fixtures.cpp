@@ -31,6 +31,9 @@ bool WaitUntil(const std::function<bool()>& condition, int timeoutMs) {
 void KeyboardFixture::SetUp() {
     ShownMessages().clear();
     qputenv("QUELLPAD_SETTINGS_DIR", dir_.path().toLocal8Bit());
+    // What the windows remember goes to the user's configuration: a fresh one per test,
+    // so that no test starts from another's windows, nor touches the tester's own.
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(dir_.filePath(QStringLiteral("config"))));
     Bind(1, com1_.SlavePath());
     Bind(2, com2_.SlavePath());
     MakeKeyboard();

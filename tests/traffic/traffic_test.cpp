@@ -177,15 +177,14 @@ TrafficRow Row(const char* bytes, const char* meaning) {
 }
 
 TEST(TrafficFormat, TextAndCsvLinesHoldTheSevenColumns) {
-    const TrafficRow row = Row("\xFF\x01\x00\x01", "camera 1 ← acknowledged");
-    EXPECT_EQ(TextLine(Row("\xFF\x01", "x")),
-              "13:05:09.123\t1.608\tCOM 2\treceived\tFF 01 \t..\tx");
+    EXPECT_EQ(TextLine(Row("\xFF\x01", "x")), "13:05:09.123\t1.608\tCOM 2\treceived\tFF 01\t..\tx");
     EXPECT_EQ(TextHeader(), "Time\t+ms\tPort\tDirection\tHex\tText\tMeaning");
     EXPECT_EQ(CsvHeader(), "Time,+ms,Port,Direction,Hex,Text,Meaning");
     EXPECT_EQ(CsvLine(Row("1,2\"a", "switcher: label \"A,B\"")),
-              "13:05:09.123,1.608,COM 2,received,31 2C 32 22 61 ,\"1,2\"\"a\","
+              "13:05:09.123,1.608,COM 2,received,31 2C 32 22 61,\"1,2\"\"a\","
               "\"switcher: label \"\"A,B\"\"\"");
-    EXPECT_EQ(Field(row, kHex), "FF 01 ");
+    EXPECT_EQ(Field(Row("\x10\x20\x30", "x"), kHex), "10 20 30");
+    EXPECT_EQ(HexText({}), "");
     EXPECT_EQ(FormatSince(0), "0.000");
     EXPECT_EQ(FormatSince(12'345'678), "12345.678");
     EXPECT_EQ(FormatFor(QStringLiteral("a.CSV")), FileFormat::Csv);
@@ -196,23 +195,52 @@ TEST(TrafficFormat, TextAndCsvLinesHoldTheSevenColumns) {
 TEST(TrafficLog, EachBatchIsInTheFileBeforeTheLogIsClosed) {
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("traffic.log"));
-    TrafficLogFile log(path);
+    TrafficLogFile log(path, QStringLiteral("Log started"));
     log.Write({Row("\xFF", "a")});
     log.Write({Row("\x01", "b"), Row("\x02", "c")});
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     const QStringList lines = QString::fromUtf8(file.readAll()).split(u'\n');
-    ASSERT_EQ(lines.size(), 5);
-    EXPECT_EQ(lines[0], TextHeader());
-    EXPECT_EQ(lines[3], TextLine(Row("\x02", "c")));
-    EXPECT_EQ(lines[4], QString());
+    ASSERT_EQ(lines.size(), 6);
+    EXPECT_EQ(lines[1], LogHeader());
+    EXPECT_EQ(lines[4], LogLine(Row("\x02", "c")));
+    EXPECT_EQ(lines[5], QString());
+}
+
+// A second session appends to the first: each opens with when it started and how the
+// ports were set, and every row carries its date, so a log that runs past midnight reads
+// right.
+TEST(TrafficLog, AnExistingLogIsAppendedToWithASessionLineAndDatedRows) {
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("traffic.log"));
+    const QString start = LogStartLine(QDateTime(QDate(2026, 3, 7), QTime(23, 59, 58)),
+                                       {QStringLiteral("COM 1 (/dev/ttyUSB0) 2400,n,8,1"),
+                                        QStringLiteral("COM 2 (sim) 9600,e,8,1")});
+    EXPECT_EQ(start, QStringLiteral("Log started 2026-03-07 23:59:58; COM 1 (/dev/ttyUSB0) "
+                                    "2400,n,8,1; COM 2 (sim) 9600,e,8,1"));
+    { TrafficLogFile(path, QStringLiteral("first session")).Write({Row("\x01", "a")}); }
+    TrafficRow beforeMidnight = Row("\xFF", "b");
+    beforeMidnight.atUs =
+        QDateTime(QDate(2026, 3, 7), QTime(23, 59, 59, 500)).toMSecsSinceEpoch() * 1000;
+    TrafficRow afterMidnight = Row("\x02", "c");
+    afterMidnight.atUs = beforeMidnight.atUs + 1'000'000;
+    TrafficLogFile(path, start).Write({beforeMidnight, afterMidnight});
+
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QStringList lines = QString::fromUtf8(file.readAll()).split(u'\n');
+    EXPECT_EQ(lines, (QStringList{
+                         "first session", LogHeader(), "2026-03-07\t" + TextLine(Row("\x01", "a")),
+                         start, "Date\tTime\t+ms\tPort\tDirection\tHex\tText\tMeaning",
+                         "2026-03-07\t23:59:59.500\t1.608\tCOM 2\treceived\tFF\t.\tb",
+                         "2026-03-08\t00:00:00.500\t1.608\tCOM 2\treceived\t02\t.\tc", ""}));
 }
 
 TEST(TrafficLog, AFileThatCannotBeWrittenIsNamedWithTheReason) {
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("missing/traffic.csv"));
     try {
-        TrafficLogFile log(path);
+        TrafficLogFile log(path, {});
         FAIL() << "opened";
     } catch (const TrafficFileError& error) {
         EXPECT_EQ(error.Message(), QStringLiteral("The traffic log \"%1\" cannot be written: No "
@@ -248,7 +276,7 @@ TEST(TrafficLog, AFifoOrDeviceIsRefusedWithoutWaitingOnIt) {
                 for (const bool log : {true, false}) {
                     try {
                         if (log) {
-                            TrafficLogFile opened(c.path);
+                            TrafficLogFile opened(c.path, {});
                         } else {
                             SaveRows(c.path, FileFormat::Text, {});
                         }
@@ -292,7 +320,7 @@ TEST(TrafficLog, AFullDiskStopsTheLogAtARowBoundaryAndCountsTheRowsNotWritten) {
             }
             const QString path = none.FilePath(QStringLiteral("traffic.log"));
             try {
-                TrafficLogFile log(path);
+                TrafficLogFile log(path, {});
                 FAIL() << "wrote to a full disk";
             } catch (const TrafficFileError& error) {
                 EXPECT_EQ(error.Message(),
@@ -302,7 +330,7 @@ TEST(TrafficLog, AFullDiskStopsTheLogAtARowBoundaryAndCountsTheRowsNotWritten) {
         }
         test::SmallDisk disk(kind, 16384);
         const QString path = disk.FilePath(QStringLiteral("traffic.log"));
-        TrafficLogFile log(path);
+        TrafficLogFile log(path, {});
         std::vector<TrafficRow> batch;
         for (int i = 0; i < 40; ++i) {
             batch.push_back(Row("\x01\x02\x03", "a reply that takes room on the disk"));
@@ -321,7 +349,8 @@ TEST(TrafficLog, AFullDiskStopsTheLogAtARowBoundaryAndCountsTheRowsNotWritten) {
         ASSERT_TRUE(file.open(QIODevice::ReadOnly));
         const QByteArray content = file.readAll();
         EXPECT_TRUE(content.endsWith('\n')) << "no half row at the end";
-        const int rows = static_cast<int>(content.count('\n')) - 1;
+        // Less the session's start line and the column titles.
+        const int rows = static_cast<int>(content.count('\n')) - 2;
         const int lost = written + static_cast<int>(batch.size()) - rows;
         EXPECT_GT(lost, 0);
         EXPECT_EQ(failure,

@@ -4,6 +4,7 @@
 #include "protocol/commands.h"
 #include "traffic_window/frm_traffic.h"
 
+#include <QAbstractButton>
 #include <QCheckBox>
 #include <QClipboard>
 #include <QLabel>
@@ -51,7 +52,7 @@ TEST_F(TrafficWindow, IsMadeOnlyWhenFirstAskedForAndShowsACommandAndItsReply) {
     ASSERT_TRUE(WaitUntil([&] { return Meanings(*traffic).size() >= 2; }));
     EXPECT_EQ(Meanings(*traffic),
               (QStringList{"COM 1 → camera 1: pan right 32", "camera 1 ← pan position 123.45°"}));
-    EXPECT_EQ(traffic->Filter().index(0, traffic::kHex).data().toString(), "FF 01 00 02 20 00 23 ");
+    EXPECT_EQ(traffic->Filter().index(0, traffic::kHex).data().toString(), "FF 01 00 02 20 00 23");
     EXPECT_EQ(traffic->findChild<QLabel*>("TrafficStatusLabel")->text(), "2 rows, 0 dropped");
 
     // Only what was received, then copied as text.
@@ -61,6 +62,10 @@ TEST_F(TrafficWindow, IsMadeOnlyWhenFirstAskedForAndShowsACommandAndItsReply) {
     table->selectAll();
     QTest::keySequence(table, QKeySequence::Copy);
     EXPECT_EQ(QApplication::clipboard()->text(), traffic::TextLine(traffic->Model().Row(1)) + "\n");
+    const QStringList copied = QApplication::clipboard()->text().split(u'\t');
+    ASSERT_EQ(copied.size(), traffic::kColumns);
+    EXPECT_TRUE(copied[traffic::kHex].startsWith(u"FF 01 00 59 30 39"));
+    EXPECT_FALSE(copied[traffic::kHex].endsWith(u' ')) << "the copied bytes end with the last";
 
     traffic->findChild<QPushButton*>("ClearButton")->click();
     EXPECT_EQ(traffic->Model().rowCount(), 0);
@@ -109,6 +114,26 @@ TEST_F(TrafficWindow, ABatchTheLogCannotTakeIsStillShownAndOnlyTheLogStops) {
     EXPECT_EQ(Meanings(*traffic), QStringList{"switcher: monitor 12"});
     EXPECT_FALSE(traffic->findChild<QPushButton*>("LogToFileButton")->isChecked());
     EXPECT_EQ(QFileInfo(path).size(), header) << "the log ends on its last whole row";
+}
+
+// Alt and a letter reach one control only: each access key is its own.
+TEST_F(TrafficWindow, NoTwoControlsShareAnAccessKey) {
+    Start("D");
+    FrmTraffic* traffic = Open();
+    ASSERT_NE(traffic, nullptr);
+    QHash<QString, QString> owners;
+    for (const QAbstractButton* control : traffic->findChildren<QAbstractButton*>()) {
+        const QKeySequence key = QKeySequence::mnemonic(control->text());
+        if (key.isEmpty()) {
+            continue;
+        }
+        const QString shortcut = key.toString();
+        EXPECT_FALSE(owners.contains(shortcut))
+            << shortcut.toStdString() << " is both " << owners.value(shortcut).toStdString()
+            << " and " << control->objectName().toStdString();
+        owners.insert(shortcut, control->objectName());
+    }
+    EXPECT_GE(owners.size(), 9);
 }
 
 TEST(TrafficModel, TakesABatchInOneInsertionAndKeepsItsLimitWhilePaused) {
