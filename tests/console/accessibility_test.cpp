@@ -190,6 +190,7 @@ TEST_F(AccessibilityTest, EveryWindowIsHeardAsAWindowAndEveryControlByWhatItIs) 
         ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
         const Findings findings = Check(window);
         EXPECT_GT(findings.checked, 0) << where;
+        std::cout << "heard: " << where << ": " << findings.checked << " controls\n";
         for (const QString& fault : findings.faults) {
             ADD_FAILURE() << where << ": " << fault.toStdString();
         }
