@@ -120,6 +120,11 @@ TEST_F(SerialDeviceTest, AWireNobodyReadsDropsWhatIsWrittenPastTheCapAndIsToldOn
         return !flowing.isEmpty();
     }));
     EXPECT_EQ(stalled.size(), 1);
+    // What was still waiting in the port leaves as the event loop runs.
+    ASSERT_TRUE(WaitUntil([&] {
+        far += com1_.Drain();
+        return port.BytesToWrite() == 0;
+    }));
     far += com1_.Drain(100);
     port.Output(0xA5);
     const QByteArray last = com1_.Read(1);

@@ -78,13 +78,13 @@ TEST(HostileServer, AServerThatNeverReadsCostsBoundedMemoryAndTheWindowKeepsAnsw
         line.Open();
         ASSERT_TRUE(WaitUntil([&] { return line.IsConnected(); })) << c.name;
         LongestStall(1200); // past the option negotiation, whatever the server says
-        const qint64 before = ResidentBytes();
+        const qint64 before = HeldBytes();
         const qint64 stall = LongestStall(RunSeconds() * 1000, [&] {
             if (line.IsOpen()) {
                 WriteFrames(line, c.framesPerTick);
             }
         });
-        const qint64 grown = ResidentBytes() - before;
+        const qint64 grown = HeldBytes() - before;
         std::printf("[ hostile  ] %s: resident %lld MB after %d s (grew %lld kB), longest "
                     "stall %lld ms\n",
                     c.name, ResidentBytes() >> 20, RunSeconds(), grown >> 10, stall);

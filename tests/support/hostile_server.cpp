@@ -2,12 +2,19 @@
 
 #include <QFile>
 
+#include <cstddef>
+
 #include <arpa/inet.h>
 #include <cerrno>
 #include <fcntl.h>
 #include <netinet/in.h>
 #include <sys/socket.h>
 #include <unistd.h>
+
+#if defined(__SANITIZE_ADDRESS__)
+// The sanitizer's own count of the heap in use (its allocator interface).
+extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
+#endif
 
 namespace quellpad::test {
 
@@ -174,6 +181,14 @@ qint64 ResidentBytes() {
     }
     const QList<QByteArray> fields = status.readAll().split(' ');
     return fields.size() > 1 ? fields[1].toLongLong() * ::sysconf(_SC_PAGESIZE) : 0;
+}
+
+qint64 HeldBytes() {
+#if defined(__SANITIZE_ADDRESS__)
+    return static_cast<qint64>(__sanitizer_get_current_allocated_bytes());
+#else
+    return ResidentBytes();
+#endif
 }
 
 } // namespace quellpad::test
