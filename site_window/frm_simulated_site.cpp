@@ -7,6 +7,7 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QScrollArea>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -199,7 +200,13 @@ FrmSimulatedSite::FrmSimulatedSite(Quellpad_Support_Func& keyboard, QWidget* par
         if (auto* line = dynamic_cast<site::SimulatedLine*>(&keyboard.Port(port))) {
             auto* panel = new SitePanel(*line, tabs);
             panel->setObjectName(QStringLiteral("COM%1SitePanel").arg(port));
-            tabs->addTab(panel, tr("COM %1").arg(port));
+            // On a small screen or at a large scale the window may be smaller than all the
+            // equipment: the panel scrolls rather than pushing the window off the screen.
+            auto* scroll = new QScrollArea(tabs);
+            scroll->setFrameShape(QFrame::NoFrame);
+            scroll->setWidgetResizable(true);
+            scroll->setWidget(panel);
+            tabs->addTab(scroll, tr("COM %1").arg(port));
             panels_.push_back(panel);
         }
     }

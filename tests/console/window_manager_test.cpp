@@ -2,6 +2,7 @@
 
 #include "gamepad/frm_joystick.h"
 #include "gamepad/stick_mapping.h"
+#include "site/simulated_line.h"
 #include "ui/controls.h"
 
 #include <QApplication>
@@ -120,7 +121,15 @@ TEST_F(WindowManagerTest, TheWindowAppearsOnceAtItsFinalSize) {
 }
 
 TEST_F(WindowManagerTest, EveryWindowOpensWithinTheScreen) {
-    Start("D");
+    // COM 1 on the simulated site, whose window then shows all its equipment.
+    WriteSettings("2400\r\nn\r\nFalse\r\n1 2\r\nD\r\n1\r\n");
+    keyboard_ =
+        std::make_unique<Quellpad_Support_Func>([](int number) -> std::unique_ptr<SerialLine> {
+            return std::make_unique<site::SimulatedLine>(number);
+        });
+    window_ = std::make_unique<FrmMain>(*keyboard_);
+    window_->Form_Load();
+    window_->show();
     Settled();
     const QRect screen = window_->screen()->availableGeometry();
     EXPECT_TRUE(screen.contains(window_->frameGeometry())) << "the keyboard";
