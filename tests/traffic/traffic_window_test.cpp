@@ -25,6 +25,13 @@ protected:
         EXPECT_NE(window, nullptr);
         return window;
     }
+    // The switcher's "12Ma" typed straight to the open ports, as the typed-commands window
+    // writes it.
+    void TypeMonitor12() {
+        const QByteArray typed("12Ma");
+        keyboard_->WriteToOpenPorts(WireBytes(typed), WireBytes(typed));
+        EXPECT_EQ(com1_.Read(4), typed);
+    }
     static QStringList Meanings(FrmTraffic& window) {
         QStringList out;
         for (int i = 0; i < window.Filter().rowCount(); ++i) {
@@ -78,9 +85,7 @@ TEST_F(TrafficWindow, TypedBytesAreSeenAndLoggedWhilePausedAndShownAfter) {
     const QString path = dir_.filePath(QStringLiteral("traffic.log"));
     traffic->StartLog(path);
     traffic->findChild<QPushButton*>("PauseButton")->click();
-    const QByteArray typed("12Ma");
-    keyboard_->WriteToOpenPorts(WireBytes(typed), WireBytes(typed));
-    EXPECT_EQ(com1_.Read(4), typed);
+    TypeMonitor12();
     QFile log(path);
     ASSERT_TRUE(log.open(QIODevice::ReadOnly));
     ASSERT_TRUE(WaitUntil([&] { return log.readAll().contains("switcher: monitor 12"); }));
@@ -102,9 +107,7 @@ TEST_F(TrafficWindow, ABatchTheLogCannotTakeIsStillShownAndOnlyTheLogStops) {
     {
         test::SmallDisk disk(test::SmallDisk::Kind::FileSizeLimit, header + 4);
         ASSERT_TRUE(disk.Unavailable().isEmpty()) << disk.Unavailable().toStdString();
-        const QByteArray typed("12Ma");
-        keyboard_->WriteToOpenPorts(WireBytes(typed), WireBytes(typed));
-        EXPECT_EQ(com1_.Read(4), typed);
+        TypeMonitor12();
         ASSERT_TRUE(WaitUntil([&] { return !ShownMessages().isEmpty(); }));
         EXPECT_EQ(ShownMessages().back().text,
                   QStringLiteral("The traffic log \"%1\" cannot be written: %2. Logging has "
