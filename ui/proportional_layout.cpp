@@ -3,6 +3,7 @@
 #include "controls.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QCheckBox>
 #include <QEvent>
 #include <QFont>
@@ -29,6 +30,14 @@ constexpr double kPointStep = 0.5;
 
 double SnapDown(double size) {
     return std::max(kSmallestPointSize, std::floor(size / kPointStep) * kPointStep);
+}
+
+// A size within one step of the desktop's own text size takes that size: the controls
+// then share the face the menus and the status bar already drew, rather than matching,
+// loading and drawing the glyphs of a second face half a point apart.
+double NearDesktopSize(double size) {
+    const double desktop = QApplication::font().pointSizeF();
+    return desktop > 0 && std::abs(size - desktop) <= kPointStep ? desktop : size;
 }
 
 // The captions' lines as they are drawn: CR LF is one line break.
@@ -128,7 +137,7 @@ void ProportionalLayout::PlaceEntry(Entry& entry) {
 
     const QStringList captions = QStringList(CaptionOf(control)) + entry.otherCaptions;
     QFont font = control->font();
-    double size = SnapDown(entry.pointSize * fontScale);
+    double size = NearDesktopSize(SnapDown(entry.pointSize * fontScale));
     font.setPointSizeF(size);
     // A caption's width follows the font size closely, so one measurement says how far
     // to shrink; the next one checks it.
