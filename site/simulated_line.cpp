@@ -44,6 +44,14 @@ bool ParseLineFormat(const QString& text, LineFormat& format) {
     return true;
 }
 
+QString LineFormatText(const LineFormat& format) {
+    return QStringLiteral("%1,%2,%3,%4")
+        .arg(format.baud)
+        .arg(QLatin1Char(format.parity))
+        .arg(format.dataBits)
+        .arg(format.stopBits);
+}
+
 std::uint8_t Garble(std::uint8_t byte, const LineFormat& sent, const LineFormat& read) {
     // A receiver sampling at the wrong rate sees the start bit and a smear of the rest;
     // the pattern depends only on the byte and on how far the two settings are apart.
@@ -100,6 +108,11 @@ void SimulatedLine::Step() {
     }
 }
 
+void SimulatedLine::Rewire(Site::Wiring wiring) {
+    site_ = Site(std::move(wiring));
+    stepTimer_.stop();
+}
+
 const Site& SimulatedLine::Equipment() {
     Step();
     return site_;
@@ -110,8 +123,8 @@ void SimulatedLine::Output(std::uint8_t byte) {
         throw PortError(portNumber_, Device(), PortFailure::WriteFailed,
                         QStringLiteral("the port is not open"));
     }
-    const bool matched = format_ == kEquipment;
-    const std::uint8_t heard = matched ? byte : Garble(byte, format_, kEquipment);
+    const bool matched = format_ == equipmentFormat_;
+    const std::uint8_t heard = matched ? byte : Garble(byte, format_, equipmentFormat_);
     // The equipment acts on the state it has reached by now.
     Step();
     std::string reply = site_.Hear({&heard, 1});
@@ -125,7 +138,7 @@ void SimulatedLine::Output(std::uint8_t byte) {
     }
     if (!matched) {
         for (char& c : reply) {
-            c = static_cast<char>(Garble(static_cast<std::uint8_t>(c), kEquipment, format_));
+            c = static_cast<char>(Garble(static_cast<std::uint8_t>(c), equipmentFormat_, format_));
         }
     }
     if (sending_.size() - sent_ + reply.size() > kSendLimit) {

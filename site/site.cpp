@@ -1,5 +1,10 @@
 #include "site.h"
 
+#include <algorithm>
+#include <charconv>
+#include <numeric>
+#include <stdexcept>
+
 namespace quellpad::site {
 
 namespace {
@@ -55,14 +60,70 @@ bool ForCamera(Kind kind) {
     }
 }
 
-template <std::size_t... I>
-std::array<SimCamera, sizeof...(I)> MakeCameras(std::index_sequence<I...>) {
-    return {SimCamera(static_cast<int>(I) + 1)...};
-}
-
 } // namespace
 
-Site::Site() : cameras_(MakeCameras(std::make_index_sequence<kCameras>())) {}
+std::vector<int> Site::Wiring::DefaultCameras() {
+    std::vector<int> addresses(kCameras);
+    std::iota(addresses.begin(), addresses.end(), 1);
+    return addresses;
+}
+
+Site::Site(Wiring wiring) : wiring_(std::move(wiring)) {
+    std::vector<int>& addresses = wiring_.cameras;
+    std::sort(addresses.begin(), addresses.end());
+    addresses.erase(std::unique(addresses.begin(), addresses.end()), addresses.end());
+    if (!addresses.empty() &&
+        (addresses.front() < kLowestAddress || addresses.back() > kHighestAddress)) {
+        throw std::invalid_argument("a camera address is outside 1 to 255");
+    }
+    cameras_.reserve(addresses.size());
+    for (const int address : addresses) {
+        cameras_.emplace_back(address);
+        slot_[static_cast<std::size_t>(address)] = static_cast<std::uint16_t>(cameras_.size());
+    }
+    cameraLogs_.resize(cameras_.size());
+}
+
+bool ParseCameraAddresses(std::string_view text, std::vector<int>& addresses) {
+    std::vector<int> parsed;
+    const auto number = [](std::string_view digits, int& value) {
+        const auto* end = digits.data() + digits.size();
+        const auto [at, error] = std::from_chars(digits.data(), end, value);
+        return error == std::errc() && at == end && value >= Site::kLowestAddress &&
+               value <= Site::kHighestAddress;
+    };
+    while (!text.empty()) {
+        const std::size_t comma = text.find(',');
+        const std::string_view item = text.substr(0, comma);
+        text = comma == std::string_view::npos ? std::string_view() : text.substr(comma + 1);
+        const std::size_t dash = item.find('-');
+        int first = 0;
+        int last = 0;
+        if (!number(item.substr(0, dash), first) ||
+            !number(dash == std::string_view::npos ? item : item.substr(dash + 1), last) ||
+            last < first) {
+            return false;
+        }
+        for (int address = first; address <= last; ++address) {
+            parsed.push_back(address);
+        }
+        if (comma != std::string_view::npos && text.empty()) {
+            return false; // a trailing comma names nothing
+        }
+    }
+    if (parsed.empty()) {
+        return false;
+    }
+    std::sort(parsed.begin(), parsed.end());
+    parsed.erase(std::unique(parsed.begin(), parsed.end()), parsed.end());
+    addresses = std::move(parsed);
+    return true;
+}
+
+bool Site::HasCamera(int address) const {
+    return address >= kLowestAddress && address <= kHighestAddress &&
+           slot_[static_cast<std::size_t>(address)] != 0;
+}
 
 std::size_t Site::Rejected() const {
     return d_.Rejected() + p_.Rejected();
@@ -70,25 +131,28 @@ std::size_t Site::Rejected() const {
 
 void Site::ToCamera(const protocol::Command& command, std::string& reply) {
     // A frame for an address nobody has is heard by every receiver and answered by none.
-    if (command.address < 1 || command.address > kCameras) {
+    if (!HasCamera(command.address)) {
         return;
     }
-    const auto index = static_cast<std::size_t>(command.address - 1);
+    const std::size_t index = Index(command.address);
     Log(cameraLogs_[index], Prefix(command.language) + command.Describe());
     reply += cameras_[index].Apply(command);
 }
 
 void Site::ToSwitcher(const protocol::Command& command, std::string& reply) {
+    if (!wiring_.switcher) {
+        return;
+    }
     Log(switcherLog_, Prefix(command.language) + command.Describe());
     reply += switcher_.Apply(command);
     if (!ForCamera(command.kind)) {
         return;
     }
     const std::int64_t camera = switcher_.SelectedCamera();
-    if (camera < 1 || camera > kCameras) {
+    if (camera > kHighestAddress || !HasCamera(static_cast<int>(camera))) {
         return;
     }
-    const auto index = static_cast<std::size_t>(camera - 1);
+    const std::size_t index = Index(static_cast<int>(camera));
     if (command.kind == Kind::SetPreset) {
         cameras_[index].SetLabelColumns(switcher_.PendingLabel());
         switcher_.TakePendingLabel();
@@ -121,7 +185,7 @@ std::string Site::Hear(std::span<const std::uint8_t> bytes) {
         decoded_.clear();
         mux_.Feed(byte, decoded_);
         for (const protocol::Command& command : decoded_) {
-            if (!inFrame) {
+            if (!inFrame && wiring_.multiplexer) {
                 Log(multiplexerLog_, Prefix(command.language) + command.Describe());
                 multiplexer_.Apply(command);
             }
