@@ -118,6 +118,24 @@ const Site& SimulatedLine::Equipment() {
     return site_;
 }
 
+std::string SimulatedLine::Hear(Site::Ear* ear, std::span<const std::uint8_t> bytes,
+                                std::vector<Site::Obeyed>* obeyed) {
+    // The equipment acts on the state it has reached by now.
+    Step();
+    std::string reply = ear == nullptr ? site_.Hear(bytes) : site_.Hear(*ear, bytes, obeyed);
+    if (!site_.Busy()) {
+        stepTimer_.stop();
+    } else if (!stepTimer_.isActive()) {
+        stepTimer_.start();
+    }
+    return reply;
+}
+
+std::string SimulatedLine::HearFrom(Site::Ear& ear, std::span<const std::uint8_t> bytes,
+                                    std::vector<Site::Obeyed>* obeyed) {
+    return Hear(&ear, bytes, obeyed);
+}
+
 void SimulatedLine::Output(std::uint8_t byte) {
     if (!open_) {
         throw PortError(portNumber_, Device(), PortFailure::WriteFailed,
@@ -125,14 +143,7 @@ void SimulatedLine::Output(std::uint8_t byte) {
     }
     const bool matched = format_ == equipmentFormat_;
     const std::uint8_t heard = matched ? byte : Garble(byte, format_, equipmentFormat_);
-    // The equipment acts on the state it has reached by now.
-    Step();
-    std::string reply = site_.Hear({&heard, 1});
-    if (!site_.Busy()) {
-        stepTimer_.stop();
-    } else if (!stepTimer_.isActive()) {
-        stepTimer_.start();
-    }
+    std::string reply = Hear(nullptr, {&heard, 1}, nullptr);
     if (reply.empty()) {
         return;
     }

@@ -61,6 +61,10 @@ public:
     void Output(std::uint8_t byte) override;
     QByteArray Input() override;
 
+    // Bytes from another controller's wire onto this line's equipment, as a served site
+    // hears its controllers; what the equipment sends back to that controller at once.
+    std::string HearFrom(Site::Ear& ear, std::span<const std::uint8_t> bytes,
+                         std::vector<Site::Obeyed>* obeyed);
     // The equipment on this line, brought up to the present moment.
     const Site& Equipment();
     const LineFormat& Format() const { return format_; }
@@ -74,6 +78,9 @@ public:
     double ByteSeconds() const { return format_.BitsPerByte() / format_.baud; }
 
 private:
+    // Bytes from the line's own wire when `ear` is null.
+    std::string Hear(Site::Ear* ear, std::span<const std::uint8_t> bytes,
+                     std::vector<Site::Obeyed>* obeyed);
     void Step();
     void Pace();
 

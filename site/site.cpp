@@ -125,24 +125,18 @@ bool Site::HasCamera(int address) const {
            slot_[static_cast<std::size_t>(address)] != 0;
 }
 
-std::size_t Site::Rejected() const {
-    return d_.Rejected() + p_.Rejected();
-}
-
-void Site::ToCamera(const protocol::Command& command, std::string& reply) {
+bool Site::ToCamera(const protocol::Command& command, std::string& reply) {
     // A frame for an address nobody has is heard by every receiver and answered by none.
     if (!HasCamera(command.address)) {
-        return;
+        return false;
     }
     const std::size_t index = Index(command.address);
     Log(cameraLogs_[index], Prefix(command.language) + command.Describe());
     reply += cameras_[index].Apply(command);
+    return true;
 }
 
 void Site::ToSwitcher(const protocol::Command& command, std::string& reply) {
-    if (!wiring_.switcher) {
-        return;
-    }
     Log(switcherLog_, Prefix(command.language) + command.Describe());
     reply += switcher_.Apply(command);
     if (!ForCamera(command.kind)) {
@@ -161,33 +155,45 @@ void Site::ToSwitcher(const protocol::Command& command, std::string& reply) {
     cameras_[index].Apply(command);
 }
 
-std::string Site::Hear(std::span<const std::uint8_t> bytes) {
+std::string Site::Hear(Ear& ear, std::span<const std::uint8_t> bytes, std::vector<Obeyed>* obeyed) {
     std::string reply;
+    const auto obey = [&](const protocol::Command& command, std::size_t from) {
+        if (obeyed != nullptr) {
+            obeyed->push_back({command, reply.substr(from)});
+        }
+    };
+    std::vector<protocol::Command>& decoded = ear.decoded;
     for (std::size_t i = 0; i < bytes.size(); ++i) {
         const auto byte = bytes.subspan(i, 1);
-        decoded_.clear();
-        const bool framing = d_.InFrame() || p_.InFrame();
-        d_.Feed(byte, decoded_);
-        p_.Feed(byte, decoded_);
+        decoded.clear();
+        const bool framing = ear.d.InFrame() || ear.p.InFrame();
+        ear.d.Feed(byte, decoded);
+        ear.p.Feed(byte, decoded);
         // A text that ends inside a D or P frame is made of the frame's own bytes: the
         // switcher and the multiplexer on a shared wire let it pass.
-        const bool inFrame = framing || !decoded_.empty() || d_.InFrame() || p_.InFrame();
-        for (const protocol::Command& command : decoded_) {
-            ToCamera(command, reply);
-        }
-        decoded_.clear();
-        ascii_.Feed(byte, decoded_);
-        for (const protocol::Command& command : decoded_) {
-            if (!inFrame) {
-                ToSwitcher(command, reply);
+        const bool inFrame = framing || !decoded.empty() || ear.d.InFrame() || ear.p.InFrame();
+        for (const protocol::Command& command : decoded) {
+            const std::size_t from = reply.size();
+            if (ToCamera(command, reply)) {
+                obey(command, from);
             }
         }
-        decoded_.clear();
-        mux_.Feed(byte, decoded_);
-        for (const protocol::Command& command : decoded_) {
+        decoded.clear();
+        ear.ascii.Feed(byte, decoded);
+        for (const protocol::Command& command : decoded) {
+            if (!inFrame && wiring_.switcher) {
+                const std::size_t from = reply.size();
+                ToSwitcher(command, reply);
+                obey(command, from);
+            }
+        }
+        decoded.clear();
+        ear.mux.Feed(byte, decoded);
+        for (const protocol::Command& command : decoded) {
             if (!inFrame && wiring_.multiplexer) {
                 Log(multiplexerLog_, Prefix(command.language) + command.Describe());
                 multiplexer_.Apply(command);
+                obey(command, reply.size());
             }
         }
     }

@@ -39,12 +39,36 @@ public:
         bool operator==(const Wiring&) const = default;
     };
 
+    // What one controller's wire brings to the equipment: every receiver's decoder, so that
+    // several controllers on one site never run their frames into each other.
+    struct Ear {
+        protocol::DFrameDecoder d;
+        protocol::PFrameDecoder p;
+        protocol::AsciiDecoder ascii{protocol::Language::Ascii};
+        protocol::AsciiDecoder mux{protocol::Language::MuxAscii};
+        std::vector<protocol::Command> decoded;
+
+        // D and P frames thrown away (bad check, cut short).
+        std::size_t Rejected() const { return d.Rejected() + p.Rejected(); }
+        // Texts too long for the switcher or the multiplexer.
+        std::size_t TextsRejected() const { return ascii.Rejected() + mux.Rejected(); }
+    };
+    // A command some equipment obeyed, and what it sent back for it.
+    struct Obeyed {
+        protocol::Command command;
+        std::string reply;
+    };
+
     Site() : Site(Wiring{}) {}
     // Throws std::invalid_argument for an address outside 1..255.
     explicit Site(Wiring wiring);
 
     // Bytes heard on the line; what the equipment sends back.
-    std::string Hear(std::span<const std::uint8_t> bytes);
+    std::string Hear(std::span<const std::uint8_t> bytes) { return Hear(ear_, bytes); }
+    // Bytes heard from one controller's wire; the commands obeyed are appended to `obeyed`
+    // when it is given.
+    std::string Hear(Ear& ear, std::span<const std::uint8_t> bytes,
+                     std::vector<Obeyed>* obeyed = nullptr);
     void Advance(double seconds);
     bool Busy() const;
 
@@ -62,7 +86,7 @@ public:
     const std::deque<std::string>& MultiplexerLog() const { return multiplexerLog_; }
     // D and P frames thrown away (bad check, cut short). The texts are not counted: on a
     // wire that carries frames, every printable byte of a frame looks like a cut text.
-    std::size_t Rejected() const;
+    std::size_t Rejected() const { return ear_.Rejected(); }
     // Grows whenever something a window shows may have changed.
     std::uint64_t Version() const { return version_; }
 
@@ -70,14 +94,10 @@ private:
     std::size_t Index(int address) const {
         return static_cast<std::size_t>(slot_[static_cast<std::size_t>(address)] - 1);
     }
-    void ToCamera(const protocol::Command& command, std::string& reply);
+    bool ToCamera(const protocol::Command& command, std::string& reply);
     void ToSwitcher(const protocol::Command& command, std::string& reply);
 
-    protocol::DFrameDecoder d_;
-    protocol::PFrameDecoder p_;
-    protocol::AsciiDecoder ascii_{protocol::Language::Ascii};
-    protocol::AsciiDecoder mux_{protocol::Language::MuxAscii};
-    std::vector<protocol::Command> decoded_;
+    Ear ear_;
     Wiring wiring_;
     // Position + 1 in cameras_ of the camera at each address; 0 where none is.
     std::array<std::uint16_t, kHighestAddress + 1> slot_{};
