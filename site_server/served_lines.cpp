@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
+#include <poll.h>
 #include <termios.h>
 #include <unistd.h>
 
@@ -101,9 +102,9 @@ PtyLine::PtyLine(ServedSite& site, QObject* parent) : ServedLine(parent), site_(
     connect(notifier_, &QSocketNotifier::activated, this, &PtyLine::Read);
     idle_.setInterval(kIdleLookMs);
     connect(&idle_, &QTimer::timeout, this, &PtyLine::Watch);
-    // Nobody has the terminal open yet.
-    notifier_->setEnabled(false);
-    idle_.start();
+    // A terminal nobody has opened yet looks the same as one a controller holds: both
+    // simply wait for bytes. Only one that a controller closed hangs up.
+    connected_ = true;
 }
 
 PtyLine::~PtyLine() {
@@ -134,11 +135,9 @@ void PtyLine::Reconnected(bool connected) {
 }
 
 void PtyLine::Watch() {
-    // While no controller holds the terminal open a read fails with EIO; a controller
-    // that opened it is seen by a read that waits for data instead.
-    char byte = 0;
-    const ssize_t got = ::read(fd_, &byte, 0);
-    Reconnected(got == 0 || errno != EIO);
+    // While no controller holds the terminal open it stays hung up.
+    pollfd look{fd_, POLLIN, 0};
+    Reconnected(::poll(&look, 1, 0) >= 0 && (look.revents & POLLHUP) == 0);
 }
 
 void PtyLine::Read() {
