@@ -51,7 +51,16 @@ void QuitOnSignals(QCoreApplication& app) {
 void PrintLine(const QString& text) {
     std::fputs(qPrintable(text), stdout);
     std::fputc('\n', stdout);
-    std::fflush(stdout);
+    // What a burst of bytes told leaves in one write once the burst is dealt with, yet
+    // without delay for a reader waiting on a line.
+    static bool flushing = false;
+    if (!flushing) {
+        flushing = true;
+        QTimer::singleShot(0, [] {
+            std::fflush(stdout);
+            flushing = false;
+        });
+    }
 }
 
 // The Simulated Site window on the served equipment.

@@ -24,10 +24,33 @@ const char* KindName(Event::Kind kind) {
     return "";
 }
 
+// "13:05:09" (local) or "2026-11-24T13:05:09" (UTC) of a time, worked out once a second: a
+// busy line tells thousands of events a second, and each local time costs a look at the
+// time zone.
+QString Seconds(std::int64_t atUs, bool utc) {
+    struct Cached {
+        std::int64_t second = -1;
+        QString text;
+    };
+    static Cached cached[2];
+    Cached& cache = cached[utc ? 1 : 0];
+    const std::int64_t second = atUs / 1000000;
+    if (second != cache.second) {
+        cache.second = second;
+        cache.text =
+            utc ? QDateTime::fromSecsSinceEpoch(second, Qt::UTC)
+                      .toString(Qt::ISODate)
+                      .chopped(1) // the "Z", put back after the milliseconds
+                : QDateTime::fromSecsSinceEpoch(second).toString(QStringLiteral("HH:mm:ss"));
+    }
+    return cache.text + QStringLiteral(".%1").arg(atUs / 1000 % 1000, 3, 10, QLatin1Char('0')) +
+           (utc ? QStringLiteral("Z") : QString());
+}
+
 } // namespace
 
 QString EventText(const Event& event) {
-    QString text = traffic::FormatTime(event.atUs) + QStringLiteral("  ") + event.line;
+    QString text = Seconds(event.atUs, false) + QStringLiteral("  ") + event.line;
     if (event.kind == Event::Kind::Command || event.kind == Event::Kind::Answer) {
         text +=
             event.kind == Event::Kind::Command ? QStringLiteral("  → ") : QStringLiteral("  ← ");
