@@ -164,76 +164,60 @@ void PtyLine::Write(const QByteArray& bytes) {
 }
 
 DeviceLine::DeviceLine(ServedSite& site, const QString& device, QObject* parent)
-    : ServedLine(parent), site_(site), device_(device) {
+    : ServedLine(parent), site_(site), device_(device), port_(0, device) {
     peer_ = std::make_unique<Peer>(site, device_);
     connect(peer_.get(), &Peer::Write, this, [this](const QByteArray& bytes) {
-        if (!port_.isOpen() || port_.bytesToWrite() > static_cast<qint64>(Peer::kSendLimit)) {
+        if (!port_.IsOpen() || port_.BytesToWrite() > static_cast<qint64>(Peer::kSendLimit)) {
             peer_->Lost(static_cast<std::size_t>(bytes.size()));
             return;
         }
-        port_.write(bytes);
+        for (const char byte : bytes) {
+            port_.Output(static_cast<std::uint8_t>(byte));
+        }
     });
-    connect(&port_, &QSerialPort::readyRead, this, &DeviceLine::Read);
-    connect(&port_, &QSerialPort::errorOccurred, this, &DeviceLine::Failed);
+    connect(&port_, &SerialLine::CommEvent, this, &DeviceLine::Read);
+    connect(&port_, &SerialLine::LineFailed, this, &DeviceLine::Failed);
     retry_.setInterval(kRetryMs);
     connect(&retry_, &QTimer::timeout, this, &DeviceLine::Retry);
-    QString reason;
-    if (!Open(&reason)) {
-        CannotServe(device_, reason);
+    try {
+        port_.SetSettings(site::LineFormatText(site_.Format()));
+        port_.Open();
+    } catch (const PortError& error) {
+        CannotServe(device_, error.Reason());
     }
 }
 
 DeviceLine::~DeviceLine() {
-    port_.close();
-}
-
-bool DeviceLine::Open(QString* reason) {
-    const auto settings = ParseLineSettings(site::LineFormatText(site_.Format()));
-    port_.setPortName(device_);
-    if (!settings || !port_.open(QIODevice::ReadWrite)) {
-        *reason =
-            settings ? port_.errorString() : QStringLiteral("the line settings are not valid");
-        const QString access = AccessRefusal(device_);
-        if (!access.isEmpty()) {
-            *reason = access;
-        }
-        return false;
-    }
-    if (!port_.setBaudRate(settings->baud) || !port_.setParity(settings->parity) ||
-        !port_.setDataBits(settings->dataBits) || !port_.setStopBits(settings->stopBits)) {
-        *reason = port_.errorString();
-        port_.close();
-        return false;
-    }
-    return true;
+    port_.Close();
 }
 
 void DeviceLine::Read() {
-    while (port_.bytesAvailable() > 0) {
-        const QByteArray bytes = port_.read(kReadChunk);
-        peer_->Hear(protocol::AsBytes(
-            std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size()))));
-    }
+    const QByteArray bytes = port_.Input();
+    peer_->Hear(protocol::AsBytes(
+        std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size()))));
 }
 
-void DeviceLine::Failed(QSerialPort::SerialPortError error) {
-    if (error != QSerialPort::ResourceError || retry_.isActive()) {
+void DeviceLine::Failed(const QString& /*message*/) {
+    // The keyboard's words name a COM port; the served line is named by its device.
+    if (retry_.isActive()) {
         return;
     }
     // Told once; the device is looked for until it is back.
     site_.Tell(Event::Kind::Line, device_,
-               QStringLiteral("the device has gone (%1); it is opened again when it returns")
-                   .arg(port_.errorString()));
-    port_.close();
+               QStringLiteral("the device has gone (unplugged or hung up); it is opened again "
+                              "when it returns"));
+    port_.Close();
     retry_.start();
 }
 
 void DeviceLine::Retry() {
-    QString reason;
-    if (Open(&reason)) {
-        retry_.stop();
-        site_.Tell(Event::Kind::Line, device_, QStringLiteral("the device is back"));
+    try {
+        port_.Open();
+    } catch (const PortError&) {
+        return; // still away
     }
+    retry_.stop();
+    site_.Tell(Event::Kind::Line, device_, QStringLiteral("the device is back"));
 }
 
 TcpLine::TcpLine(ServedSite& site, const QHostAddress& host, quint16 port, QObject* parent)

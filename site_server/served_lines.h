@@ -3,8 +3,9 @@
 #include "peer.h"
 #include "served_site.h"
 
+#include "engine/serial_device.h"
+
 #include <QHostAddress>
-#include <QSerialPort>
 #include <QSocketNotifier>
 #include <QTcpServer>
 #include <QTimer>
@@ -72,14 +73,14 @@ public:
     Rejections Rejected() const override { return peer_->Rejected(); }
 
 private:
-    bool Open(QString* reason);
     void Read();
-    void Failed(QSerialPort::SerialPortError error);
+    void Failed(const QString& message);
     void Retry();
 
     ServedSite& site_;
     QString device_;
-    QSerialPort port_;
+    // The keyboard's own serial device, which knows a vanished device from a busy one.
+    SerialDevice port_;
     std::unique_ptr<Peer> peer_;
     QTimer retry_;
 };

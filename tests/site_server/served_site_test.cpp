@@ -3,8 +3,10 @@
 #include "site_server/served_lines.h"
 
 #include <QElapsedTimer>
+#include <QFile>
 #include <QRandomGenerator>
 #include <QTcpSocket>
+#include <QTemporaryDir>
 
 namespace quellpad::test {
 namespace {
@@ -154,6 +156,37 @@ TEST(ServedTcpLine, HostileClientsAreCountedAndBoundedWhileAnotherIsServed) {
     EXPECT_GT(rejected.badFrames, 0u);
     EXPECT_GT(rejected.ignored, static_cast<std::uint64_t>(endless.size()));
     EXPECT_EQ(rejected.garbled, 0u);
+}
+
+// A USB adapter pulled out and plugged in again under its stable name.
+TEST(ServedDeviceLine, AVanishedDeviceIsToldOnceAndServedAgainWhenItReturns) {
+    QTemporaryDir dir;
+    const QString name = dir.filePath("usb-adapter-if00-port0");
+    auto first = std::make_unique<PseudoTerminal>();
+    ASSERT_TRUE(QFile::link(first->SlavePath(), name));
+    ServedSite site({}, {});
+    Told told(site);
+    site_server::DeviceLine line(site, name);
+    const QByteArray query = Bytes(BuildDFrame(1, 0, 0x51, 0, 0));
+    first->Write(query);
+    EXPECT_EQ(first->Read(7).left(4), QByteArray::fromHex("ff010059"));
+
+    first->Hangup();
+    const auto gone = [&] {
+        return std::count_if(told.events.begin(), told.events.end(), [](const Event& event) {
+            return event.meaning.startsWith("the device has gone");
+        });
+    };
+    ASSERT_TRUE(WaitUntil([&] { return gone() == 1; }));
+    WaitUntil([] { return false; }, 2500);
+    EXPECT_EQ(gone(), 1) << "told once while it stays away";
+
+    PseudoTerminal second;
+    QFile::remove(name);
+    ASSERT_TRUE(QFile::link(second.SlavePath(), name));
+    ASSERT_TRUE(WaitUntil([&] { return told.events.back().meaning == "the device is back"; }));
+    second.Write(query);
+    EXPECT_EQ(second.Read(7).left(4), QByteArray::fromHex("ff010059"));
 }
 
 } // namespace
