@@ -155,6 +155,24 @@ TEST(SiteProgramLine, OnlyAControllerAtTheEquipmentsSettingsIsAnswered) {
     }
 }
 
+// With its window open the program serves as without it.
+TEST(SiteProgramView, TheWindowOnTheServedEquipmentLeavesTheLinesServed) {
+    SiteProgram site({"--pty", "--view", "--json"});
+    QSerialPort port(site.PtyPath());
+    ASSERT_TRUE(port.open(QIODevice::ReadWrite));
+    port.setBaudRate(2400);
+    port.write(QByteArray::fromHex("ff030002200025"));
+    ASSERT_TRUE(site.WaitFor("command", "camera 3: pan right 32"));
+    QByteArray answer;
+    EXPECT_TRUE(WaitUntil([&] {
+        answer += port.readAll();
+        return answer == QByteArray::fromHex("ff030003");
+    }));
+    ::kill(static_cast<pid_t>(site.Process().processId()), SIGTERM);
+    ASSERT_TRUE(site.Process().waitForFinished(3000));
+    EXPECT_EQ(site.Process().exitCode(), 0);
+}
+
 // SIGTERM closes every line: the pseudo-terminal's path and the listening port are gone.
 TEST(SiteProgramEnd, TerminationLeavesNoPtyAndNoPortOpen) {
     const quint16 port = FreeLoopbackPort();
