@@ -1,7 +1,7 @@
 // quellpad-site's cost per served line: the share of one core the program spends while a
 // controller keeps its pseudo-terminal busy with D traffic at the line's full pace (a
 // saturated 115200-baud line, and a 2400-baud one), every command and answer printed.
-#include "protocol/commands.h"
+#include "d_traffic.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -16,21 +16,6 @@
 #include <unistd.h>
 
 namespace {
-
-using quellpad::protocol::BuildDFrame;
-
-// Joystick moves, stops, presets and queries for the eight cameras.
-std::string Traffic() {
-    std::string out;
-    for (int i = 0; out.size() < 65536; ++i) {
-        const auto speed = static_cast<std::uint8_t>(7 + i % 58);
-        out += BuildDFrame(1 + i % 8, 0, 0x02, speed, 0);
-        out += BuildDFrame(1 + i % 8, 0, 0, 0, 0);
-        out += BuildDFrame(1 + i % 8, 0, 0x07, 0, static_cast<std::uint8_t>(1 + i % 32));
-        out += BuildDFrame(1 + i % 8, 0, 0x51, 0, 0);
-    }
-    return out;
-}
 
 // User and system seconds the process has spent, from /proc.
 double CpuSeconds(qint64 pid) {
@@ -65,7 +50,7 @@ void Measure(int baud, double seconds) {
         return;
     }
     port.setBaudRate(baud);
-    const std::string traffic = Traffic();
+    const std::string traffic = quellpad::bench::DTraffic();
     const double bytesPerSecond = baud / 10.0;
     const double before = CpuSeconds(site.processId());
     QElapsedTimer clock;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "pacer.h"
 #include "site.h"
 
 #include "engine/serial_device.h"
@@ -82,7 +83,6 @@ private:
     std::string Hear(Site::Ear* ear, std::span<const std::uint8_t> bytes,
                      std::vector<Site::Obeyed>* obeyed);
     void Step();
-    void Pace();
 
     int portNumber_;
     bool open_ = false;
@@ -93,11 +93,8 @@ private:
     QElapsedTimer clock_;
     qint64 steppedAt_ = 0;
     QTimer stepTimer_;
-    // Answers on their way back, and when the first of them started to leave.
-    std::string sending_;
-    qint64 sendingSince_ = 0;
-    std::size_t sent_ = 0;
-    QTimer paceTimer_;
+    // Answers on their way back.
+    Pacer pacer_;
     QByteArray received_;
 };
 

@@ -5,9 +5,6 @@
 #include "protocol/decoders.h"
 #include "traffic/splitter.h"
 
-#include <algorithm>
-#include <cmath>
-
 namespace quellpad::site_server {
 
 namespace {
@@ -37,11 +34,9 @@ QString AnswerMeaning(const protocol::Command& command, const std::string& reply
 } // namespace
 
 Peer::Peer(ServedSite& site, QString name, QObject* parent)
-    : QObject(parent), site_(site), name_(std::move(name)), controller_(site.Format()) {
-    clock_.start();
-    paceTimer_.setSingleShot(true);
-    paceTimer_.setTimerType(Qt::PreciseTimer);
-    connect(&paceTimer_, &QTimer::timeout, this, &Peer::Pace);
+    : QObject(parent), site_(site), name_(std::move(name)), controller_(site.Format()),
+      pacer_(kDeliveryMs, kSendLimit) {
+    connect(&pacer_, &site::Pacer::Arrived, this, &Peer::Write);
 }
 
 Peer::~Peer() = default;
@@ -85,18 +80,8 @@ void Peer::Hear(std::span<const std::uint8_t> bytes) {
                 site::Garble(static_cast<std::uint8_t>(c), equipment, controller_));
         }
     }
-    if (sending_.size() - sent_ + reply.size() > kSendLimit) {
+    if (!pacer_.Send(reply, site_.Format().BitsPerByte() / site_.Format().baud)) {
         Lost(reply.size());
-        return;
-    }
-    if (sent_ == sending_.size()) {
-        sending_.clear();
-        sent_ = 0;
-        sendingSince_ = clock_.nsecsElapsed();
-    }
-    sending_ += reply;
-    if (!paceTimer_.isActive()) {
-        Pace();
     }
 }
 
@@ -126,27 +111,6 @@ void Peer::TellRejected(bool now) {
                    .arg(rejected_.garbled)
                    .arg(rejected_.ignored)
                    .arg(rejected_.answersLost));
-}
-
-void Peer::Pace() {
-    const double byteNs = site_.Format().BitsPerByte() / site_.Format().baud * 1e9;
-    const qint64 now = clock_.nsecsElapsed();
-    // Every byte whose last bit has left by now is handed on.
-    const auto due =
-        std::min(sending_.size(),
-                 static_cast<std::size_t>(static_cast<double>(now - sendingSince_) / byteNs));
-    if (due > sent_) {
-        emit Write(QByteArray(sending_.data() + sent_, static_cast<qsizetype>(due - sent_)));
-        sent_ = due;
-    }
-    if (sent_ < sending_.size()) {
-        const double nextNs = static_cast<double>(sent_ + 1) * byteNs -
-                              static_cast<double>(clock_.nsecsElapsed() - sendingSince_);
-        paceTimer_.start(std::max(kDeliveryMs, static_cast<int>(std::ceil(nextNs / 1e6))));
-    } else {
-        sending_.clear();
-        sent_ = 0;
-    }
 }
 
 } // namespace quellpad::site_server

@@ -5,7 +5,6 @@
 #include <QElapsedTimer>
 #include <QObject>
 #include <QString>
-#include <QTimer>
 
 #include <cstdint>
 #include <span>
@@ -61,8 +60,6 @@ signals:
     void Write(const QByteArray& bytes);
 
 private:
-    void Pace();
-
     ServedSite& site_;
     QString name_;
     site::LineFormat controller_;
@@ -73,11 +70,7 @@ private:
     std::uint64_t heard_ = 0;
     std::uint64_t obeyedBytes_ = 0;
     std::vector<site::Site::Obeyed> obeyed_;
-    QElapsedTimer clock_;
-    std::string sending_;
-    std::size_t sent_ = 0;
-    qint64 sendingSince_ = 0;
-    QTimer paceTimer_;
+    site::Pacer pacer_;
 };
 
 } // namespace quellpad::site_server

@@ -15,14 +15,6 @@
 namespace quellpad::test {
 namespace {
 
-// Whether anything listens on a loopback TCP port, as the kernel's table says.
-bool Listening(quint16 port) {
-    QFile table("/proc/net/tcp");
-    table.open(QIODevice::ReadOnly);
-    return table.readAll().contains(
-        QStringLiteral(":%1 00000000:0000 0A ").arg(port, 4, 16, QChar(u'0')).toUpper().toLatin1());
-}
-
 // quellpad-site in a process of its own, its output read line by line.
 class SiteProgram {
 public:
@@ -94,7 +86,7 @@ TEST_F(SiteProgramTest, TheKeyboardOnTheServedPtyPansCameraThreeRightAndStops) {
 TEST(SiteProgramTcp, PanPositionQueriesAreAnsweredToEveryClient) {
     const quint16 port = FreeLoopbackPort();
     SiteProgram site({"--listen", QStringLiteral("127.0.0.1:%1").arg(port), "--json"});
-    ASSERT_TRUE(WaitUntil([&] { return Listening(port); }));
+    ASSERT_TRUE(WaitUntil([&] { return LoopbackListening(port); }));
     for (const int clients : {1, 2}) {
         SCOPED_TRACE(clients);
         std::vector<std::unique_ptr<QTcpSocket>> sockets;
@@ -178,7 +170,7 @@ TEST(SiteProgramEnd, TerminationLeavesNoPtyAndNoPortOpen) {
     const quint16 port = FreeLoopbackPort();
     SiteProgram site({"--pty", "--listen", QStringLiteral("127.0.0.1:%1").arg(port)});
     const QString pty = site.PtyPath();
-    ASSERT_TRUE(WaitUntil([&] { return Listening(port); }));
+    ASSERT_TRUE(WaitUntil([&] { return LoopbackListening(port); }));
     ASSERT_TRUE(QFile::exists(pty));
     QTcpSocket client;
     client.connectToHost(QHostAddress::LocalHost, port);
@@ -188,7 +180,7 @@ TEST(SiteProgramEnd, TerminationLeavesNoPtyAndNoPortOpen) {
     EXPECT_EQ(site.Process().exitStatus(), QProcess::NormalExit);
     EXPECT_EQ(site.Process().exitCode(), 0);
     EXPECT_FALSE(QFile::exists(pty));
-    EXPECT_FALSE(Listening(port));
+    EXPECT_FALSE(LoopbackListening(port));
     EXPECT_TRUE(site.Lines().last().contains("closed; not obeyed: 0 bad")) << "counts shown";
 }
 
@@ -248,7 +240,7 @@ TEST_F(SiteProgramTest, TheKeyboardOverTheNetworkSwitchesAMonitorInAscii) {
             server = std::make_unique<Ser2net>(site.PtyPath(), true, dir_.path(), "2400n81");
             ASSERT_TRUE(server->Start());
         }
-        ASSERT_TRUE(WaitUntil([&] { return Listening(port); }));
+        ASSERT_TRUE(WaitUntil([&] { return LoopbackListening(port); }));
         Bind(1, rfc2217 ? server->Url() : QStringLiteral("tcp://127.0.0.1:%1").arg(port));
         keyboard_ = std::make_unique<Quellpad_Support_Func>(&MakeNetworkOrDeviceLine);
         keyboard_->MSComm1().SetSettings("2400,n,8,1");

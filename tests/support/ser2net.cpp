@@ -63,7 +63,7 @@ bool Ser2net::Start() {
     process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     process_.start("ser2net",
                    {"-n", "-d", "-c", folder_ + "/ser2net.yaml", "-P", folder_ + "/ser2net.pid"});
-    return process_.waitForStarted() && WaitUntil([&] { return Listening(); });
+    return process_.waitForStarted() && WaitUntil([&] { return LoopbackListening(port_); });
 }
 
 void Ser2net::Kill() {
@@ -71,11 +71,11 @@ void Ser2net::Kill() {
     process_.waitForFinished();
 }
 
-bool Ser2net::Listening() const {
+bool LoopbackListening(quint16 port) {
     QFile table("/proc/net/tcp");
     table.open(QIODevice::ReadOnly);
     const QByteArray entry = QStringLiteral(" 0100007F:%1 00000000:0000 0A ")
-                                 .arg(port_, 4, 16, QChar(u'0'))
+                                 .arg(port, 4, 16, QChar(u'0'))
                                  .toUpper()
                                  .toLatin1();
     return table.readAll().contains(entry);

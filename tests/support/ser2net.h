@@ -10,6 +10,8 @@ namespace quellpad::test {
 QString Ser2netUnavailable();
 
 quint16 FreeLoopbackPort();
+// Whether something listens on a loopback TCP port, as the kernel's table says.
+bool LoopbackListening(quint16 port);
 
 // ser2net serving one pseudo-terminal on a loopback port, raw or with RFC 2217, the
 // device opened at `settings` ("9600n81") until a client sets it otherwise.
@@ -26,8 +28,6 @@ public:
     void Kill();
 
 private:
-    bool Listening() const;
-
     quint16 port_;
     bool rfc2217_;
     QString folder_;
