@@ -95,8 +95,15 @@ TEST(SiteProgramTcp, PanPositionQueriesAreAnsweredToEveryClient) {
             sockets.back()->connectToHost(QHostAddress::LocalHost, port);
             ASSERT_TRUE(sockets.back()->waitForConnected(2000));
         }
-        for (const auto& socket : sockets) {
-            socket->write(QByteArray::fromHex("ff010051000052"));
+        // Each client's frame in two halves, the halves of the clients interleaved: every
+        // client has a wire of its own, so no frame cuts into another's.
+        const QByteArray query = QByteArray::fromHex("ff010051000052");
+        for (const qsizetype from : {0, 3}) {
+            for (const auto& socket : sockets) {
+                socket->write(query.mid(from, from == 0 ? 3 : -1));
+                socket->waitForBytesWritten(1000);
+                WaitUntil([] { return false; }, 20);
+            }
         }
         for (const auto& socket : sockets) {
             QByteArray answer;
