@@ -131,9 +131,9 @@ int main(int argc, char* argv[]) {
         return 1;
     }
     for (const auto& served : lines) {
-        site.Tell(
-            Event::Kind::Line, served->Name(),
-            QStringLiteral("serving at %1").arg(quellpad::site::LineFormatText(site.Format())));
+        site.Tell(Event::Kind::Line, served->Name(),
+                  QCoreApplication::translate("ServedSite", "serving at %1")
+                      .arg(quellpad::site::LineFormatText(site.Format())));
     }
     QuitOnSignals(*app);
     std::unique_ptr<QWidget> view;
@@ -146,9 +146,10 @@ int main(int argc, char* argv[]) {
     for (const auto& served : lines) {
         const quellpad::site_server::Rejections rejected = served->Rejected();
         site.Tell(Event::Kind::Line, served->Name(),
-                  QStringLiteral("closed; not obeyed: %1 bad or cut-short frames, %2 bytes at "
-                                 "other line settings, %3 bytes nobody took, %4 answer bytes "
-                                 "not read")
+                  QCoreApplication::translate(
+                      "ServedSite", "closed; not obeyed: %1 bad or cut-short frames, %2 bytes at "
+                                    "other line settings, %3 bytes nobody took, %4 answer bytes "
+                                    "not read")
                       .arg(rejected.badFrames)
                       .arg(rejected.garbled)
                       .arg(rejected.ignored)

@@ -2,6 +2,8 @@
 
 #include "served_site.h"
 
+#include <QCoreApplication>
+
 #include "protocol/decoders.h"
 #include "traffic/splitter.h"
 
@@ -105,8 +107,9 @@ void Peer::TellRejected(bool now) {
     lastTold_.start();
     told_ = rejected_;
     site_.Tell(Event::Kind::Rejected, name_,
-               QStringLiteral("not obeyed so far: %1 bad or cut-short frames, %2 bytes at other "
-                              "line settings, %3 bytes nobody took, %4 answer bytes not read")
+               QCoreApplication::translate(
+                   "ServedSite", "not obeyed so far: %1 bad or cut-short frames, %2 bytes at other "
+                                 "line settings, %3 bytes nobody took, %4 answer bytes not read")
                    .arg(rejected_.badFrames)
                    .arg(rejected_.garbled)
                    .arg(rejected_.ignored)

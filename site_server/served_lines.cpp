@@ -3,6 +3,7 @@
 #include "engine/errors.h"
 #include "engine/serial_device.h"
 
+#include <QCoreApplication>
 #include <QTcpSocket>
 
 #include <cerrno>
@@ -22,7 +23,8 @@ constexpr int kIdleLookMs = 50;
 constexpr int kRetryMs = 1000;
 
 [[noreturn]] void CannotServe(const QString& line, const QString& reason) {
-    throw QuellpadError(QStringLiteral("cannot serve the site on %1: %2").arg(line, reason));
+    throw QuellpadError(QCoreApplication::translate("ServedSite", "cannot serve the site on %1: %2")
+                            .arg(line, reason));
 }
 
 QString SystemReason() {
@@ -77,7 +79,7 @@ PtyLine::PtyLine(ServedSite& site, QObject* parent) : ServedLine(parent), site_(
         if (fd_ >= 0) {
             ::close(fd_);
         }
-        CannotServe(QStringLiteral("a new pseudo-terminal"), reason);
+        CannotServe(QCoreApplication::translate("ServedSite", "a new pseudo-terminal"), reason);
     }
     path_ = QString::fromLocal8Bit(ptsname(fd_));
     // The terminal starts raw at the equipment's own settings, as a serial port a
@@ -125,12 +127,13 @@ void PtyLine::Reconnected(bool connected) {
     if (connected) {
         idle_.stop();
         site_.Tell(Event::Kind::Line, path_,
-                   QStringLiteral("controller connected at %1")
+                   QCoreApplication::translate("ServedSite", "controller connected at %1")
                        .arg(site::LineFormatText(peer_->ControllerFormat())));
     } else {
         idle_.start();
         peer_->TellRejected(true);
-        site_.Tell(Event::Kind::Line, path_, QStringLiteral("controller left"));
+        site_.Tell(Event::Kind::Line, path_,
+                   QCoreApplication::translate("ServedSite", "controller left"));
     }
 }
 
@@ -204,8 +207,9 @@ void DeviceLine::Failed(const QString& /*message*/) {
     }
     // Told once; the device is looked for until it is back.
     site_.Tell(Event::Kind::Line, device_,
-               QStringLiteral("the device has gone (unplugged or hung up); it is opened again "
-                              "when it returns"));
+               QCoreApplication::translate(
+                   "ServedSite", "the device has gone (unplugged or hung up); it is opened again "
+                                 "when it returns"));
     port_.Close();
     retry_.start();
 }
@@ -217,7 +221,8 @@ void DeviceLine::Retry() {
         return; // still away
     }
     retry_.stop();
-    site_.Tell(Event::Kind::Line, device_, QStringLiteral("the device is back"));
+    site_.Tell(Event::Kind::Line, device_,
+               QCoreApplication::translate("ServedSite", "the device is back"));
 }
 
 TcpLine::TcpLine(ServedSite& site, const QHostAddress& host, quint16 port, QObject* parent)
@@ -257,9 +262,10 @@ void TcpLine::Accept() {
                                  .arg(socket->peerAddress().toString())
                                  .arg(socket->peerPort());
         if (peers_.size() >= kMostClients) {
-            site_.Tell(
-                Event::Kind::Line, name,
-                QStringLiteral("turned away: %1 controllers are served already").arg(kMostClients));
+            site_.Tell(Event::Kind::Line, name,
+                       QCoreApplication::translate("ServedSite",
+                                                   "turned away: %1 controllers are served already")
+                           .arg(kMostClients));
             socket->abort();
             socket->deleteLater();
             continue;
@@ -267,7 +273,8 @@ void TcpLine::Accept() {
         socket->setParent(this);
         peers_.push_back(std::make_unique<Peer>(site_, name));
         Peer* peer = peers_.back().get();
-        site_.Tell(Event::Kind::Line, name, QStringLiteral("controller connected"));
+        site_.Tell(Event::Kind::Line, name,
+                   QCoreApplication::translate("ServedSite", "controller connected"));
         connect(peer, &Peer::Write, socket, [socket, peer](const QByteArray& bytes) {
             if (socket->bytesToWrite() > kUnreadLimit) {
                 peer->Lost(static_cast<std::size_t>(bytes.size()));
@@ -289,7 +296,8 @@ void TcpLine::Accept() {
             gone_.badFrames += some.badFrames;
             gone_.ignored += some.ignored;
             gone_.answersLost += some.answersLost;
-            site_.Tell(Event::Kind::Line, name, QStringLiteral("controller left"));
+            site_.Tell(Event::Kind::Line, name,
+                       QCoreApplication::translate("ServedSite", "controller left"));
             std::erase_if(peers_, [peer](const auto& held) { return held.get() == peer; });
             socket->deleteLater();
         });
