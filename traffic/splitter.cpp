@@ -123,12 +123,7 @@ void Splitter::Flush(std::vector<Piece>& out) {
     Restart();
 }
 
-QString Meaning(int port, Way way, const Piece& piece) {
-    if (!piece.command) {
-        return QStringLiteral("not decoded: ") +
-               HexText(QByteArray::fromStdString(piece.bytes)).trimmed();
-    }
-    const Command& command = *piece.command;
+QString EquipmentMeaning(Way way, const Command& command) {
     const QString words = QString::fromStdString(command.Describe());
     const bool sent = way == Way::Sent;
     switch (command.language) {
@@ -136,7 +131,7 @@ QString Meaning(int port, Way way, const Piece& piece) {
     case Language::P: {
         const QString camera = QStringLiteral("camera %1").arg(command.address);
         if (sent) {
-            return QStringLiteral("COM %1 → %2: %3").arg(port).arg(camera, words);
+            return camera + QStringLiteral(": ") + words;
         }
         return camera + QStringLiteral(" ← ") + ReplyWords(command).value_or(words);
     }
@@ -148,6 +143,19 @@ QString Meaning(int port, Way way, const Piece& piece) {
     }
     }
     return words;
+}
+
+QString Meaning(int port, Way way, const Piece& piece) {
+    if (!piece.command) {
+        return QStringLiteral("not decoded: ") +
+               HexText(QByteArray::fromStdString(piece.bytes)).trimmed();
+    }
+    const Command& command = *piece.command;
+    const bool camera = command.language == Language::D || command.language == Language::P;
+    if (way == Way::Sent && camera) {
+        return QStringLiteral("COM %1 → ").arg(port) + EquipmentMeaning(way, command);
+    }
+    return EquipmentMeaning(way, command);
 }
 
 } // namespace quellpad::traffic
