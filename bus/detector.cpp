@@ -201,8 +201,12 @@ SettingsSearch::SettingsSearch()
 bool SettingsSearch::Feed(std::span<const std::uint8_t> bytes, std::vector<Heard>& out) {
     detector_->Feed(bytes, out);
     if (detector_->Current() != Verdict::Garbage) {
+        if (Found()) {
+            garbageRun_ = 0;
+        }
         return false;
     }
+    ++garbageRun_;
     index_ = (index_ + 1) % candidates_.size();
     detector_ = std::make_unique<Detector>();
     return true;

@@ -107,6 +107,8 @@ public:
 
     const std::string& Current() const { return candidates_[index_]; }
     bool Found() const { return detector_->Current() == Verdict::Language; }
+    // Every candidate has been heard and called garbage since a language was last found.
+    bool AllGarbage() const { return garbageRun_ >= candidates_.size(); }
     const Detector& Hearing() const { return *detector_; }
     // Feeds bytes heard under Current(); true when the settings are to change (the caller
     // reopens the line with Current()).
@@ -115,6 +117,7 @@ public:
 private:
     std::vector<std::string> candidates_;
     std::size_t index_ = 0;
+    std::size_t garbageRun_ = 0;
     std::unique_ptr<Detector> detector_;
 };
 

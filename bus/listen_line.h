@@ -10,9 +10,6 @@
 
 namespace quellpad::bus {
 
-// Port number the listen line's rows carry, after COM 1 and COM 2.
-inline constexpr int kListenPort = 3;
-
 // A line on a bus that other equipment drives. It holds the line privately and offers no
 // way to write to it, so that listening can never put a byte on a wire where a stray byte
 // could move a camera or collide with the real keyboard's frames.

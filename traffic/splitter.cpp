@@ -135,8 +135,8 @@ QString Meaning(int port, Way way, const Piece& piece) {
     case Language::D:
     case Language::P: {
         const QString camera = QStringLiteral("camera %1").arg(command.address);
-        if (sent) {
-            return QStringLiteral("COM %1 → %2: %3").arg(port).arg(camera, words);
+        if (sent || port == kListenPort) {
+            return QStringLiteral("%1 → %2: %3").arg(PortName(port), camera, words);
         }
         return camera + QStringLiteral(" ← ") + ReplyWords(command).value_or(words);
     }

@@ -117,8 +117,20 @@ TEST(Detector, FindsTheWorkingSettingsAmongTheCandidates) {
         search.Feed(AsBytes(bytes), heard);
     }
     ASSERT_TRUE(search.Found());
+    EXPECT_FALSE(search.AllGarbage());
     EXPECT_EQ(search.Current(), "4800,n,8,1");
     EXPECT_EQ(search.Hearing().Spoken(), Language::D);
+}
+
+TEST(Detector, CallsABusGarbageOnlyOnceEverySettingHasBeenTried) {
+    bus::SettingsSearch search;
+    std::vector<bus::Heard> heard;
+    for (unsigned seed = 1; seed < bus::CandidateSettings().size(); ++seed) {
+        search.Feed(AsBytes(Random(400, seed)), heard);
+        EXPECT_FALSE(search.AllGarbage()) << seed;
+    }
+    search.Feed(AsBytes(Random(400, 99)), heard);
+    EXPECT_TRUE(search.AllGarbage());
 }
 
 TEST(AddressTable, CountsFramesBadChecksAndAnswersPerAddress) {

@@ -5,6 +5,7 @@
 #include "bus/scanner.h"
 #include "engine/serial_device.h"
 #include "site/simulated_line.h"
+#include "traffic/traffic_row.h"
 
 #include <QElapsedTimer>
 #include <QSignalSpy>
@@ -18,7 +19,8 @@ TEST(ListenLine, PutsNotOneByteOnTheWireFromOpeningToClosing) {
     PseudoTerminal wire;
     QByteArray heard;
     {
-        bus::ListenLine line(std::make_unique<SerialDevice>(bus::kListenPort, wire.SlavePath()));
+        bus::ListenLine line(
+            std::make_unique<SerialDevice>(traffic::kListenPort, wire.SlavePath()));
         QObject::connect(&line, &bus::ListenLine::Heard,
                          [&heard](const QByteArray& bytes) { heard += bytes; });
         line.SetSettings("4800,n,8,1");
