@@ -120,6 +120,39 @@ TEST(Scanner, TakesTheQueriesWireTimeAndTheWaitWithinATenth) {
     }
 }
 
+// Receivers 3, 17 and 200 on a bus at 4800 baud: they answer a query heard at 4800 and
+// nothing else, as a receiver at another baud reads only noise.
+TEST(Scanner, FindsExactlyTheReceiversAtTheirBaud) {
+    PseudoTerminal wire;
+    SerialDevice port(1, wire.SlavePath());
+    port.SetSettings("9600,n,8,1");
+    port.Open();
+    bus::Scanner scanner(port, "9600,n,8,1");
+    bus::ScanPlan plan;
+    plan.waitMs = 10;
+    scanner.Start(plan);
+    QByteArray pending;
+    while (scanner.Running()) {
+        pending += wire.Drain(1);
+        while (pending.size() >= 7) {
+            const QByteArray query = pending.left(7);
+            pending.remove(0, 7);
+            const int address = static_cast<std::uint8_t>(query[1]);
+            if (wire.LineSettings() == "4800,n,8,1" &&
+                (address == 3 || address == 17 || address == 200)) {
+                wire.Write(QByteArray::fromStdString(protocol::BuildDReply(address, 0x59, 0)));
+            }
+        }
+    }
+    std::vector<std::pair<int, int>> found;
+    for (const bus::ScanResult& result : scanner.Results()) {
+        found.emplace_back(result.baud, result.address);
+    }
+    EXPECT_EQ(found, (std::vector<std::pair<int, int>>{{4800, 3}, {4800, 17}, {4800, 200}}));
+    EXPECT_EQ(wire.LineSettings(), "9600,n,8,1") << "the port's own settings are back";
+    EXPECT_TRUE(port.IsOpen());
+}
+
 TEST(Scanner, APortThatFailsMidScanSaysWhichAddressItHadReached) {
     PseudoTerminal wire;
     SerialDevice port(2, wire.SlavePath());
