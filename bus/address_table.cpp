@@ -99,10 +99,19 @@ QStringList AddressCells(const AddressRow& row) {
             row.lastSeen.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss.zzz"))};
 }
 
-QString AddressText(const std::vector<AddressRow>& rows) {
-    QString text = AddressHeaders().join(QLatin1Char('\t')) + QLatin1Char('\n');
+QString AddressText(const std::vector<AddressRow>& rows, bool csv) {
+    const auto line = [csv](QStringList cells) {
+        if (!csv) {
+            return cells.join(QLatin1Char('\t')) + QLatin1Char('\n');
+        }
+        for (QString& cell : cells) {
+            cell = u'"' + cell.replace(u'"', QStringLiteral("\"\"")) + u'"';
+        }
+        return cells.join(QLatin1Char(',')) + QLatin1Char('\n');
+    };
+    QString text = line(AddressHeaders());
     for (const AddressRow& row : rows) {
-        text += AddressCells(row).join(QLatin1Char('\t')) + QLatin1Char('\n');
+        text += line(AddressCells(row));
     }
     return text;
 }

@@ -53,7 +53,8 @@ private:
 QString LanguageName(protocol::Language language);
 QStringList AddressHeaders();
 QStringList AddressCells(const AddressRow& row);
-// The rows as tab-separated lines under their headers: what Copy and Save write.
-QString AddressText(const std::vector<AddressRow>& rows);
+// The rows as lines under their headers, tab-separated or (csv) as comma-separated values:
+// what Copy and Save write.
+QString AddressText(const std::vector<AddressRow>& rows, bool csv = false);
 
 } // namespace quellpad::bus

@@ -225,7 +225,15 @@ void FrmTraffic::SaveButton_Click() {
         this, tr("Save Traffic"), ui::LastFolder(kMemoryKey), kFileFilters, &chosen);
     if (!path.isEmpty()) {
         ui::KeepLastFolder(kMemoryKey, path);
-        traffic::SaveRows(path, traffic::FormatFor(path, chosen), filter_.ShownRows());
+        const traffic::FileFormat format = traffic::FormatFor(path, chosen);
+        // What the listen line heard per address goes with the rows it explains.
+        const auto& addresses = Listen->Addresses();
+        traffic::SaveRows(
+            path, format, filter_.ShownRows(),
+            addresses.Size() == 0
+                ? QString()
+                : bus::AddressText(addresses.Sorted(bus::AddressColumn::Address, true),
+                                   format == traffic::FileFormat::Csv));
     }
 }
 

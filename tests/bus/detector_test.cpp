@@ -212,6 +212,10 @@ TEST(AddressTable, CountsFramesBadChecksAndAnswersPerAddress) {
               "Address\tLanguage\tFrames\tBad checksum\tAnswers\tLast command\tLast seen\n"
               "3\tD\t3\t0\t3\tgo to preset 5\t" +
                   rows[0].lastSeen.toString("yyyy-MM-dd HH:mm:ss.zzz") + "\n");
+    // Saved beside CSV rows, every cell quoted.
+    EXPECT_TRUE(bus::AddressText({rows[1]}, true)
+                    .endsWith("\n\"17\",\"D\",\"2\",\"1\",\"2\",\"pan right 4\",\"" +
+                              rows[1].lastSeen.toString("yyyy-MM-dd HH:mm:ss.zzz") + "\"\n"));
 }
 
 } // namespace
