@@ -1,6 +1,7 @@
 // The simulated site's costs: the decoders in bytes per second, the site hearing a line
 // byte by byte, one step of the simulation with every camera moving, and the share of
 // one core that a line saturated at 115200 baud costs the program.
+#include "d_traffic.h"
 #include "protocol/decoders.h"
 #include "site/simulated_line.h"
 
@@ -18,28 +19,12 @@
 
 namespace {
 
+using quellpad::bench::DTraffic;
 using quellpad::protocol::AsBytes;
 using quellpad::protocol::BuildDFrame;
 using quellpad::protocol::BuildPFrame;
 using quellpad::protocol::Command;
 using quellpad::protocol::Language;
-
-// A line's worth of traffic as the keyboard sends it: joystick moves, stops, presets and
-// queries, with a little noise now and then.
-std::string DTraffic() {
-    std::string out;
-    for (int i = 0; out.size() < 65536; ++i) {
-        const auto speed = static_cast<std::uint8_t>(7 + i % 58);
-        out += BuildDFrame(1 + i % 8, 0, 0x02, speed, 0);
-        out += BuildDFrame(1 + i % 8, 0, 0, 0, 0);
-        out += BuildDFrame(1 + i % 8, 0, 0x07, 0, static_cast<std::uint8_t>(1 + i % 32));
-        out += BuildDFrame(1 + i % 8, 0, 0x51, 0, 0);
-        if (i % 16 == 0) {
-            out += "\x13\x00";
-        }
-    }
-    return out;
-}
 
 std::string PTraffic() {
     std::string out;

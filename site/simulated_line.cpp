@@ -44,6 +44,14 @@ bool ParseLineFormat(const QString& text, LineFormat& format) {
     return true;
 }
 
+QString LineFormatText(const LineFormat& format) {
+    return QStringLiteral("%1,%2,%3,%4")
+        .arg(format.baud)
+        .arg(QLatin1Char(format.parity))
+        .arg(format.dataBits)
+        .arg(format.stopBits);
+}
+
 std::uint8_t Garble(std::uint8_t byte, const LineFormat& sent, const LineFormat& read) {
     // A receiver sampling at the wrong rate sees the start bit and a smear of the rest;
     // the pattern depends only on the byte and on how far the two settings are apart.
@@ -54,13 +62,18 @@ std::uint8_t Garble(std::uint8_t byte, const LineFormat& sent, const LineFormat&
 }
 
 SimulatedLine::SimulatedLine(int portNumber, QObject* parent)
-    : SerialLine(parent), portNumber_(portNumber) {
+    : SerialLine(parent), portNumber_(portNumber), pacer_(kDeliveryMs, kSendLimit) {
     clock_.start();
     stepTimer_.setInterval(kStepMs);
-    paceTimer_.setSingleShot(true);
-    paceTimer_.setTimerType(Qt::PreciseTimer);
     connect(&stepTimer_, &QTimer::timeout, this, &SimulatedLine::Step);
-    connect(&paceTimer_, &QTimer::timeout, this, &SimulatedLine::Pace);
+    connect(&pacer_, &Pacer::Arrived, this, [this](const QByteArray& bytes) {
+        // Bytes beyond the receive buffer's room overrun and are lost.
+        const qsizetype room = kReceiveBuffer - received_.size();
+        received_.append(bytes.left(room));
+        if (room > 0) {
+            emit CommEvent(kDataReceived);
+        }
+    });
 }
 
 SimulatedLine::~SimulatedLine() = default;
@@ -85,10 +98,8 @@ void SimulatedLine::Open() {
 void SimulatedLine::Close() {
     open_ = false;
     // What was on its way is lost with the line; the equipment itself carries on.
-    sending_.clear();
-    sent_ = 0;
+    pacer_.Clear();
     received_.clear();
-    paceTimer_.stop();
 }
 
 void SimulatedLine::Step() {
@@ -100,9 +111,32 @@ void SimulatedLine::Step() {
     }
 }
 
+void SimulatedLine::Rewire(Site::Wiring wiring) {
+    site_ = Site(std::move(wiring));
+    stepTimer_.stop();
+}
+
 const Site& SimulatedLine::Equipment() {
     Step();
     return site_;
+}
+
+std::string SimulatedLine::Hear(Site::Ear* ear, std::span<const std::uint8_t> bytes,
+                                std::vector<Site::Obeyed>* obeyed) {
+    // The equipment acts on the state it has reached by now.
+    Step();
+    std::string reply = ear == nullptr ? site_.Hear(bytes) : site_.Hear(*ear, bytes, obeyed);
+    if (!site_.Busy()) {
+        stepTimer_.stop();
+    } else if (!stepTimer_.isActive()) {
+        stepTimer_.start();
+    }
+    return reply;
+}
+
+std::string SimulatedLine::HearFrom(Site::Ear& ear, std::span<const std::uint8_t> bytes,
+                                    std::vector<Site::Obeyed>* obeyed) {
+    return Hear(&ear, bytes, obeyed);
 }
 
 void SimulatedLine::Output(std::uint8_t byte) {
@@ -110,62 +144,18 @@ void SimulatedLine::Output(std::uint8_t byte) {
         throw PortError(portNumber_, Device(), PortFailure::WriteFailed,
                         QStringLiteral("the port is not open"));
     }
-    const bool matched = format_ == kEquipment;
-    const std::uint8_t heard = matched ? byte : Garble(byte, format_, kEquipment);
-    // The equipment acts on the state it has reached by now.
-    Step();
-    std::string reply = site_.Hear({&heard, 1});
-    if (!site_.Busy()) {
-        stepTimer_.stop();
-    } else if (!stepTimer_.isActive()) {
-        stepTimer_.start();
-    }
+    const bool matched = format_ == equipmentFormat_;
+    const std::uint8_t heard = matched ? byte : Garble(byte, format_, equipmentFormat_);
+    std::string reply = Hear(nullptr, {&heard, 1}, nullptr);
     if (reply.empty()) {
         return;
     }
     if (!matched) {
         for (char& c : reply) {
-            c = static_cast<char>(Garble(static_cast<std::uint8_t>(c), kEquipment, format_));
+            c = static_cast<char>(Garble(static_cast<std::uint8_t>(c), equipmentFormat_, format_));
         }
     }
-    if (sending_.size() - sent_ + reply.size() > kSendLimit) {
-        return;
-    }
-    if (sent_ == sending_.size()) {
-        sending_.clear();
-        sent_ = 0;
-        sendingSince_ = clock_.nsecsElapsed();
-    }
-    sending_ += reply;
-    if (!paceTimer_.isActive()) {
-        Pace();
-    }
-}
-
-void SimulatedLine::Pace() {
-    const double byteNs = ByteSeconds() * 1e9;
-    const qint64 now = clock_.nsecsElapsed();
-    // Every byte whose last bit has left by now arrives.
-    const auto due =
-        std::min(sending_.size(),
-                 static_cast<std::size_t>(static_cast<double>(now - sendingSince_) / byteNs));
-    if (due > sent_) {
-        const auto room = static_cast<std::size_t>(kReceiveBuffer - received_.size());
-        const std::size_t count = std::min(due - sent_, room);
-        received_.append(sending_.data() + sent_, static_cast<qsizetype>(count));
-        sent_ = due; // bytes beyond the buffer's room overrun and are lost
-        if (count > 0) {
-            emit CommEvent(kDataReceived);
-        }
-    }
-    if (sent_ < sending_.size()) {
-        const double nextNs = static_cast<double>(sent_ + 1) * byteNs -
-                              static_cast<double>(clock_.nsecsElapsed() - sendingSince_);
-        paceTimer_.start(std::max(kDeliveryMs, static_cast<int>(std::ceil(nextNs / 1e6))));
-    } else {
-        sending_.clear();
-        sent_ = 0;
-    }
+    pacer_.Send(reply, ByteSeconds());
 }
 
 QByteArray SimulatedLine::Input() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "pacer.h"
 #include "site.h"
 
 #include "engine/serial_device.h"
@@ -27,6 +28,8 @@ struct LineFormat {
 
 // Parses "2400,n,8,1"; false when the text is not a line setting.
 bool ParseLineFormat(const QString& text, LineFormat& format);
+// "2400,n,8,1", as ParseLineFormat reads it.
+QString LineFormatText(const LineFormat& format);
 
 // A byte sent at one line format and read at another: deterministic garbage that is
 // never a start byte or a printable character, so it cannot pass for a command.
@@ -38,7 +41,8 @@ std::uint8_t Garble(std::uint8_t byte, const LineFormat& sent, const LineFormat&
 class SimulatedLine final : public SerialLine {
     Q_OBJECT
 public:
-    // All the site's equipment listens at 2400 baud, no parity, 8 data bits, 1 stop bit.
+    // The site's equipment listens at 2400 baud, no parity, 8 data bits, 1 stop bit unless
+    // the installer sets it otherwise.
     static constexpr LineFormat kEquipment{};
     // What the receive side holds before it overruns, as a UART's driver buffer.
     static constexpr int kReceiveBuffer = 1024;
@@ -58,29 +62,39 @@ public:
     void Output(std::uint8_t byte) override;
     QByteArray Input() override;
 
+    // Bytes from another controller's wire onto this line's equipment, as a served site
+    // hears its controllers; what the equipment sends back to that controller at once.
+    std::string HearFrom(Site::Ear& ear, std::span<const std::uint8_t> bytes,
+                         std::vector<Site::Obeyed>* obeyed);
     // The equipment on this line, brought up to the present moment.
     const Site& Equipment();
     const LineFormat& Format() const { return format_; }
+    // What the equipment listens at; bytes at any other setting reach it as garbage.
+    const LineFormat& EquipmentFormat() const { return equipmentFormat_; }
+    void SetEquipmentFormat(const LineFormat& format) { equipmentFormat_ = format; }
+    // Replaces the equipment with other equipment at rest, as when the installer rewires
+    // the site. Throws std::invalid_argument for an address outside 1..255.
+    void Rewire(Site::Wiring wiring);
     // Seconds one byte takes on the line.
     double ByteSeconds() const { return format_.BitsPerByte() / format_.baud; }
 
 private:
+    // Bytes from the line's own wire when `ear` is null.
+    std::string Hear(Site::Ear* ear, std::span<const std::uint8_t> bytes,
+                     std::vector<Site::Obeyed>* obeyed);
     void Step();
-    void Pace();
 
     int portNumber_;
     bool open_ = false;
     int inputLength_ = 0;
     LineFormat format_;
+    LineFormat equipmentFormat_ = kEquipment;
     Site site_;
     QElapsedTimer clock_;
     qint64 steppedAt_ = 0;
     QTimer stepTimer_;
-    // Answers on their way back, and when the first of them started to leave.
-    std::string sending_;
-    qint64 sendingSince_ = 0;
-    std::size_t sent_ = 0;
-    QTimer paceTimer_;
+    // Answers on their way back.
+    Pacer pacer_;
     QByteArray received_;
 };
 

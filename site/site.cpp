@@ -1,5 +1,10 @@
 #include "site.h"
 
+#include <algorithm>
+#include <charconv>
+#include <numeric>
+#include <stdexcept>
+
 namespace quellpad::site {
 
 namespace {
@@ -55,27 +60,80 @@ bool ForCamera(Kind kind) {
     }
 }
 
-template <std::size_t... I>
-std::array<SimCamera, sizeof...(I)> MakeCameras(std::index_sequence<I...>) {
-    return {SimCamera(static_cast<int>(I) + 1)...};
-}
-
 } // namespace
 
-Site::Site() : cameras_(MakeCameras(std::make_index_sequence<kCameras>())) {}
-
-std::size_t Site::Rejected() const {
-    return d_.Rejected() + p_.Rejected();
+std::vector<int> Site::Wiring::DefaultCameras() {
+    std::vector<int> addresses(kCameras);
+    std::iota(addresses.begin(), addresses.end(), 1);
+    return addresses;
 }
 
-void Site::ToCamera(const protocol::Command& command, std::string& reply) {
-    // A frame for an address nobody has is heard by every receiver and answered by none.
-    if (command.address < 1 || command.address > kCameras) {
-        return;
+Site::Site(Wiring wiring) : wiring_(std::move(wiring)) {
+    std::vector<int>& addresses = wiring_.cameras;
+    std::sort(addresses.begin(), addresses.end());
+    addresses.erase(std::unique(addresses.begin(), addresses.end()), addresses.end());
+    if (!addresses.empty() &&
+        (addresses.front() < kLowestAddress || addresses.back() > kHighestAddress)) {
+        throw std::invalid_argument("a camera address is outside 1 to 255");
     }
-    const auto index = static_cast<std::size_t>(command.address - 1);
+    cameras_.reserve(addresses.size());
+    for (const int address : addresses) {
+        cameras_.emplace_back(address);
+        slot_[static_cast<std::size_t>(address)] = static_cast<std::uint16_t>(cameras_.size());
+    }
+    cameraLogs_.resize(cameras_.size());
+}
+
+bool ParseCameraAddresses(std::string_view text, std::vector<int>& addresses) {
+    std::vector<int> parsed;
+    const auto number = [](std::string_view digits, int& value) {
+        const auto* end = digits.data() + digits.size();
+        const auto [at, error] = std::from_chars(digits.data(), end, value);
+        return error == std::errc() && at == end && value >= Site::kLowestAddress &&
+               value <= Site::kHighestAddress;
+    };
+    while (!text.empty()) {
+        const std::size_t comma = text.find(',');
+        const std::string_view item = text.substr(0, comma);
+        text = comma == std::string_view::npos ? std::string_view() : text.substr(comma + 1);
+        const std::size_t dash = item.find('-');
+        int first = 0;
+        int last = 0;
+        if (!number(item.substr(0, dash), first) ||
+            !number(dash == std::string_view::npos ? item : item.substr(dash + 1), last) ||
+            last < first) {
+            return false;
+        }
+        for (int address = first; address <= last; ++address) {
+            parsed.push_back(address);
+        }
+        if (comma != std::string_view::npos && text.empty()) {
+            return false; // a trailing comma names nothing
+        }
+    }
+    if (parsed.empty()) {
+        return false;
+    }
+    std::sort(parsed.begin(), parsed.end());
+    parsed.erase(std::unique(parsed.begin(), parsed.end()), parsed.end());
+    addresses = std::move(parsed);
+    return true;
+}
+
+bool Site::HasCamera(int address) const {
+    return address >= kLowestAddress && address <= kHighestAddress &&
+           slot_[static_cast<std::size_t>(address)] != 0;
+}
+
+bool Site::ToCamera(const protocol::Command& command, std::string& reply) {
+    // A frame for an address nobody has is heard by every receiver and answered by none.
+    if (!HasCamera(command.address)) {
+        return false;
+    }
+    const std::size_t index = Index(command.address);
     Log(cameraLogs_[index], Prefix(command.language) + command.Describe());
     reply += cameras_[index].Apply(command);
+    return true;
 }
 
 void Site::ToSwitcher(const protocol::Command& command, std::string& reply) {
@@ -85,10 +143,10 @@ void Site::ToSwitcher(const protocol::Command& command, std::string& reply) {
         return;
     }
     const std::int64_t camera = switcher_.SelectedCamera();
-    if (camera < 1 || camera > kCameras) {
+    if (camera > kHighestAddress || !HasCamera(static_cast<int>(camera))) {
         return;
     }
-    const auto index = static_cast<std::size_t>(camera - 1);
+    const std::size_t index = Index(static_cast<int>(camera));
     if (command.kind == Kind::SetPreset) {
         cameras_[index].SetLabelColumns(switcher_.PendingLabel());
         switcher_.TakePendingLabel();
@@ -97,33 +155,45 @@ void Site::ToSwitcher(const protocol::Command& command, std::string& reply) {
     cameras_[index].Apply(command);
 }
 
-std::string Site::Hear(std::span<const std::uint8_t> bytes) {
+std::string Site::Hear(Ear& ear, std::span<const std::uint8_t> bytes, std::vector<Obeyed>* obeyed) {
     std::string reply;
+    const auto obey = [&](const protocol::Command& command, std::size_t from) {
+        if (obeyed != nullptr) {
+            obeyed->push_back({command, reply.substr(from)});
+        }
+    };
+    std::vector<protocol::Command>& decoded = ear.decoded;
     for (std::size_t i = 0; i < bytes.size(); ++i) {
         const auto byte = bytes.subspan(i, 1);
-        decoded_.clear();
-        const bool framing = d_.InFrame() || p_.InFrame();
-        d_.Feed(byte, decoded_);
-        p_.Feed(byte, decoded_);
+        decoded.clear();
+        const bool framing = ear.d.InFrame() || ear.p.InFrame();
+        ear.d.Feed(byte, decoded);
+        ear.p.Feed(byte, decoded);
         // A text that ends inside a D or P frame is made of the frame's own bytes: the
         // switcher and the multiplexer on a shared wire let it pass.
-        const bool inFrame = framing || !decoded_.empty() || d_.InFrame() || p_.InFrame();
-        for (const protocol::Command& command : decoded_) {
-            ToCamera(command, reply);
-        }
-        decoded_.clear();
-        ascii_.Feed(byte, decoded_);
-        for (const protocol::Command& command : decoded_) {
-            if (!inFrame) {
-                ToSwitcher(command, reply);
+        const bool inFrame = framing || !decoded.empty() || ear.d.InFrame() || ear.p.InFrame();
+        for (const protocol::Command& command : decoded) {
+            const std::size_t from = reply.size();
+            if (ToCamera(command, reply)) {
+                obey(command, from);
             }
         }
-        decoded_.clear();
-        mux_.Feed(byte, decoded_);
-        for (const protocol::Command& command : decoded_) {
-            if (!inFrame) {
+        decoded.clear();
+        ear.ascii.Feed(byte, decoded);
+        for (const protocol::Command& command : decoded) {
+            if (!inFrame && wiring_.switcher) {
+                const std::size_t from = reply.size();
+                ToSwitcher(command, reply);
+                obey(command, from);
+            }
+        }
+        decoded.clear();
+        ear.mux.Feed(byte, decoded);
+        for (const protocol::Command& command : decoded) {
+            if (!inFrame && wiring_.multiplexer) {
                 Log(multiplexerLog_, Prefix(command.language) + command.Describe());
                 multiplexer_.Apply(command);
+                obey(command, reply.size());
             }
         }
     }

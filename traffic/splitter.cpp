@@ -123,20 +123,15 @@ void Splitter::Flush(std::vector<Piece>& out) {
     Restart();
 }
 
-QString Meaning(int port, Way way, const Piece& piece) {
-    if (!piece.command) {
-        return QStringLiteral("not decoded: ") +
-               HexText(QByteArray::fromStdString(piece.bytes)).trimmed();
-    }
-    const Command& command = *piece.command;
+QString EquipmentMeaning(Way way, const Command& command) {
     const QString words = QString::fromStdString(command.Describe());
     const bool sent = way == Way::Sent;
     switch (command.language) {
     case Language::D:
     case Language::P: {
         const QString camera = QStringLiteral("camera %1").arg(command.address);
-        if (sent || port == kListenPort) {
-            return QStringLiteral("%1 → %2: %3").arg(PortName(port), camera, words);
+        if (sent) {
+            return camera + QStringLiteral(": ") + words;
         }
         return camera + QStringLiteral(" ← ") + ReplyWords(command).value_or(words);
     }
@@ -148,6 +143,23 @@ QString Meaning(int port, Way way, const Piece& piece) {
     }
     }
     return words;
+}
+
+QString Meaning(int port, Way way, const Piece& piece) {
+    if (!piece.command) {
+        return QStringLiteral("not decoded: ") +
+               HexText(QByteArray::fromStdString(piece.bytes)).trimmed();
+    }
+    const Command& command = *piece.command;
+    const bool camera = command.language == Language::D || command.language == Language::P;
+    if (port == kListenPort && camera) {
+        // A listen line hears a keyboard's commands to the receivers.
+        return PortName(port) + QStringLiteral(" → ") + EquipmentMeaning(Way::Sent, command);
+    }
+    if (way == Way::Sent && camera) {
+        return PortName(port) + QStringLiteral(" → ") + EquipmentMeaning(way, command);
+    }
+    return EquipmentMeaning(way, command);
 }
 
 } // namespace quellpad::traffic

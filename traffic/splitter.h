@@ -57,5 +57,8 @@ private:
 // "COM 1 → camera 1: pan right 32", "camera 1 ← pan position 123.45°",
 // "switcher: monitor 12", "not decoded: 12 34".
 QString Meaning(int port, Way way, const Piece& piece);
+// A command as the equipment heard it, "camera 1: pan right 32", or an answer it sent,
+// "camera 1 ← pan position 123.45°", "switcher ← 4ia": the same words as Meaning.
+QString EquipmentMeaning(Way way, const protocol::Command& command);
 
 } // namespace quellpad::traffic

@@ -120,37 +120,28 @@ TEST(Scanner, TakesTheQueriesWireTimeAndTheWaitWithinATenth) {
     }
 }
 
-// Receivers 3, 17 and 200 on a bus at 4800 baud: they answer a query heard at 4800 and
-// nothing else, as a receiver at another baud reads only noise.
-TEST(Scanner, FindsExactlyTheReceiversAtTheirBaud) {
-    PseudoTerminal wire;
-    SerialDevice port(1, wire.SlavePath());
-    port.SetSettings("9600,n,8,1");
-    port.Open();
-    bus::Scanner scanner(port, "9600,n,8,1");
+// The simulated site wired with cameras 3, 17 and 200 listening at 4800 baud: a query at
+// any other baud reaches them as garbage.
+TEST(Scanner, FindsExactlyTheSiteCamerasAtTheirBaudAndNothingAtTheOthers) {
+    site::SimulatedLine line(1);
+    line.Rewire({{3, 17, 200}, true, true});
+    line.SetEquipmentFormat({4800, 'n', 8, 1});
+    line.SetSettings("9600,n,8,1");
+    line.Open();
+    bus::Scanner scanner(line, "9600,n,8,1");
+    bool ended = false;
+    QObject::connect(&scanner, &bus::Scanner::Finished, [&ended] { ended = true; });
     bus::ScanPlan plan;
-    plan.waitMs = 10;
+    plan.waitMs = 20; // a position answer takes 14.6 ms at 4800 baud
     scanner.Start(plan);
-    QByteArray pending;
-    while (scanner.Running()) {
-        pending += wire.Drain(1);
-        while (pending.size() >= 7) {
-            const QByteArray query = pending.left(7);
-            pending.remove(0, 7);
-            const int address = static_cast<std::uint8_t>(query[1]);
-            if (wire.LineSettings() == "4800,n,8,1" &&
-                (address == 3 || address == 17 || address == 200)) {
-                wire.Write(QByteArray::fromStdString(protocol::BuildDReply(address, 0x59, 0)));
-            }
-        }
-    }
+    ASSERT_TRUE(WaitUntil([&ended] { return ended; }, 60000));
     std::vector<std::pair<int, int>> found;
     for (const bus::ScanResult& result : scanner.Results()) {
         found.emplace_back(result.baud, result.address);
     }
     EXPECT_EQ(found, (std::vector<std::pair<int, int>>{{4800, 3}, {4800, 17}, {4800, 200}}));
-    EXPECT_EQ(wire.LineSettings(), "9600,n,8,1") << "the port's own settings are back";
-    EXPECT_TRUE(port.IsOpen());
+    EXPECT_TRUE(line.IsOpen());
+    EXPECT_EQ(line.Format(), (site::LineFormat{9600, 'n', 8, 1})) << "the port's own settings";
 }
 
 TEST(Scanner, APortThatFailsMidScanSaysWhichAddressItHadReached) {

@@ -1,4 +1,5 @@
 #include "fixtures.h"
+#include "ser2net.h"
 
 #include "bus/listen_line.h"
 #include "engine/errors.h"
@@ -20,89 +21,6 @@
 
 namespace quellpad::test {
 namespace {
-
-// Why ser2net cannot be used, or "" once it is there; installed from the distribution's
-// packages when missing and the tests run as root.
-QString Ser2netUnavailable() {
-    static const QString reason = []() -> QString {
-        const auto found = [] {
-            return !QStandardPaths::findExecutable("ser2net").isEmpty();
-        };
-        if (found()) {
-            return {};
-        }
-        if (geteuid() != 0) {
-            return "ser2net is not installed, and installing it needs root: run "
-                   "scripts/install-deps";
-        }
-        QProcess apt;
-        apt.setProcessChannelMode(QProcess::MergedChannels);
-        apt.start("sh", {"-c", "apt-get install -y -q --no-install-recommends ser2net || "
-                               "{ apt-get update -q && apt-get install -y -q "
-                               "--no-install-recommends ser2net; }"});
-        apt.waitForFinished(600000);
-        return found() ? QString()
-                       : "ser2net is not installed and apt-get could not install it: " +
-                             QString::fromLocal8Bit(apt.readAll().right(300));
-    }();
-    return reason;
-}
-
-quint16 FreeLoopbackPort() {
-    QTcpServer probe;
-    probe.listen(QHostAddress::LocalHost, 0);
-    return probe.serverPort();
-}
-
-// ser2net serving one pseudo-terminal on a loopback port, raw or with RFC 2217.
-class Ser2net {
-public:
-    Ser2net(const QString& device, bool rfc2217, const QString& folder)
-        : port_(FreeLoopbackPort()), rfc2217_(rfc2217), folder_(folder) {
-        QFile config(folder_ + "/ser2net.yaml");
-        config.open(QIODevice::WriteOnly);
-        config.write(QStringLiteral("connection: &quellpad\n"
-                                    "  accepter: %1tcp,127.0.0.1,%2\n"
-                                    "  connector: serialdev,%3,9600n81,local\n")
-                         .arg(rfc2217 ? "telnet(rfc2217)," : "")
-                         .arg(port_)
-                         .arg(device)
-                         .toUtf8());
-    }
-    ~Ser2net() { Kill(); }
-
-    QString Url() const {
-        return QStringLiteral("%1://127.0.0.1:%2").arg(rfc2217_ ? "rfc2217" : "tcp").arg(port_);
-    }
-    // Starts it and waits until it listens.
-    bool Start() {
-        process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        process_.start("ser2net", {"-n", "-d", "-c", folder_ + "/ser2net.yaml", "-P",
-                                   folder_ + "/ser2net.pid"});
-        return process_.waitForStarted() && WaitUntil([&] { return Listening(); });
-    }
-    // Gone at once, as a server that loses its power.
-    void Kill() {
-        process_.kill();
-        process_.waitForFinished();
-    }
-
-private:
-    bool Listening() const {
-        QFile table("/proc/net/tcp");
-        table.open(QIODevice::ReadOnly);
-        const QByteArray entry = QStringLiteral(" 0100007F:%1 00000000:0000 0A ")
-                                     .arg(port_, 4, 16, QChar(u'0'))
-                                     .toUpper()
-                                     .toLatin1();
-        return table.readAll().contains(entry);
-    }
-
-    quint16 port_;
-    bool rfc2217_;
-    QString folder_;
-    QProcess process_;
-};
 
 class NetworkLineTest : public KeyboardFixture, public ::testing::WithParamInterface<bool> {
 protected:

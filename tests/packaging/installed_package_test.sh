@@ -31,6 +31,11 @@ env -i PATH="$root/usr/bin:/usr/bin:/bin" HOME="$scratch/home" QT_QPA_PLATFORM=o
     timeout 3 "$root/usr/bin/quellpad" >"$scratch/output" 2>&1 || status=$?
 [ "$status" -eq 124 ] || { cat "$scratch/output"; fail "quellpad ended with status $status before it was stopped"; }
 
+# The served site comes with the keyboard, with its manual page.
+"$root/usr/bin/quellpad-site" --version | grep -q '^quellpad-site ' ||
+    fail "quellpad-site is not installed or does not answer --version"
+[ -s "$root/usr/share/man/man1/quellpad-site.1.gz" ] || fail "no manual page for quellpad-site"
+
 settings=$scratch/home/.config/Quellpad/Settings.dat
 [ -s "$settings" ] || fail "no Settings.dat in the user's folder ($settings)"
 [ ! -e "$root/usr/bin/Settings.dat" ] || fail "Settings.dat written beside the installed program"

@@ -118,16 +118,93 @@ TEST(SimulatedSwitcher, AFloodOfNumbersKeepsItsTablesBounded) {
     EXPECT_EQ(site.SwitcherLog().size(), Site::kLogLines);
 }
 
+// An installer wires the site as the real one is: cameras at the addresses of its domes,
+// with or without the switcher and the multiplexer.
+TEST(SiteWiring, OnlyTheWiredEquipmentAnswers) {
+    struct Case {
+        Site::Wiring wiring;
+        std::vector<int> answering;
+        bool switcher;
+        bool multiplexer;
+    };
+    const Case cases[] = {
+        {{}, {1, 2, 3, 4, 5, 6, 7, 8}, true, true},
+        {{{200, 3, 17, 3}, true, false}, {3, 17, 200}, true, false},
+        {{{255}, false, true}, {255}, false, true},
+    };
+    for (const Case& c : cases) {
+        Site site(c.wiring);
+        for (const int address : {1, 2, 3, 8, 9, 17, 200, 255}) {
+            SCOPED_TRACE(address);
+            const bool wired =
+                std::find(c.answering.begin(), c.answering.end(), address) != c.answering.end();
+            EXPECT_EQ(site.HasCamera(address), wired);
+            const std::string reply = site.Hear(AsBytes(BuildDFrame(address, 0, 0x51, 0, 0)));
+            EXPECT_EQ(reply.size(), wired ? 7u : 0u);
+            site.Hear(AsBytes(BuildPFrame(address, 0, 0x02, 0x20, 0)));
+            if (wired) {
+                EXPECT_EQ(site.Camera(address).Address(), address);
+                EXPECT_EQ(site.Camera(address).Moving().pan, 1);
+                EXPECT_EQ(site.CameraLog(address).size(), 2u);
+            }
+        }
+        EXPECT_EQ(site.Hear(AsBytes("4Eaia")), c.switcher ? "4ia" : "");
+        EXPECT_EQ(site.SwitcherLog().empty(), !c.switcher);
+        site.Hear(AsBytes("3#m"));
+        EXPECT_EQ(site.Multiplexer().Camera() == 3, c.multiplexer);
+        EXPECT_EQ(site.Wired().cameras, c.answering);
+    }
+    EXPECT_THROW(Site({{0, 3}}), std::invalid_argument);
+    EXPECT_THROW(Site({{256}}), std::invalid_argument);
+}
+
+TEST(SiteWiring, ReadsCameraAddressesAsAnInstallerWritesThem) {
+    struct Case {
+        const char* text;
+        std::vector<int> addresses; // empty: refused
+    };
+    const Case cases[] = {
+        {"1-8", {1, 2, 3, 4, 5, 6, 7, 8}},
+        {"200,3,17", {3, 17, 200}},
+        {"1-3,2,255", {1, 2, 3, 255}},
+        {"7", {7}},
+        {"", {}},
+        {"0-4", {}},
+        {"1-256", {}},
+        {"8-1", {}},
+        {"1,,2", {}},
+        {"1,", {}},
+        {"a", {}},
+        {"1-", {}},
+        {" 3", {}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.text);
+        std::vector<int> addresses{42};
+        EXPECT_EQ(site::ParseCameraAddresses(c.text, addresses), !c.addresses.empty());
+        EXPECT_EQ(addresses, c.addresses.empty() ? std::vector<int>{42} : c.addresses);
+    }
+}
+
 // The line as the keyboard sees it: settings, garbling and the pace of the answers.
 TEST(SimulatedLineTest, AnswersAtTheLinePaceOnlyWhenTheSettingsMatch) {
     struct Case {
         const char* settings;
         bool answered;
+        const char* equipment = "2400,n,8,1";
     };
-    const Case cases[] = {{"2400,n,8,1", true}, {"9600,n,8,1", false}, {"2400,e,8,1", false}};
+    const Case cases[] = {{"2400,n,8,1", true},
+                          {"9600,n,8,1", false},
+                          {"2400,e,8,1", false},
+                          {"4800,e,7,2", true, "4800,e,7,2"},
+                          {"2400,n,8,1", false, "4800,e,7,2"}};
     for (const Case& c : cases) {
-        SCOPED_TRACE(c.settings);
+        SCOPED_TRACE(std::string(c.settings) + " to equipment at " + c.equipment);
         site::SimulatedLine line(1);
+        site::LineFormat equipment;
+        ASSERT_TRUE(site::ParseLineFormat(QLatin1String(c.equipment), equipment));
+        line.SetEquipmentFormat(equipment);
+        EXPECT_EQ(site::LineFormatText(line.EquipmentFormat()), QLatin1String(c.equipment));
         line.SetSettings(QLatin1String(c.settings));
         line.Open();
         QByteArray received;
@@ -139,8 +216,8 @@ TEST(SimulatedLineTest, AnswersAtTheLinePaceOnlyWhenTheSettingsMatch) {
         }
         if (c.answered) {
             ASSERT_TRUE(WaitUntil([&] { return received.size() == 7; }, 1000));
-            // Seven bytes of ten bits at 2400 baud take 29 ms.
-            EXPECT_GE(clock.elapsed(), 27);
+            // Seven bytes of ten bits at 2400 baud take 29 ms; of eleven at 4800, 16 ms.
+            EXPECT_GE(clock.elapsed(), equipment.baud == 2400 ? 27 : 14);
             EXPECT_EQ(received.left(4), QByteArray::fromHex("ff010059"));
         } else {
             WaitUntil([] { return false; }, 100);

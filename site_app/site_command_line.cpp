@@ -1,0 +1,127 @@
+#include "site_app/site_command_line.h"
+
+#include "site_server/served_lines.h"
+
+#include <QCommandLineParser>
+
+namespace quellpad::site_app {
+
+namespace {
+
+const QString kPty = QStringLiteral("pty");
+const QString kListen = QStringLiteral("listen");
+const QString kLine = QStringLiteral("line");
+const QString kCameras = QStringLiteral("cameras");
+const QString kSwitcher = QStringLiteral("switcher");
+const QString kMux = QStringLiteral("mux");
+const QString kJson = QStringLiteral("json");
+const QString kView = QStringLiteral("view");
+
+void Describe(QCommandLineParser& parser) {
+    parser.setApplicationDescription(QStringLiteral(
+        "Serves Quellpad's simulated CCTV site (dome cameras in \"D\" and \"P\", a switcher in "
+        "\"ASCII\", a multiplexer in \"MUX ASCII\") to any controller on serial devices, a "
+        "pseudo-terminal or TCP ports, all lines on the same equipment."));
+    parser.addOption({{QStringLiteral("h"), QStringLiteral("help")},
+                      QStringLiteral("Displays this help and exits.")});
+    parser.addVersionOption();
+    parser.addOption({kPty, QStringLiteral("Serve on a new pseudo-terminal and print its path as "
+                                           "the first line of output.")});
+    parser.addOption({kListen,
+                      QStringLiteral("Serve raw bytes on this TCP port, to several controllers at "
+                                     "once; may be given more than once."),
+                      QStringLiteral("[host:]port")});
+    parser.addOption({kLine,
+                      QStringLiteral("The line settings the equipment listens at (default "
+                                     "2400,n,8,1)."),
+                      QStringLiteral("baud,parity,bits,stop")});
+    parser.addOption({kCameras,
+                      QStringLiteral("Dome cameras at these addresses, 1 to 255, such as 1-8 or "
+                                     "3,17,200. When any of --cameras, --switcher, --mux is "
+                                     "given, only the equipment named listens; otherwise cameras "
+                                     "1 to 8, the switcher and the multiplexer."),
+                      QStringLiteral("addresses")});
+    parser.addOption({kSwitcher, QStringLiteral("The switcher listens.")});
+    parser.addOption({kMux, QStringLiteral("The multiplexer listens.")});
+    parser.addOption({kJson, QStringLiteral("Print every event as one JSON object per line.")});
+    parser.addOption({kView, QStringLiteral("Also open the Simulated Site window.")});
+    parser.addPositionalArgument(QStringLiteral("device"),
+                                 QStringLiteral("Serial devices to serve on, such as /dev/ttyUSB0 "
+                                                "or a /dev/serial/by-id name."),
+                                 QStringLiteral("[device...]"));
+}
+
+} // namespace
+
+SiteCommandLine ParseSiteCommandLine(const QStringList& arguments) {
+    QCommandLineParser parser;
+    Describe(parser);
+    SiteCommandLine line;
+    auto refuse = [&line](const QString& error) {
+        line.action = SiteCommandLine::Action::Refuse;
+        line.error = error;
+        return line;
+    };
+    if (!parser.parse(arguments)) {
+        return refuse(parser.errorText());
+    }
+    if (parser.isSet(QStringLiteral("help"))) {
+        line.action = SiteCommandLine::Action::ShowHelp;
+        return line;
+    }
+    if (parser.isSet(QStringLiteral("version"))) {
+        line.action = SiteCommandLine::Action::ShowVersion;
+        return line;
+    }
+    line.devices = parser.positionalArguments();
+    line.pty = parser.isSet(kPty);
+    for (const QString& text : parser.values(kListen)) {
+        SiteCommandLine::Listen listen;
+        if (!site_server::ParseListenAddress(text, listen.host, listen.port)) {
+            return refuse(
+                QStringLiteral("'%1' is not a TCP port to listen on ([host:]port).").arg(text));
+        }
+        line.listen.push_back(listen);
+    }
+    if (line.devices.isEmpty() && !line.pty && line.listen.empty()) {
+        return refuse(
+            QStringLiteral("No line to serve on: name a device, --pty or --listen [host:]port."));
+    }
+    if (parser.isSet(kLine) && !site::ParseLineFormat(parser.value(kLine), line.format)) {
+        return refuse(QStringLiteral("'%1' are not line settings (such as 2400,n,8,1).")
+                          .arg(parser.value(kLine)));
+    }
+    if (parser.isSet(kCameras) || parser.isSet(kSwitcher) || parser.isSet(kMux)) {
+        line.wiring.cameras.clear();
+        if (parser.isSet(kCameras) &&
+            !site::ParseCameraAddresses(parser.value(kCameras).toStdString(),
+                                        line.wiring.cameras)) {
+            return refuse(QStringLiteral("'%1' are not camera addresses from 1 to 255 (such as "
+                                         "1-8 or 3,17,200).")
+                              .arg(parser.value(kCameras)));
+        }
+        line.wiring.switcher = parser.isSet(kSwitcher);
+        line.wiring.multiplexer = parser.isSet(kMux);
+    }
+    line.json = parser.isSet(kJson);
+    line.view = parser.isSet(kView);
+    // The window draws the site as it comes: cameras 1 to 8 beside the switcher and the
+    // multiplexer.
+    if (line.view && line.wiring != site::Site::Wiring{}) {
+        return refuse(QStringLiteral("--view shows the site as it comes; leave out --cameras, "
+                                     "--switcher and --mux with it."));
+    }
+    return line;
+}
+
+QString SiteCommandLineHelp() {
+    QCommandLineParser parser;
+    Describe(parser);
+    return parser.helpText();
+}
+
+QString SiteVersionText() {
+    return QStringLiteral("quellpad-site %1").arg(QStringLiteral(QUELLPAD_VERSION));
+}
+
+} // namespace quellpad::site_app

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "site/simulated_line.h"
+
+#include <QHostAddress>
+#include <QString>
+#include <QStringList>
+
+#include <vector>
+
+namespace quellpad::site_app {
+
+// What quellpad-site's arguments ask for. Read before any line or window exists, so that
+// --help, --version and a mistyped option answer at once.
+struct SiteCommandLine {
+    enum class Action { Serve, ShowHelp, ShowVersion, Refuse };
+    Action action = Action::Serve;
+    QString error; // why the arguments were refused, one line
+    QStringList devices;
+    bool pty = false;
+    struct Listen {
+        QHostAddress host;
+        quint16 port = 0;
+    };
+    std::vector<Listen> listen;
+    site::LineFormat format;
+    site::Site::Wiring wiring;
+    bool json = false;
+    bool view = false;
+};
+
+// The exit status of arguments that cannot be used, as for any command-line program.
+inline constexpr int kUsageStatus = 2;
+
+// `arguments` as main() received them, the program's name first.
+SiteCommandLine ParseSiteCommandLine(const QStringList& arguments);
+// The text of --help.
+QString SiteCommandLineHelp();
+// "quellpad-site 1.2.0".
+QString SiteVersionText();
+
+} // namespace quellpad::site_app

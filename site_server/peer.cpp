@@ -1,0 +1,119 @@
+#include "peer.h"
+
+#include "served_site.h"
+
+#include <QCoreApplication>
+
+#include "protocol/decoders.h"
+#include "traffic/splitter.h"
+
+namespace quellpad::site_server {
+
+namespace {
+
+// Answers are handed to the transport at most this often, never before their last bit has
+// left: a fast line costs a hundred writes a second, not one per byte, and a controller
+// reading a real UART sees its bytes gathered much the same way.
+constexpr int kDeliveryMs = 10;
+// Rejections are told at most this often while a flood goes on.
+constexpr qint64 kTellEveryMs = 1000;
+
+QString AnswerMeaning(const protocol::Command& command, const std::string& reply) {
+    const auto bytes = protocol::AsBytes(reply);
+    std::vector<protocol::Command> answers;
+    if (command.language == protocol::Language::Ascii) {
+        protocol::AsciiDecoder(protocol::Language::Ascii).Feed(bytes, answers);
+    } else {
+        protocol::DReplyDecoder().Feed(bytes, answers);
+    }
+    if (answers.empty()) {
+        return QStringLiteral("answer to ") +
+               traffic::EquipmentMeaning(traffic::Way::Sent, command);
+    }
+    return traffic::EquipmentMeaning(traffic::Way::Received, answers.front());
+}
+
+} // namespace
+
+Peer::Peer(ServedSite& site, QString name, QObject* parent)
+    : QObject(parent), site_(site), name_(std::move(name)), controller_(site.Format()),
+      pacer_(kDeliveryMs, kSendLimit) {
+    connect(&pacer_, &site::Pacer::Arrived, this, &Peer::Write);
+}
+
+Peer::~Peer() = default;
+
+void Peer::Hear(std::span<const std::uint8_t> bytes) {
+    const site::LineFormat& equipment = site_.Format();
+    const bool matched = controller_ == equipment;
+    std::string heard(bytes.begin(), bytes.end());
+    if (!matched) {
+        for (char& c : heard) {
+            c = static_cast<char>(
+                site::Garble(static_cast<std::uint8_t>(c), controller_, equipment));
+        }
+        rejected_.garbled += bytes.size();
+    }
+    const std::size_t badBefore = ear_.Rejected();
+    obeyed_.clear();
+    std::string reply = site_.Equipment().HearFrom(ear_, protocol::AsBytes(heard), &obeyed_);
+    heard_ += bytes.size();
+    for (const site::Site::Obeyed& obeyed : obeyed_) {
+        obeyedBytes_ += obeyed.command.bytes.size();
+        site_.Tell(Event::Kind::Command, name_,
+                   traffic::EquipmentMeaning(traffic::Way::Sent, obeyed.command),
+                   QByteArray::fromStdString(obeyed.command.bytes));
+        if (!obeyed.reply.empty()) {
+            site_.Tell(Event::Kind::Answer, name_, AnswerMeaning(obeyed.command, obeyed.reply),
+                       QByteArray::fromStdString(obeyed.reply));
+        }
+    }
+    rejected_.badFrames += ear_.Rejected() - badBefore;
+    // Bytes at the wrong settings are counted as garbage, not again as ignored.
+    const std::uint64_t unobeyed = heard_ > obeyedBytes_ ? heard_ - obeyedBytes_ : 0;
+    rejected_.ignored = unobeyed > rejected_.garbled ? unobeyed - rejected_.garbled : 0;
+    TellRejected(false);
+    if (reply.empty()) {
+        return;
+    }
+    if (!matched) {
+        for (char& c : reply) {
+            c = static_cast<char>(
+                site::Garble(static_cast<std::uint8_t>(c), equipment, controller_));
+        }
+    }
+    if (!pacer_.Send(reply, site_.Format().BitsPerByte() / site_.Format().baud)) {
+        Lost(reply.size());
+    }
+}
+
+void Peer::Lost(std::size_t bytes) {
+    rejected_.answersLost += bytes;
+    TellRejected(false);
+}
+
+void Peer::TellRejected(bool now) {
+    // Only bad frames, garbage and lost answers are news; bytes nobody took are counted
+    // with them but are no reason on their own to speak up (a frame half heard so far).
+    const bool news = rejected_.garbled != told_.garbled ||
+                      rejected_.badFrames != told_.badFrames ||
+                      rejected_.answersLost != told_.answersLost;
+    if (!(news || (now && rejected_ != told_))) {
+        return;
+    }
+    if (!now && lastTold_.isValid() && lastTold_.elapsed() < kTellEveryMs) {
+        return;
+    }
+    lastTold_.start();
+    told_ = rejected_;
+    site_.Tell(Event::Kind::Rejected, name_,
+               QCoreApplication::translate(
+                   "ServedSite", "not obeyed so far: %1 bad or cut-short frames, %2 bytes at other "
+                                 "line settings, %3 bytes nobody took, %4 answer bytes not read")
+                   .arg(rejected_.badFrames)
+                   .arg(rejected_.garbled)
+                   .arg(rejected_.ignored)
+                   .arg(rejected_.answersLost));
+}
+
+} // namespace quellpad::site_server

@@ -1,0 +1,121 @@
+#pragma once
+
+#include "peer.h"
+#include "served_site.h"
+
+#include "engine/serial_device.h"
+
+#include <QHostAddress>
+#include <QSocketNotifier>
+#include <QTcpServer>
+#include <QTimer>
+
+#include <memory>
+#include <vector>
+
+namespace quellpad::site_server {
+
+// Most bytes taken from a line at once, so that a flood on one line leaves the others
+// served in between.
+inline constexpr qint64 kReadChunk = 4096;
+
+// A line the site is served on. Opening fails with a typed error naming the line and
+// the reason; afterwards the line looks after itself (a controller leaving, a device
+// vanishing) and tells the site's operator.
+class ServedLine : public QObject {
+    Q_OBJECT
+public:
+    using QObject::QObject;
+    // How the operator names the line: "/dev/pts/4", "/dev/ttyUSB0", "tcp 0.0.0.0:4001".
+    virtual QString Name() const = 0;
+    // What was thrown away on the line so far, all controllers together.
+    virtual Rejections Rejected() const = 0;
+};
+
+// A new pseudo-terminal: a controller opens the path Name() gives as its serial port. Its
+// line settings are the controller's own (the terminal's), so a controller at other
+// settings than the equipment's gets garbage both ways, as on a real wire. A controller
+// that closes the terminal is forgotten; the next one to open it is served.
+class PtyLine final : public ServedLine {
+    Q_OBJECT
+public:
+    explicit PtyLine(ServedSite& site, QObject* parent = nullptr);
+    ~PtyLine() override;
+    QString Name() const override { return path_; }
+    Rejections Rejected() const override { return peer_->Rejected(); }
+
+private:
+    void Read();
+    void Watch();
+    void Write(const QByteArray& bytes);
+    void Reconnected(bool connected);
+
+    ServedSite& site_;
+    int fd_ = -1;
+    QString path_;
+    std::unique_ptr<Peer> peer_;
+    QSocketNotifier* notifier_ = nullptr;
+    // While no controller holds the terminal open, its other side reads nothing but an
+    // error: the line looks again this often instead of listening.
+    QTimer idle_;
+    bool connected_ = false;
+};
+
+// A serial device (/dev/ttyUSB0, a /dev/serial/by-id name) opened at the equipment's
+// line settings. A device that vanishes is told once and opened again when it returns.
+class DeviceLine final : public ServedLine {
+    Q_OBJECT
+public:
+    // Throws PortError when the device cannot be opened at all.
+    DeviceLine(ServedSite& site, const QString& device, QObject* parent = nullptr);
+    ~DeviceLine() override;
+    QString Name() const override { return device_; }
+    Rejections Rejected() const override { return peer_->Rejected(); }
+
+private:
+    void Read();
+    void Failed(const QString& message);
+    void Retry();
+
+    ServedSite& site_;
+    QString device_;
+    // The keyboard's own serial device, which knows a vanished device from a busy one.
+    SerialDevice port_;
+    std::unique_ptr<Peer> peer_;
+    QTimer retry_;
+};
+
+// A TCP port listening for controllers, raw bytes both ways. Each client has its own
+// decoders and its own answers, all on the one equipment; a client that leaves is
+// forgotten.
+class TcpLine final : public ServedLine {
+    Q_OBJECT
+public:
+    // Answers queued in the socket beyond this for a client that does not read are lost.
+    static constexpr qint64 kUnreadLimit = 64 * 1024;
+    // Clients served at once; more are turned away with a word.
+    static constexpr int kMostClients = 32;
+
+    // Throws PortError when the port cannot be listened on.
+    TcpLine(ServedSite& site, const QHostAddress& host, quint16 port, QObject* parent = nullptr);
+    ~TcpLine() override;
+    QString Name() const override;
+    Rejections Rejected() const override;
+    quint16 Port() const { return server_.serverPort(); }
+
+private:
+    void Accept();
+
+    ServedSite& site_;
+    QTcpServer server_;
+    Rejections gone_;
+    std::vector<std::unique_ptr<Peer>> peers_;
+};
+
+// "[HOST:]PORT" as --listen takes it; false when it is not one.
+bool ParseListenAddress(const QString& text, QHostAddress& host, quint16& port);
+
+// The line settings a terminal is set to, as the controller on its other side set them.
+site::LineFormat TerminalFormat(int fd);
+
+} // namespace quellpad::site_server

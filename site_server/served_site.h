@@ -1,0 +1,55 @@
+#pragma once
+
+#include "site/simulated_line.h"
+
+#include <QByteArray>
+#include <QObject>
+#include <QString>
+
+#include <cstdint>
+#include <string>
+
+namespace quellpad::site_server {
+
+// Something the served site tells its operator: a command obeyed, an answer sent, input
+// thrown away, or a line that opened, closed, vanished or came back.
+struct Event {
+    enum class Kind { Command, Answer, Rejected, Line };
+    Kind kind = Kind::Line;
+    // Wall-clock time in microseconds since the epoch.
+    std::int64_t atUs = 0;
+    QString line;
+    QByteArray bytes;
+    QString meaning;
+};
+
+// "13:05:09.123  /dev/pts/4  → FF 03 00 02 20 00 25  camera 3: pan right 32": one line,
+// no line end. Commands the equipment heard point right, its answers left.
+QString EventText(const Event& event);
+// The same as one JSON object on one line, no line end:
+// {"time":"2026-11-24T13:05:09.123Z","line":"/dev/pts/4","event":"command","bytes":"FF 03
+// ...","meaning":"camera 3: pan right 32"}.
+QString EventJson(const Event& event);
+
+// The equipment of the served site, shared by every controller on every line, and what
+// it tells its operator.
+class ServedSite : public QObject {
+    Q_OBJECT
+public:
+    ServedSite(site::Site::Wiring wiring, const site::LineFormat& format,
+               QObject* parent = nullptr);
+
+    // The equipment as a simulated line, which the Simulated Site window shows.
+    site::SimulatedLine& Equipment() { return equipment_; }
+    const site::LineFormat& Format() const { return equipment_.EquipmentFormat(); }
+    void Tell(Event::Kind kind, const QString& line, const QString& meaning,
+              const QByteArray& bytes = {});
+
+signals:
+    void Told(const Event& event);
+
+private:
+    site::SimulatedLine equipment_;
+};
+
+} // namespace quellpad::site_server

@@ -1,0 +1,270 @@
+#include "fixtures.h"
+#include "ser2net.h"
+
+#include "netline/network_line.h"
+
+#include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QSerialPort>
+#include <QTcpSocket>
+
+#include <csignal>
+
+namespace quellpad::test {
+namespace {
+
+// quellpad-site in a process of its own, its output read line by line.
+class SiteProgram {
+public:
+    explicit SiteProgram(const QStringList& arguments) {
+        process_.setProgram(QStringLiteral(QUELLPAD_SITE_PROGRAM));
+        process_.setArguments(arguments);
+        QObject::connect(&process_, &QProcess::readyReadStandardOutput, [this] {
+            while (process_.canReadLine()) {
+                lines_ << QString::fromUtf8(process_.readLine()).trimmed();
+            }
+        });
+        process_.start();
+    }
+    ~SiteProgram() {
+        process_.kill();
+        process_.waitForFinished();
+    }
+    // The pseudo-terminal's path, which --pty prints first.
+    QString PtyPath() {
+        WaitUntil([&] { return !lines_.isEmpty(); });
+        return lines_.value(0);
+    }
+    // The events of --json whose meaning contains `words`.
+    int Count(const QString& event, const QString& words) const {
+        int count = 0;
+        for (const QString& line : lines_) {
+            const QJsonObject object = QJsonDocument::fromJson(line.toUtf8()).object();
+            count += object.value("event") == event &&
+                     object.value("meaning").toString().contains(words);
+        }
+        return count;
+    }
+    bool WaitFor(const QString& event, const QString& words) {
+        return WaitUntil([&] { return Count(event, words) > 0; });
+    }
+    QProcess& Process() { return process_; }
+    const QStringList& Lines() const { return lines_; }
+
+private:
+    QProcess process_;
+    QStringList lines_;
+};
+
+class SiteProgramTest : public KeyboardFixture {};
+
+// The keyboard on the served pseudo-terminal, as on any serial device.
+TEST_F(SiteProgramTest, TheKeyboardOnTheServedPtyPansCameraThreeRightAndStops) {
+    SiteProgram site({"--pty", "--json"});
+    const QString pty = site.PtyPath();
+    ASSERT_TRUE(pty.startsWith("/dev/pts/")) << pty.toStdString();
+    Bind(1, pty);
+    MakeKeyboard();
+    keyboard_->MSComm1().SetSettings("2400,n,8,1");
+    OpenPorts(true, false);
+    keyboard_->CurrentMode = kModeD;
+    keyboard_->AddressCOM1 = 3;
+    keyboard_->Command2 = 0x02;
+    keyboard_->Data1 = 0x20;
+    keyboard_->SendCommand();
+    ASSERT_TRUE(site.WaitFor("command", "camera 3: pan right 32"));
+    keyboard_->Command2 = 0;
+    keyboard_->Data1 = 0;
+    keyboard_->SendCommand();
+    ASSERT_TRUE(site.WaitFor("command", "camera 3: stop"));
+    EXPECT_TRUE(site.WaitFor("answer", "camera 3 ← acknowledged"));
+}
+
+// Raw TCP clients, one at a time and several at once, each answered on its own socket.
+TEST(SiteProgramTcp, PanPositionQueriesAreAnsweredToEveryClient) {
+    const quint16 port = FreeLoopbackPort();
+    SiteProgram site({"--listen", QStringLiteral("127.0.0.1:%1").arg(port), "--json"});
+    ASSERT_TRUE(WaitUntil([&] { return LoopbackListening(port); }));
+    for (const int clients : {1, 2}) {
+        SCOPED_TRACE(clients);
+        std::vector<std::unique_ptr<QTcpSocket>> sockets;
+        for (int i = 0; i < clients; ++i) {
+            sockets.push_back(std::make_unique<QTcpSocket>());
+            sockets.back()->connectToHost(QHostAddress::LocalHost, port);
+            ASSERT_TRUE(sockets.back()->waitForConnected(2000));
+        }
+        // Each client's frame in two halves, the halves of the clients interleaved: every
+        // client has a wire of its own, so no frame cuts into another's.
+        const QByteArray query = QByteArray::fromHex("ff010051000052");
+        for (const qsizetype from : {0, 3}) {
+            for (const auto& socket : sockets) {
+                socket->write(query.mid(from, from == 0 ? 3 : -1));
+                socket->waitForBytesWritten(1000);
+                WaitUntil([] { return false; }, 20);
+            }
+        }
+        for (const auto& socket : sockets) {
+            QByteArray answer;
+            ASSERT_TRUE(WaitUntil([&] {
+                answer += socket->readAll();
+                return answer.size() >= 7;
+            }));
+            ASSERT_EQ(answer.size(), 7);
+            EXPECT_EQ(answer.left(4), QByteArray::fromHex("ff010059"));
+            const auto sum =
+                static_cast<std::uint8_t>(0x01 + 0x59 + static_cast<std::uint8_t>(answer[4]) +
+                                          static_cast<std::uint8_t>(answer[5]));
+            EXPECT_EQ(static_cast<std::uint8_t>(answer[6]), sum);
+        }
+    }
+    EXPECT_EQ(site.Count("answer", "camera 1 ← pan position"), 3);
+}
+
+// A controller at other line settings than the equipment's gets garbage through, and
+// therefore no answer; at the same settings it is answered.
+TEST(SiteProgramLine, OnlyAControllerAtTheEquipmentsSettingsIsAnswered) {
+    struct Case {
+        const char* served;
+        qint32 baud;
+        bool answered;
+    };
+    const Case cases[] = {
+        {"2400,n,8,1", 2400, true},
+        {"2400,n,8,1", 9600, false},
+        {"9600,n,8,1", 9600, true},
+        {"9600,n,8,1", 4800, false},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(std::string(c.served) + " to a controller at " + std::to_string(c.baud));
+        SiteProgram site({"--pty", "--line", c.served});
+        QSerialPort port(site.PtyPath());
+        ASSERT_TRUE(port.open(QIODevice::ReadWrite));
+        port.setBaudRate(c.baud);
+        port.write(QByteArray::fromHex("ff010051000052"));
+        QByteArray answer;
+        WaitUntil(
+            [&] {
+                answer += port.readAll();
+                return answer.size() >= 7;
+            },
+            c.answered ? 3000 : 300);
+        EXPECT_EQ(answer.size(), c.answered ? 7 : 0) << answer.toHex().toStdString();
+    }
+}
+
+// With its window open the program serves as without it.
+TEST(SiteProgramView, TheWindowOnTheServedEquipmentLeavesTheLinesServed) {
+    SiteProgram site({"--pty", "--view", "--json"});
+    QSerialPort port(site.PtyPath());
+    ASSERT_TRUE(port.open(QIODevice::ReadWrite));
+    port.setBaudRate(2400);
+    port.write(QByteArray::fromHex("ff030002200025"));
+    ASSERT_TRUE(site.WaitFor("command", "camera 3: pan right 32"));
+    QByteArray answer;
+    EXPECT_TRUE(WaitUntil([&] {
+        answer += port.readAll();
+        return answer == QByteArray::fromHex("ff030003");
+    }));
+    ::kill(static_cast<pid_t>(site.Process().processId()), SIGTERM);
+    ASSERT_TRUE(site.Process().waitForFinished(3000));
+    EXPECT_EQ(site.Process().exitCode(), 0);
+}
+
+// SIGTERM closes every line: the pseudo-terminal's path and the listening port are gone.
+TEST(SiteProgramEnd, TerminationLeavesNoPtyAndNoPortOpen) {
+    const quint16 port = FreeLoopbackPort();
+    SiteProgram site({"--pty", "--listen", QStringLiteral("127.0.0.1:%1").arg(port)});
+    const QString pty = site.PtyPath();
+    ASSERT_TRUE(WaitUntil([&] { return LoopbackListening(port); }));
+    ASSERT_TRUE(QFile::exists(pty));
+    QTcpSocket client;
+    client.connectToHost(QHostAddress::LocalHost, port);
+    ASSERT_TRUE(client.waitForConnected(2000));
+    ::kill(static_cast<pid_t>(site.Process().processId()), SIGTERM);
+    ASSERT_TRUE(site.Process().waitForFinished(3000));
+    EXPECT_EQ(site.Process().exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(site.Process().exitCode(), 0);
+    EXPECT_FALSE(QFile::exists(pty));
+    EXPECT_FALSE(LoopbackListening(port));
+    EXPECT_TRUE(site.Lines().last().contains("closed; not obeyed: 0 bad")) << "counts shown";
+}
+
+TEST(SiteProgramArguments, HelpVersionAndRefusalsAnswerOnTheTerminal) {
+    struct Case {
+        QStringList arguments;
+        int status;
+        const char* out;
+        const char* err;
+    };
+    const Case cases[] = {
+        {{"--help"}, 0, "--listen <[host:]port>", ""},
+        {{"--version"}, 0, "quellpad-site ", ""},
+        {{"--pty", "--bogus"}, 2, "", "quellpad-site: Unknown option 'bogus'.\n"},
+        {{},
+         2,
+         "",
+         "quellpad-site: No line to serve on: name a device, --pty or --listen "
+         "[host:]port.\n"},
+        {{"--pty", "--cameras", "0-3"},
+         2,
+         "",
+         "quellpad-site: '0-3' are not camera addresses from 1 to 255 (such as 1-8 or "
+         "3,17,200).\n"},
+        {{"--pty", "--line", "2400,x,8,1"},
+         2,
+         "",
+         "quellpad-site: '2400,x,8,1' are not line settings (such as 2400,n,8,1).\n"},
+        {{"--pty", "--view", "--cameras", "3"},
+         2,
+         "",
+         "quellpad-site: --view shows the site as it comes; leave out --cameras, --switcher and "
+         "--mux with it.\n"},
+        {{"/dev/nonexistent-quellpad"}, 1, "", "quellpad-site: cannot serve the site on "},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.arguments.join(' ').toStdString());
+        QProcess process;
+        process.start(QStringLiteral(QUELLPAD_SITE_PROGRAM), c.arguments);
+        ASSERT_TRUE(process.waitForFinished(5000));
+        EXPECT_EQ(process.exitCode(), c.status);
+        EXPECT_TRUE(QString::fromUtf8(process.readAllStandardOutput()).contains(c.out));
+        const QString err = QString::fromUtf8(process.readAllStandardError());
+        EXPECT_TRUE(*c.err == '\0' ? err.isEmpty() : err.startsWith(c.err)) << err.toStdString();
+        EXPECT_LE(err.count('\n'), 1);
+    }
+}
+
+// The keyboard over the network: straight to the served TCP port, and through ser2net's
+// RFC 2217 port in front of the served pseudo-terminal.
+TEST_F(SiteProgramTest, TheKeyboardOverTheNetworkSwitchesAMonitorInAscii) {
+    for (const bool rfc2217 : {false, true}) {
+        SCOPED_TRACE(rfc2217 ? "rfc2217 through ser2net" : "tcp");
+        const QString reason = Ser2netUnavailable();
+        if (rfc2217 && !reason.isEmpty()) {
+            GTEST_SKIP() << reason.toStdString();
+        }
+        const quint16 port = FreeLoopbackPort();
+        SiteProgram site({"--pty", "--json", "--listen", QStringLiteral("127.0.0.1:%1").arg(port)});
+        std::unique_ptr<Ser2net> server;
+        if (rfc2217) {
+            server = std::make_unique<Ser2net>(site.PtyPath(), true, dir_.path(), "2400n81");
+            ASSERT_TRUE(server->Start());
+        }
+        ASSERT_TRUE(WaitUntil([&] { return LoopbackListening(port); }));
+        Bind(1, rfc2217 ? server->Url() : QStringLiteral("tcp://127.0.0.1:%1").arg(port));
+        keyboard_ = std::make_unique<Quellpad_Support_Func>(&MakeNetworkOrDeviceLine);
+        keyboard_->MSComm1().SetSettings("2400,n,8,1");
+        OpenPorts(true, false);
+        keyboard_->CurrentMode = kModeAscii;
+        keyboard_->AsciiCommand = "7Ma";
+        keyboard_->SendCommand();
+        EXPECT_TRUE(site.WaitFor("command", "switcher: monitor 7"))
+            << site.Lines().join('\n').toStdString();
+        keyboard_.reset();
+    }
+}
+
+} // namespace
+} // namespace quellpad::test

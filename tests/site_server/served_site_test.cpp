@@ -1,0 +1,193 @@
+#include "fixtures.h"
+
+#include "site_server/served_lines.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QRandomGenerator>
+#include <QTcpSocket>
+#include <QTemporaryDir>
+
+namespace quellpad::test {
+namespace {
+
+using protocol::BuildDFrame;
+using site_server::Event;
+using site_server::Peer;
+using site_server::ServedSite;
+
+QByteArray Bytes(const std::string& bytes) {
+    return QByteArray::fromStdString(bytes);
+}
+
+// What the served site told, in order.
+struct Told {
+    explicit Told(ServedSite& site) {
+        QObject::connect(&site, &ServedSite::Told,
+                         [this](const Event& event) { events.push_back(event); });
+    }
+    std::vector<Event> Of(Event::Kind kind) const {
+        std::vector<Event> some;
+        std::copy_if(events.begin(), events.end(), std::back_inserter(some),
+                     [kind](const Event& event) { return event.kind == kind; });
+        return some;
+    }
+    std::vector<Event> events;
+};
+
+TEST(ServedSiteWords, EventsReadAsTheTrafficMonitorWordsThem) {
+    Event event{Event::Kind::Command, 0, "/dev/pts/4", QByteArray::fromHex("ff030002200025"),
+                "camera 3: pan right 32"};
+    EXPECT_TRUE(site_server::EventText(event).endsWith(
+        "  /dev/pts/4  → FF 03 00 02 20 00 25  camera 3: pan right 32"));
+    EXPECT_EQ(site_server::EventJson(event),
+              R"({"bytes":"FF 03 00 02 20 00 25","event":"command","line":"/dev/pts/4",)"
+              R"("meaning":"camera 3: pan right 32","time":"1970-01-01T00:00:00.000Z"})");
+
+    struct Case {
+        const char* text;
+        bool ok;
+        const char* host;
+        quint16 port;
+    };
+    const Case cases[] = {
+        {"4001", true, "", 4001},          {"127.0.0.1:4001", true, "127.0.0.1", 4001},
+        {"[::1]:5000", true, "::1", 5000}, {"localhost:7", true, "127.0.0.1", 7},
+        {":4001", false, "", 0},           {"4001x", false, "", 0},
+        {"65536", false, "", 0},           {"nohost:4001", false, "", 0},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.text);
+        QHostAddress host;
+        quint16 port = 0;
+        ASSERT_EQ(site_server::ParseListenAddress(c.text, host, port), c.ok);
+        if (c.ok) {
+            EXPECT_EQ(host, *c.host ? QHostAddress(c.host) : QHostAddress(QHostAddress::Any));
+            EXPECT_EQ(port, c.port);
+        }
+    }
+}
+
+// One controller's wire to the equipment: what it obeys, what it throws away and counts,
+// and the pace of its answers.
+TEST(ServedPeer, ObeysGoodFramesReportsBadOnesAndAnswersAtTheLinePace) {
+    struct Case {
+        const char* controller;
+        bool obeyed;
+    };
+    const Case cases[] = {{"2400,n,8,1", true}, {"9600,n,8,1", false}, {"2400,e,8,1", false}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.controller);
+        ServedSite site({}, {});
+        Told told(site);
+        Peer peer(site, "line");
+        site::LineFormat controller;
+        ASSERT_TRUE(site::ParseLineFormat(c.controller, controller));
+        peer.SetControllerFormat(controller);
+        QByteArray answered;
+        QElapsedTimer clock;
+        qint64 lastAt = 0;
+        QObject::connect(&peer, &Peer::Write, [&](const QByteArray& bytes) {
+            answered += bytes;
+            lastAt = clock.elapsed();
+        });
+        std::string bad = BuildDFrame(1, 0, 0x51, 0, 0);
+        bad[6] = 0;
+        clock.start();
+        peer.Hear(protocol::AsBytes(bad + BuildDFrame(3, 0, 0x02, 0x20, 0)));
+        if (c.obeyed) {
+            ASSERT_TRUE(WaitUntil([&] { return answered.size() == 4; }));
+            // Four bytes of ten bits at 2400 baud take 16.7 ms.
+            EXPECT_GE(lastAt, 15);
+            EXPECT_EQ(answered, QByteArray::fromHex("ff030003"));
+            ASSERT_EQ(told.Of(Event::Kind::Command).size(), 1u);
+            EXPECT_EQ(told.Of(Event::Kind::Command)[0].meaning, "camera 3: pan right 32");
+            EXPECT_EQ(told.Of(Event::Kind::Answer)[0].meaning, "camera 3 ← acknowledged");
+            EXPECT_EQ(peer.Rejected().badFrames, 1u);
+            EXPECT_EQ(peer.Rejected().ignored, 7u);
+            EXPECT_EQ(site.Equipment().Equipment().Camera(3).Moving().pan, 1);
+        } else {
+            WaitUntil([] { return false; }, 60);
+            EXPECT_EQ(answered, QByteArray());
+            EXPECT_TRUE(told.Of(Event::Kind::Command).empty());
+            EXPECT_EQ(peer.Rejected().garbled, 14u);
+            EXPECT_TRUE(site.Equipment().Equipment().Camera(3).Moving().Still());
+        }
+        ASSERT_EQ(told.Of(Event::Kind::Rejected).size(), 1u) << "told at once, not per byte";
+    }
+}
+
+// Floods, endless text, half frames and a client that never reads: each is counted, the
+// answers waiting for a client are bounded, and another client is served all along.
+TEST(ServedTcpLine, HostileClientsAreCountedAndBoundedWhileAnotherIsServed) {
+    ServedSite site({}, {115200, 'n', 8, 1});
+    site_server::TcpLine line(site, QHostAddress::LocalHost, 0);
+    QTcpSocket hostile;
+    QTcpSocket polite;
+    hostile.connectToHost(QHostAddress::LocalHost, line.Port());
+    polite.connectToHost(QHostAddress::LocalHost, line.Port());
+    ASSERT_TRUE(WaitUntil([&] {
+        return hostile.state() == QAbstractSocket::ConnectedState &&
+               polite.state() == QAbstractSocket::ConnectedState;
+    }));
+    QByteArray flood(200000, '\0');
+    for (char& byte : flood) {
+        byte = static_cast<char>(QRandomGenerator::global()->bounded(256));
+    }
+    const QByteArray endless(100000, 'A');
+    const QByteArray half = Bytes(BuildDFrame(1, 0, 0x51, 0, 0)).left(4);
+    // Queries without end whose answers the client never takes off the wire.
+    QByteArray queries;
+    for (int i = 0; i < 40000; ++i) {
+        queries += Bytes(BuildDFrame(1, 0, 0x51, 0, 0));
+    }
+    hostile.write(flood + endless + half + half + queries);
+    QByteArray answers;
+    QObject::connect(&polite, &QTcpSocket::readyRead, [&] { answers += polite.readAll(); });
+    QElapsedTimer clock;
+    clock.start();
+    for (int round = 1; round <= 5; ++round) {
+        polite.write(Bytes(BuildDFrame(2, 0, 0x51, 0, 0)));
+        ASSERT_TRUE(WaitUntil([&] { return answers.size() == 7 * round; }, 2000)) << round;
+    }
+    EXPECT_LT(clock.elapsed(), 2000);
+    ASSERT_TRUE(WaitUntil([&] { return line.Rejected().answersLost > 0; }, 10000));
+    const site_server::Rejections rejected = line.Rejected();
+    EXPECT_GT(rejected.badFrames, 0u);
+    EXPECT_GT(rejected.ignored, static_cast<std::uint64_t>(endless.size()));
+    EXPECT_EQ(rejected.garbled, 0u);
+}
+
+// A USB adapter pulled out and plugged in again under its stable name.
+TEST(ServedDeviceLine, AVanishedDeviceIsToldOnceAndServedAgainWhenItReturns) {
+    QTemporaryDir dir;
+    const QString name = dir.filePath("usb-adapter-if00-port0");
+    auto first = std::make_unique<PseudoTerminal>();
+    ASSERT_TRUE(QFile::link(first->SlavePath(), name));
+    ServedSite site({}, {});
+    Told told(site);
+    site_server::DeviceLine line(site, name);
+    const QByteArray query = Bytes(BuildDFrame(1, 0, 0x51, 0, 0));
+    first->Write(query);
+    EXPECT_EQ(first->Read(7).left(4), QByteArray::fromHex("ff010059"));
+
+    first->Hangup();
+    const auto gone = [&] {
+        return std::count_if(told.events.begin(), told.events.end(), [](const Event& event) {
+            return event.meaning.startsWith("the device has gone");
+        });
+    };
+    ASSERT_TRUE(WaitUntil([&] { return gone() == 1; }));
+    WaitUntil([] { return false; }, 2500);
+    EXPECT_EQ(gone(), 1) << "told once while it stays away";
+
+    PseudoTerminal second;
+    QFile::remove(name);
+    ASSERT_TRUE(QFile::link(second.SlavePath(), name));
+    ASSERT_TRUE(WaitUntil([&] { return told.events.back().meaning == "the device is back"; }));
+    second.Write(query);
+    EXPECT_EQ(second.Read(7).left(4), QByteArray::fromHex("ff010059"));
+}
+
+} // namespace
+} // namespace quellpad::test
