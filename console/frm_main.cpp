@@ -1,5 +1,6 @@
 #include "frm_main.h"
 
+#include "scan_window/frm_scan.h"
 #include "site_window/frm_simulated_site.h"
 #include "traffic_window/frm_traffic.h"
 
@@ -71,6 +72,7 @@ void FrmMain::ConnectHandlers() {
     on(item("SimulatedSiteOption"), "SimulatedSiteOption_Click",
        &FrmMain::SimulatedSiteOption_Click);
     on(item("mnuTraffic"), "mnuTraffic_Click", &FrmMain::mnuTraffic_Click);
+    on(item("mnuScan"), "mnuScan_Click", &FrmMain::mnuScan_Click);
     on(RetransmitTimerOption, "RetransmitTimerOption_Click", &FrmMain::RetransmitTimerOption_Click);
     on(ControlLock, "ControlLock_Click", &FrmMain::ControlLock_Click);
     on(MenuControlOption, "MenuControlOption_Click", &FrmMain::MenuControlOption_Click);
@@ -326,6 +328,29 @@ void FrmMain::mnuTraffic_Click() {
     BringUp(trafficWindow_);
 }
 
+void FrmMain::mnuScan_Click() {
+    if (scanWindow_ == nullptr) {
+        // While a scan runs the dispatcher and retransmission send nothing and the reply
+        // box takes nothing from the scanned port: the queries and answers are the scan's.
+        scanWindow_ = new scan_window::FrmScan(
+            keyboard_,
+            [this](int port) {
+                scanningPort_ = port;
+                if (port != 0) {
+                    CommandChangeTimer->stop();
+                    RetransmitTimer->stop();
+                    return;
+                }
+                CommandChangeTimer->start();
+                if (keyboard_.RetransmitOn) {
+                    RetransmitTimer->start();
+                }
+            },
+            this);
+    }
+    BringUp(scanWindow_);
+}
+
 void FrmMain::Com1Option_Click() {
     ComOption_Click(1);
 }
@@ -523,7 +548,7 @@ void FrmMain::CommandChangeTimer_Timer() {
 
 void FrmMain::MSComm_OnComm(int number, int eventCode) {
     const QString& mode = keyboard_.CurrentMode;
-    if (eventCode != SerialLine::kDataReceived) {
+    if (eventCode != SerialLine::kDataReceived || number == scanningPort_) {
         return;
     }
     if (!IsAsciiMode(mode) && !IsFrameMode(mode)) {

@@ -89,6 +89,7 @@ private:
     void Settings_Menu_Option_Click();
     void SimulatedSiteOption_Click();
     void mnuTraffic_Click();
+    void mnuScan_Click();
     void RetransmitTimerOption_Click();
     void ControlLock_Click();
     void MenuControlOption_Click();
@@ -158,6 +159,9 @@ private:
     // The "Simulated Site" window, once the operator has asked for it.
     QWidget* siteWindow_ = nullptr;
     QWidget* trafficWindow_ = nullptr;
+    QWidget* scanWindow_ = nullptr;
+    // The port a receiver scan is using, whose replies are the scan's; 0 when none is.
+    int scanningPort_ = 0;
     ui::ErrorBoundary boundary_;
     ui::ProportionalLayout layout_;
     JoystickState joystick_;

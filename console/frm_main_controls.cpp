@@ -43,6 +43,7 @@ void FrmMain::BuildMenus() {
     ui::MakeItem(OptionsMenu, "Settings_Menu_Option", QStringLiteral("Settings..."));
     ui::MakeItem(OptionsMenu, "SimulatedSiteOption", QStringLiteral("Simulated Site..."));
     ui::MakeItem(OptionsMenu, "mnuTraffic", QStringLiteral("Traffic..."));
+    ui::MakeItem(OptionsMenu, "mnuScan", QStringLiteral("Scan for Receivers..."));
     OptionsMenu->addSeparator();
     RetransmitTimerOption = ui::MakeItem(OptionsMenu, "RetransmitTimerOption",
                                          QStringLiteral("Retransmit Timer"), true);

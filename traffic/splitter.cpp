@@ -152,8 +152,12 @@ QString Meaning(int port, Way way, const Piece& piece) {
     }
     const Command& command = *piece.command;
     const bool camera = command.language == Language::D || command.language == Language::P;
+    if (port == kListenPort && camera) {
+        // A listen line hears a keyboard's commands to the receivers.
+        return PortName(port) + QStringLiteral(" → ") + EquipmentMeaning(Way::Sent, command);
+    }
     if (way == Way::Sent && camera) {
-        return QStringLiteral("COM %1 → ").arg(port) + EquipmentMeaning(way, command);
+        return PortName(port) + QStringLiteral(" → ") + EquipmentMeaning(way, command);
     }
     return EquipmentMeaning(way, command);
 }

@@ -33,7 +33,8 @@ FileFormat FormatFor(const QString& path, const QString& chosenFilter) {
                : FileFormat::Text;
 }
 
-void SaveRows(const QString& path, FileFormat format, const std::vector<const TrafficRow*>& rows) {
+void SaveRows(const QString& path, FileFormat format, const std::vector<const TrafficRow*>& rows,
+              const QString& after) {
     const QString what = QStringLiteral("file");
     PlainFileWriter file;
     OpenOrFail(file, path, what);
@@ -41,6 +42,9 @@ void SaveRows(const QString& path, FileFormat format, const std::vector<const Tr
     QString text = (csv ? CsvHeader() : TextHeader()) + u'\n';
     for (const TrafficRow* row : rows) {
         text += (csv ? CsvLine(*row) : TextLine(*row)) + u'\n';
+    }
+    if (!after.isEmpty()) {
+        text += u'\n' + after;
     }
     AppendOrFail(file, path, text, what);
 }

@@ -22,9 +22,11 @@ enum class FileFormat { Text, Csv };
 // CSV for a name ending in ".csv" or when the CSV filter was chosen, otherwise text.
 FileFormat FormatFor(const QString& path, const QString& chosenFilter = {});
 
-// Writes the rows to a new file (a header line, then a line per row); fails with
-// TrafficFileError naming the file and the reason.
-void SaveRows(const QString& path, FileFormat format, const std::vector<const TrafficRow*>& rows);
+// Writes the rows to a new file (a header line, then a line per row), and `after`, when
+// there is any, after a blank line; fails with TrafficFileError naming the file and the
+// reason.
+void SaveRows(const QString& path, FileFormat format, const std::vector<const TrafficRow*>& rows,
+              const QString& after = {});
 
 // The line that opens each logging session: when it started, and each port's device and
 // line settings, e.g. "Log started 2026-03-07 13:05:09; COM 1 (/dev/ttyUSB0) 2400,n,8,1".

@@ -2,6 +2,8 @@
 
 #include <QDateTime>
 
+#include <algorithm>
+
 #include <chrono>
 
 namespace quellpad::traffic {
@@ -19,7 +21,8 @@ std::int64_t SteadyNs() {
 TrafficRecorder::TrafficRecorder()
     : wallOriginUs_(QDateTime::currentMSecsSinceEpoch() * 1000),
       steadyOriginNs_(SteadyNs()), received_{Splitter(std::nullopt, Way::Received),
-                                             Splitter(std::nullopt, Way::Received)} {}
+                                             Splitter(std::nullopt, Way::Received),
+                                             Splitter(std::nullopt, Way::Sent)} {}
 
 void TrafficRecorder::Sent(int portNumber, const QString& mode,
                            std::span<const std::uint8_t> bytes) {
@@ -60,7 +63,9 @@ Splitter& TrafficRecorder::ReceivedSplitter(int port, std::optional<protocol::La
     if (splitter.DecodedLanguage() != language) {
         // The mode changed: what the old language held is given up, the new one starts.
         splitter.Flush(pieces_);
-        splitter = Splitter(language, Way::Received);
+        // A listen line hears a keyboard's commands, which the D receiver decoder would
+        // not read.
+        splitter = Splitter(language, port == kListenPort ? Way::Sent : Way::Received);
     }
     return splitter;
 }
@@ -71,7 +76,7 @@ std::vector<TrafficRow> TrafficRecorder::Drain() {
     // What a port held from earlier batches came before anything noted since: it goes first,
     // so that the rows stay in the order of the wire.
     const std::int64_t now = SteadyNs();
-    for (int port = 1; port <= 2; ++port) {
+    for (int port = 1; port <= kPorts; ++port) {
         Splitter& splitter = received_[static_cast<std::size_t>(port - 1)];
         const std::int64_t last = lastReceivedNs_[static_cast<std::size_t>(port - 1)];
         if (splitter.Holding() && now - last >= kQuietMs * 1'000'000) {
@@ -80,7 +85,7 @@ std::vector<TrafficRow> TrafficRecorder::Drain() {
         }
     }
     for (const Noted& noted : noted_) {
-        const int port = noted.port == 2 ? 2 : 1;
+        const int port = std::clamp(int{noted.port}, 1, kPorts);
         const std::span<const std::uint8_t> bytes(bytes_.data() + noted.offset, noted.length);
         const auto language = noted.language;
         if (noted.way == Way::Sent) {

@@ -52,8 +52,8 @@ private:
     std::int64_t steadyOriginNs_;
     // Microseconds since the origin of the last row made.
     std::int64_t lastRowUs_ = -1;
-    std::array<Splitter, 2> received_;
-    std::array<std::int64_t, 2> lastReceivedNs_{};
+    std::array<Splitter, kPorts> received_;
+    std::array<std::int64_t, kPorts> lastReceivedNs_{};
     std::vector<Piece> pieces_;
 };
 

@@ -36,6 +36,10 @@ QString ColumnTitle(int column) {
                : QString();
 }
 
+QString PortName(int port) {
+    return port == kListenPort ? QStringLiteral("Listen") : QStringLiteral("COM %1").arg(port);
+}
+
 QString Field(const TrafficRow& row, int column) {
     switch (column) {
     case kTime:
@@ -43,7 +47,7 @@ QString Field(const TrafficRow& row, int column) {
     case kSince:
         return FormatSince(row.sincePreviousUs);
     case kPort:
-        return QStringLiteral("COM %1").arg(row.port);
+        return PortName(row.port);
     case kDirection:
         return row.way == Way::Sent ? QStringLiteral("sent") : QStringLiteral("received");
     case kHex:

@@ -10,6 +10,12 @@ namespace quellpad::traffic {
 
 enum class Way : std::uint8_t { Sent, Received };
 
+// The port of the rows a listen-only line heard on a bus the keyboard does not drive.
+inline constexpr int kListenPort = 3;
+inline constexpr int kPorts = 3;
+// "COM 1", "COM 2", "Listen".
+QString PortName(int port);
+
 // One frame or text as the keyboard wrote it, or one reply as it arrived.
 struct TrafficRow {
     // Wall-clock time in microseconds since the epoch, and the time since the row before.

@@ -44,10 +44,11 @@ FrmTraffic::FrmTraffic(Quellpad_Support_Func& keyboard, QWidget* parent)
     controls->addWidget(ui::MakeLabel(this, "ShowLabel", tr("Show:")));
     Com1FilterCheckBox = ui::MakeCheckBox(this, "Com1FilterCheckBox", tr("COM &1"));
     Com2FilterCheckBox = ui::MakeCheckBox(this, "Com2FilterCheckBox", tr("COM &2"));
+    ListenFilterCheckBox = ui::MakeCheckBox(this, "ListenFilterCheckBox", tr("Listen"));
     SentFilterCheckBox = ui::MakeCheckBox(this, "SentFilterCheckBox", tr("&Sent"));
     ReceivedFilterCheckBox = ui::MakeCheckBox(this, "ReceivedFilterCheckBox", tr("&Received"));
-    for (QCheckBox* box :
-         {Com1FilterCheckBox, Com2FilterCheckBox, SentFilterCheckBox, ReceivedFilterCheckBox}) {
+    for (QCheckBox* box : {Com1FilterCheckBox, Com2FilterCheckBox, ListenFilterCheckBox,
+                           SentFilterCheckBox, ReceivedFilterCheckBox}) {
         box->setChecked(true);
         controls->addWidget(box);
     }
@@ -55,13 +56,15 @@ FrmTraffic::FrmTraffic(Quellpad_Support_Func& keyboard, QWidget* parent)
             [this](bool on) { filter_.SetPortShown(1, on); });
     connect(Com2FilterCheckBox, &QCheckBox::toggled, this,
             [this](bool on) { filter_.SetPortShown(2, on); });
+    connect(ListenFilterCheckBox, &QCheckBox::toggled, this,
+            [this](bool on) { filter_.SetPortShown(traffic::kListenPort, on); });
     connect(SentFilterCheckBox, &QCheckBox::toggled, this,
             [this](bool on) { filter_.SetWayShown(Way::Sent, on); });
     connect(ReceivedFilterCheckBox, &QCheckBox::toggled, this,
             [this](bool on) { filter_.SetWayShown(Way::Received, on); });
     // The filters as the operator left them, in the user's configuration.
-    for (QCheckBox* box :
-         {Com1FilterCheckBox, Com2FilterCheckBox, SentFilterCheckBox, ReceivedFilterCheckBox}) {
+    for (QCheckBox* box : {Com1FilterCheckBox, Com2FilterCheckBox, ListenFilterCheckBox,
+                           SentFilterCheckBox, ReceivedFilterCheckBox}) {
         const QString key = kMemoryKey + u'/' + box->objectName();
         box->setChecked(ui::WindowMemory()->value(key, true).toBool());
         connect(box, &QCheckBox::toggled, this,
@@ -119,6 +122,14 @@ FrmTraffic::FrmTraffic(Quellpad_Support_Func& keyboard, QWidget* parent)
     header->resizeSection(traffic::kText, digit * 14);
     TrafficTableView->installEventFilter(this);
     layout->addWidget(TrafficTableView, 1);
+    Listen = new ListenPanel(
+        [this](const QByteArray& bytes, const QString& mode) {
+            recorder_.Received(traffic::kListenPort, mode,
+                               {reinterpret_cast<const std::uint8_t*>(bytes.constData()),
+                                static_cast<std::size_t>(bytes.size())});
+        },
+        boundary_, this);
+    layout->addWidget(Listen);
 
     auto* status = new QHBoxLayout;
     TrafficStatusLabel = ui::MakeReadout(this, "TrafficStatusLabel", tr("Rows"));
@@ -214,7 +225,15 @@ void FrmTraffic::SaveButton_Click() {
         this, tr("Save Traffic"), ui::LastFolder(kMemoryKey), kFileFilters, &chosen);
     if (!path.isEmpty()) {
         ui::KeepLastFolder(kMemoryKey, path);
-        traffic::SaveRows(path, traffic::FormatFor(path, chosen), filter_.ShownRows());
+        const traffic::FileFormat format = traffic::FormatFor(path, chosen);
+        // What the listen line heard per address goes with the rows it explains.
+        const auto& addresses = Listen->Addresses();
+        traffic::SaveRows(
+            path, format, filter_.ShownRows(),
+            addresses.Size() == 0
+                ? QString()
+                : bus::AddressText(addresses.Sorted(bus::AddressColumn::Address, true),
+                                   format == traffic::FileFormat::Csv));
     }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "listen_panel.h"
 #include "traffic_model.h"
 
 #include "engine/keyboard_state.h"
@@ -37,6 +38,7 @@ public:
 
     TrafficModel& Model() { return model_; }
     TrafficFilter& Filter() { return filter_; }
+    ListenPanel& Listener() { return *Listen; }
 
     // Milliseconds between two batches of rows.
     static constexpr int kBatchMs = 100;
@@ -62,6 +64,8 @@ private:
     QTableView* TrafficTableView = nullptr;
     QCheckBox* Com1FilterCheckBox = nullptr;
     QCheckBox* Com2FilterCheckBox = nullptr;
+    QCheckBox* ListenFilterCheckBox = nullptr;
+    ListenPanel* Listen = nullptr;
     QCheckBox* SentFilterCheckBox = nullptr;
     QCheckBox* ReceivedFilterCheckBox = nullptr;
     QPushButton* PauseButton = nullptr;

@@ -60,7 +60,7 @@ protected:
 
 private:
     TrafficModel& model_;
-    std::array<bool, 2> ports_{true, true};
+    std::array<bool, traffic::kPorts> ports_{true, true, true};
     std::array<bool, 2> ways_{true, true};
 };
 

@@ -1,6 +1,7 @@
 #include "fixtures.h"
 #include "ser2net.h"
 
+#include "bus/listen_line.h"
 #include "engine/errors.h"
 #include "engine/port_control.h"
 #include "netline/network_line.h"
@@ -89,6 +90,28 @@ TEST_P(NetworkLineTest, FramesSettingsAndRepliesCrossTheServerByteExact) {
             return line_->ServerValue(telnet::PortCommand::SetParity) == telnet::kParityEven;
         })) << "the server confirms even parity";
     }
+}
+
+// A listen-only line on a serial server hears the bus and puts nothing on it, from the
+// connection to its end, whatever the server is told about the line settings.
+TEST_P(NetworkLineTest, AListenLineHearsTheBusAndPutsNothingOnIt) {
+    ASSERT_TRUE(server_->Start());
+    QByteArray heard;
+    {
+        bus::ListenLine listen(MakeNetworkLine(3, server_->Url()));
+        QObject::connect(&listen, &bus::ListenLine::Heard,
+                         [&heard](const QByteArray& bytes) { heard += bytes; });
+        listen.SetSettings("4800,n,8,1");
+        listen.Open();
+        const QByteArray frame = QByteArray::fromHex("ff110002140027");
+        WaitUntil([] { return false; }, 300); // connected
+        com1_.Write(frame + frame);
+        EXPECT_TRUE(WaitUntil([&] { return heard.size() == 2 * frame.size(); }));
+        EXPECT_EQ(heard, frame + frame);
+        listen.SetSettings("9600,n,8,1");
+        listen.Close();
+    }
+    EXPECT_EQ(com1_.Drain(300), QByteArray()) << "not a byte reached the bus";
 }
 
 // A server that is not there when the port opens, and one that dies while it is open, are

@@ -1,0 +1,167 @@
+#include "fixtures.h"
+#include "pseudo_terminal.h"
+
+#include "bus/listen_line.h"
+#include "bus/scanner.h"
+#include "engine/serial_device.h"
+#include "site/simulated_line.h"
+#include "traffic/traffic_row.h"
+
+#include <QElapsedTimer>
+#include <QSignalSpy>
+
+namespace quellpad::test {
+namespace {
+
+using protocol::BuildDFrame;
+
+TEST(ListenLine, PutsNotOneByteOnTheWireFromOpeningToClosing) {
+    PseudoTerminal wire;
+    QByteArray heard;
+    {
+        bus::ListenLine line(
+            std::make_unique<SerialDevice>(traffic::kListenPort, wire.SlavePath()));
+        QObject::connect(&line, &bus::ListenLine::Heard,
+                         [&heard](const QByteArray& bytes) { heard += bytes; });
+        line.SetSettings("4800,n,8,1");
+        line.Open();
+        const QByteArray frame = QByteArray::fromStdString(BuildDFrame(17, 0, 0x02, 20, 0));
+        for (int i = 0; i < 50; ++i) {
+            wire.Write(frame);
+        }
+        ASSERT_TRUE(WaitUntil([&] { return heard.size() == 50 * frame.size(); }));
+        line.SetSettings("9600,n,8,1"); // as the settings search does
+        line.Close();
+        line.Open();
+    } // and closed again as the window goes
+    EXPECT_EQ(wire.Drain(200), QByteArray());
+}
+
+struct ScanFixture : ::testing::Test {
+    ScanFixture() {
+        QObject::connect(&scanner, &bus::Scanner::Finished, [this](bool c, const QString& f) {
+            ended = true;
+            cancelled = c;
+            failure = f;
+        });
+    }
+    site::SimulatedLine line{1};
+    bus::Scanner scanner{line, "2400,n,8,1"};
+    bool ended = false;
+    bool cancelled = false;
+    QString failure;
+};
+
+TEST_F(ScanFixture, FindsTheSiteCamerasAtTheirBaudAndNothingElse) {
+    std::vector<bool> paused;
+    scanner.SetPause([&paused](bool on) { paused.push_back(on); });
+    bus::ScanPlan plan;
+    plan.bauds = {9600, 2400, 4800};
+    plan.first = 5;
+    plan.last = 12;
+    plan.waitMs = 60;
+    scanner.Start(plan);
+    ASSERT_TRUE(WaitUntil([this] { return ended; }, 10000));
+    EXPECT_FALSE(cancelled);
+    std::vector<std::pair<int, int>> found;
+    for (const bus::ScanResult& result : scanner.Results()) {
+        found.emplace_back(result.baud, result.address);
+        EXPECT_EQ(result.port, 1);
+        EXPECT_EQ(result.answer.rfind("pan is ", 0), 0u) << result.answer;
+        EXPECT_LT(result.answerMs, 60);
+    }
+    // The site's cameras are 1 to 8 and listen at 2400 baud.
+    EXPECT_EQ(found,
+              (std::vector<std::pair<int, int>>{{2400, 5}, {2400, 6}, {2400, 7}, {2400, 8}}));
+    EXPECT_EQ(paused, (std::vector<bool>{true, false}));
+    EXPECT_FALSE(line.IsOpen()); // it was closed before the scan
+    EXPECT_EQ(line.Format().baud, 2400);
+}
+
+TEST_F(ScanFixture, CancelStopsAtOnceAndGivesThePortBack) {
+    line.SetSettings("19200,e,8,1");
+    line.Open();
+    bus::Scanner own(line, "19200,e,8,1");
+    bool done = false;
+    QObject::connect(&own, &bus::Scanner::Finished, [&done](bool c, const QString&) { done = c; });
+    own.Start(bus::ScanPlan{});
+    WaitUntil([] { return false; }, 100);
+    own.Cancel();
+    EXPECT_TRUE(done);
+    EXPECT_FALSE(own.Running());
+    EXPECT_LT(own.Done(), 10);
+    EXPECT_TRUE(line.IsOpen());
+    EXPECT_EQ(line.Format(), (site::LineFormat{19200, 'e', 8, 1}));
+}
+
+TEST(Scanner, TakesTheQueriesWireTimeAndTheWaitWithinATenth) {
+    for (const int baud : {2400, 9600}) {
+        PseudoTerminal wire;
+        SerialDevice port(1, wire.SlavePath());
+        bus::Scanner scanner(port, "2400,n,8,1");
+        bool ended = false;
+        QObject::connect(&scanner, &bus::Scanner::Finished, [&ended] { ended = true; });
+        bus::ScanPlan plan;
+        plan.bauds = {baud};
+        plan.last = qEnvironmentVariableIntValue("QUELLPAD_SCAN_ADDRESSES") > 0
+                        ? qEnvironmentVariableIntValue("QUELLPAD_SCAN_ADDRESSES")
+                        : 30;
+        plan.waitMs = 20;
+        QElapsedTimer clock;
+        clock.start();
+        scanner.Start(plan);
+        ASSERT_TRUE(WaitUntil([&ended] { return ended; }, 60000));
+        const double ms = static_cast<double>(clock.nsecsElapsed()) / 1e6;
+        const double planned = bus::PlannedMs(plan);
+        std::cout << plan.last << " addresses at " << baud << " baud: " << ms << " ms, planned "
+                  << planned << " ms\n";
+        EXPECT_NEAR(ms, planned, planned / 10) << baud;
+        EXPECT_EQ(wire.Drain(100).size(), 7 * plan.last);
+    }
+}
+
+// The simulated site wired with cameras 3, 17 and 200 listening at 4800 baud: a query at
+// any other baud reaches them as garbage.
+TEST(Scanner, FindsExactlyTheSiteCamerasAtTheirBaudAndNothingAtTheOthers) {
+    site::SimulatedLine line(1);
+    line.Rewire({{3, 17, 200}, true, true});
+    line.SetEquipmentFormat({4800, 'n', 8, 1});
+    line.SetSettings("9600,n,8,1");
+    line.Open();
+    bus::Scanner scanner(line, "9600,n,8,1");
+    bool ended = false;
+    QObject::connect(&scanner, &bus::Scanner::Finished, [&ended] { ended = true; });
+    bus::ScanPlan plan;
+    plan.waitMs = 20; // a position answer takes 14.6 ms at 4800 baud
+    scanner.Start(plan);
+    ASSERT_TRUE(WaitUntil([&ended] { return ended; }, 60000));
+    std::vector<std::pair<int, int>> found;
+    for (const bus::ScanResult& result : scanner.Results()) {
+        found.emplace_back(result.baud, result.address);
+    }
+    EXPECT_EQ(found, (std::vector<std::pair<int, int>>{{4800, 3}, {4800, 17}, {4800, 200}}));
+    EXPECT_TRUE(line.IsOpen());
+    EXPECT_EQ(line.Format(), (site::LineFormat{9600, 'n', 8, 1})) << "the port's own settings";
+}
+
+TEST(Scanner, APortThatFailsMidScanSaysWhichAddressItHadReached) {
+    PseudoTerminal wire;
+    SerialDevice port(2, wire.SlavePath());
+    bus::Scanner scanner(port, "2400,n,8,1");
+    QString failure;
+    QObject::connect(&scanner, &bus::Scanner::Finished,
+                     [&failure](bool, const QString& why) { failure = why; });
+    bus::ScanPlan plan;
+    plan.bauds = {9600};
+    plan.waitMs = 10;
+    scanner.Start(plan);
+    ASSERT_TRUE(WaitUntil([&scanner] { return scanner.Done() >= 5; }));
+    wire.Hangup();
+    ASSERT_TRUE(WaitUntil([&scanner] { return !scanner.Running(); }));
+    EXPECT_TRUE(failure.startsWith(
+        QStringLiteral("The scan stopped at address %1 (9600 baud): ").arg(scanner.Done())))
+        << failure.toStdString();
+}
+
+} // namespace
+} // namespace quellpad::test
