@@ -1,5 +1,7 @@
 #include "simulated_line.h"
 
+#include "site_setup.h"
+
 #include "engine/errors.h"
 #include "engine/port_binding.h"
 
@@ -172,7 +174,11 @@ bool IsSimulatedBinding(int portNumber) {
 
 std::unique_ptr<SerialLine> MakeLine(int portNumber) {
     if (IsSimulatedBinding(portNumber)) {
-        return std::make_unique<SimulatedLine>(portNumber);
+        auto line = std::make_unique<SimulatedLine>(portNumber);
+        if (const auto setup = StoredSiteSetup(portNumber)) {
+            ApplySiteSetup(*line, *setup);
+        }
+        return line;
     }
     return MakeDeviceLine(portNumber);
 }

@@ -120,6 +120,22 @@ bool ParseCameraAddresses(std::string_view text, std::vector<int>& addresses) {
     return true;
 }
 
+std::string CameraAddressesText(const std::vector<int>& addresses) {
+    std::string text;
+    for (std::size_t i = 0; i < addresses.size();) {
+        std::size_t last = i;
+        while (last + 1 < addresses.size() && addresses[last + 1] == addresses[last] + 1) {
+            ++last;
+        }
+        text += (text.empty() ? "" : ",") + std::to_string(addresses[i]);
+        if (last > i) {
+            text += (last == i + 1 ? "," : "-") + std::to_string(addresses[last]);
+        }
+        i = last + 1;
+    }
+    return text;
+}
+
 bool Site::HasCamera(int address) const {
     return address >= kLowestAddress && address <= kHighestAddress &&
            slot_[static_cast<std::size_t>(address)] != 0;

@@ -113,5 +113,7 @@ private:
 // Camera addresses as an installer writes them: "1-8", "3,17,200", "1-4,9". False when the
 // text names none, or an address outside 1..255.
 bool ParseCameraAddresses(std::string_view text, std::vector<int>& addresses);
+// The addresses written back as an installer would, runs shortened: "1-8", "3,17,200".
+std::string CameraAddressesText(const std::vector<int>& addresses);
 
 } // namespace quellpad::site

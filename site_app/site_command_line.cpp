@@ -105,12 +105,6 @@ SiteCommandLine ParseSiteCommandLine(const QStringList& arguments) {
     }
     line.json = parser.isSet(kJson);
     line.view = parser.isSet(kView);
-    // The window draws the site as it comes: cameras 1 to 8 beside the switcher and the
-    // multiplexer.
-    if (line.view && line.wiring != site::Site::Wiring{}) {
-        return refuse(QStringLiteral("--view shows the site as it comes; leave out --cameras, "
-                                     "--switcher and --mux with it."));
-    }
     return line;
 }
 

@@ -7,6 +7,7 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QPushButton>
 #include <QScrollArea>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -58,17 +59,38 @@ QString Numbers(const std::set<std::int64_t>& numbers) {
 
 SitePanel::SitePanel(site::SimulatedLine& line, QWidget* parent) : QWidget(parent), line_(line) {
     auto* layout = new QVBoxLayout(this);
-    auto* top = new QHBoxLayout;
-    auto* grid = new QGridLayout;
-    grid->setSpacing(4);
-    for (int i = 0; i < site::Site::kCameras; ++i) {
-        auto* view = new CameraView(this);
-        view->setObjectName(QStringLiteral("Camera%1View").arg(i + 1));
-        connect(view, &CameraView::Chosen, this, &SitePanel::Choose);
-        grid->addWidget(view, i / 4, i % 4);
-        cameras_[static_cast<std::size_t>(i)] = view;
+
+    // How the equipment is wired: an installer sets the addresses and line settings of
+    // the site being commissioned, to try a scan or a listen line against it.
+    auto* wiring = new QHBoxLayout;
+    auto* camerasLabel = new QLabel(tr("Camera &addresses:"), this);
+    camerasBox_ = new QLineEdit(this);
+    camerasBox_->setObjectName(QStringLiteral("SiteCamerasTextBox"));
+    camerasBox_->setToolTip(tr("Such as 1-8 or 3,17,200; each from 1 to 255"));
+    ui::SetBuddy(camerasLabel, camerasBox_);
+    auto* formatLabel = new QLabel(tr("&Line settings:"), this);
+    formatBox_ = new QLineEdit(this);
+    formatBox_->setObjectName(QStringLiteral("SiteLineSettingsTextBox"));
+    formatBox_->setToolTip(tr("Baud, parity, data bits, stop bits, such as 4800,n,8,1"));
+    ui::SetBuddy(formatLabel, formatBox_);
+    auto* apply = new QPushButton(tr("Re&wire"), this);
+    apply->setObjectName(QStringLiteral("RewireSiteButton"));
+    wiringNote_ = new QLabel(this);
+    wiringNote_->setObjectName(QStringLiteral("SiteWiringLabel"));
+    for (QWidget* w : std::initializer_list<QWidget*>{camerasLabel, camerasBox_, formatLabel,
+                                                      formatBox_, apply, wiringNote_}) {
+        wiring->addWidget(w);
     }
-    top->addLayout(grid, 1);
+    wiring->addStretch(1);
+    layout->addLayout(wiring);
+    connect(apply, &QPushButton::clicked, this, &SitePanel::ApplyWiring);
+    connect(camerasBox_, &QLineEdit::returnPressed, this, &SitePanel::ApplyWiring);
+    connect(formatBox_, &QLineEdit::returnPressed, this, &SitePanel::ApplyWiring);
+
+    auto* top = new QHBoxLayout;
+    grid_ = new QGridLayout;
+    grid_->setSpacing(4);
+    top->addLayout(grid_, 1);
 
     auto* side = new QVBoxLayout;
     auto* switcherBox = new QGroupBox(tr("Switcher (ASCII)"), this);
@@ -104,15 +126,54 @@ SitePanel::SitePanel(site::SimulatedLine& line, QWidget* parent) : QWidget(paren
     logs->addWidget(muxLogLabel, 0, 2);
     logs->addWidget(multiplexerLog_, 1, 2);
     layout->addLayout(logs);
-    Choose(1);
+    ShowWiring();
+}
+
+// One picture per wired camera, four to a row, the first camera's log shown.
+void SitePanel::ShowWiring() {
+    const site::Site::Wiring& wired = line_.Equipment().Wired();
+    camerasBox_->setText(QString::fromStdString(site::CameraAddressesText(wired.cameras)));
+    formatBox_->setText(site::LineFormatText(line_.EquipmentFormat()));
+    qDeleteAll(cameras_);
+    cameras_.clear();
+    shownCameras_ = wired.cameras;
+    for (const int address : wired.cameras) {
+        auto* view = new CameraView(this);
+        view->setObjectName(QStringLiteral("Camera%1View").arg(address));
+        connect(view, &CameraView::Chosen, this, &SitePanel::Choose);
+        const int i = static_cast<int>(cameras_.size());
+        grid_->addWidget(view, i / 4, i % 4);
+        cameras_.push_back(view);
+    }
+    Choose(wired.cameras.empty() ? 0 : wired.cameras.front());
+}
+
+void SitePanel::ApplyWiring() {
+    site::SiteSetup setup;
+    setup.wiring = line_.Equipment().Wired();
+    if (!site::ParseCameraAddresses(camerasBox_->text().trimmed().toStdString(),
+                                    setup.wiring.cameras)) {
+        wiringNote_->setText(tr("Not rewired: \"%1\" are not camera addresses from 1 to 255.")
+                                 .arg(camerasBox_->text()));
+        return;
+    }
+    if (!site::ParseLineFormat(formatBox_->text(), setup.format)) {
+        wiringNote_->setText(
+            tr("Not rewired: \"%1\" are not line settings.").arg(formatBox_->text()));
+        return;
+    }
+    site::ApplySiteSetup(line_, setup);
+    wiringNote_->setText(tr("Rewired: the equipment is at rest."));
+    ShowWiring();
+    emit Rewired(setup);
 }
 
 void SitePanel::Choose(int address) {
     chosen_ = address;
     cameraLogLabel_->setText(
         tr("Last commands of &camera %1 (click a picture for another)").arg(address));
-    for (CameraView* view : cameras_) {
-        view->SetChosen(view == cameras_[static_cast<std::size_t>(address - 1)]);
+    for (std::size_t i = 0; i < cameras_.size(); ++i) {
+        cameras_[i]->SetChosen(shownCameras_[i] == address);
     }
     shownVersion_ = ~std::uint64_t{0};
     Refresh();
@@ -120,12 +181,17 @@ void SitePanel::Choose(int address) {
 
 void SitePanel::Refresh() {
     const site::Site& site = line_.Equipment();
+    if (site.Wired().cameras != shownCameras_) {
+        ShowWiring(); // rewired elsewhere, as a served site's command line does
+        return;
+    }
     if (site.Version() == shownVersion_) {
         return;
     }
     shownVersion_ = site.Version();
     const site::SimSwitcher& switcher = site.Switcher();
-    for (int address = 1; address <= site::Site::kCameras; ++address) {
+    for (std::size_t i = 0; i < cameras_.size(); ++i) {
+        const int address = shownCameras_[i];
         const site::SimCamera& camera = site.Camera(address);
         CameraPicture picture;
         picture.address = address;
@@ -147,7 +213,7 @@ void SitePanel::Refresh() {
         picture.zoneLabel = QString::fromStdString(camera.ZoneLabel());
         picture.aux = camera.Aux();
         picture.onSelectedMonitor = switcher.SelectedCamera() == address;
-        cameras_[static_cast<std::size_t>(address - 1)]->SetPicture(picture);
+        cameras_[i]->SetPicture(picture);
     }
 
     QString routes;
@@ -184,7 +250,7 @@ void SitePanel::Refresh() {
     if (multiplexer_->text() != muxText) {
         multiplexer_->setText(muxText);
     }
-    Show(cameraLog_, Lines(site.CameraLog(chosen_)));
+    Show(cameraLog_, site.HasCamera(chosen_) ? Lines(site.CameraLog(chosen_)) : QString());
     Show(switcherLog_, Lines(site.SwitcherLog()));
     Show(multiplexerLog_, Lines(site.MultiplexerLog()));
 }
@@ -208,6 +274,8 @@ FrmSimulatedSite::FrmSimulatedSite(Quellpad_Support_Func& keyboard, QWidget* par
             scroll->setWidget(panel);
             tabs->addTab(scroll, tr("COM %1").arg(port));
             panels_.push_back(panel);
+            connect(panel, &SitePanel::Rewired, this,
+                    [port](const site::SiteSetup& setup) { site::KeepSiteSetup(port, setup); });
         }
     }
     if (panels_.empty()) {

@@ -4,19 +4,22 @@
 
 #include "engine/keyboard_state.h"
 #include "site/simulated_line.h"
+#include "site/site_setup.h"
 
+#include <QGridLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTimer>
 #include <QWidget>
 
-#include <array>
 #include <vector>
 
 namespace quellpad::site_window {
 
-// The equipment on one simulated line: the cameras' pictures, the switcher's routes and
-// alarms, the multiplexer's display, and the last commands each of them decoded.
+// The equipment on one simulated line: how it is wired (camera addresses, line settings),
+// the cameras' pictures, the switcher's routes and alarms, the multiplexer's display, and
+// the last commands each of them decoded.
 class SitePanel : public QWidget {
     Q_OBJECT
 public:
@@ -24,11 +27,23 @@ public:
     // Brings the panel up to the site's present state; cheap when nothing changed.
     void Refresh();
 
+signals:
+    // The operator rewired the equipment from the panel.
+    void Rewired(const site::SiteSetup& setup);
+
 private:
     void Choose(int address);
+    void ShowWiring();
+    void ApplyWiring();
 
     site::SimulatedLine& line_;
-    std::array<CameraView*, site::Site::kCameras> cameras_{};
+    QLineEdit* camerasBox_ = nullptr;
+    QLineEdit* formatBox_ = nullptr;
+    QLabel* wiringNote_ = nullptr;
+    QGridLayout* grid_ = nullptr;
+    // One picture per wired camera, in the order of their addresses.
+    std::vector<CameraView*> cameras_;
+    std::vector<int> shownCameras_;
     QLabel* switcher_ = nullptr;
     QLabel* multiplexer_ = nullptr;
     QLabel* cameraLogLabel_ = nullptr;

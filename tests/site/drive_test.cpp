@@ -9,6 +9,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
 #include <QTimer>
@@ -27,6 +28,7 @@ class SimulatedDriveTest : public ::testing::Test {
 protected:
     void Start(const char* mode, const char* enabled = "1 2") {
         qputenv("QUELLPAD_SETTINGS_DIR", dir_.path().toLocal8Bit());
+        qputenv("XDG_CONFIG_HOME", QFile::encodeName(dir_.filePath(QStringLiteral("config"))));
         qputenv("QUELLPAD_COM1", "sim");
         qputenv("QUELLPAD_COM2", "sim");
         QFile file(QDir(dir_.path()).filePath(QStringLiteral("Settings.dat")));
@@ -153,6 +155,59 @@ TEST_F(SimulatedDriveTest, SiteWindowIsMadeAtTheFirstRequestAndSitsBesideTheKeyb
 
     window_->findChild<QAction*>(QStringLiteral("SimulatedSiteOption"))->trigger();
     EXPECT_EQ(window_->findChildren<site_window::FrmSimulatedSite*>().size(), 1);
+}
+
+// An installer rewires COM 1's site in its window, as for commissioning a site whose domes
+// sit at other addresses and speed: the pictures follow, the keyboard's line reaches the
+// new equipment only at its settings, a mistyped text changes nothing, and the next start
+// finds the site as it was left.
+TEST_F(SimulatedDriveTest, TheSiteWindowRewiresTheSiteAndTheNextStartKeepsIt) {
+    Start("D");
+    window_->findChild<QAction*>(QStringLiteral("SimulatedSiteOption"))->trigger();
+    auto* panel = window_->findChild<QWidget*>(QStringLiteral("COM1SitePanel"));
+    auto* cameras = panel->findChild<QLineEdit*>(QStringLiteral("SiteCamerasTextBox"));
+    auto* format = panel->findChild<QLineEdit*>(QStringLiteral("SiteLineSettingsTextBox"));
+    auto* rewire = panel->findChild<QAbstractButton*>(QStringLiteral("RewireSiteButton"));
+    auto* note = panel->findChild<QLabel*>(QStringLiteral("SiteWiringLabel"));
+    EXPECT_EQ(cameras->text(), QStringLiteral("1-8"));
+    EXPECT_EQ(format->text(), QStringLiteral("2400,n,8,1"));
+    const auto type = [](QLineEdit* box, const char* text) {
+        box->setFocus();
+        box->selectAll();
+        QTest::keyClicks(box, QLatin1String(text));
+    };
+
+    type(cameras, "3,17,300");
+    QTest::mouseClick(rewire, Qt::LeftButton);
+    EXPECT_TRUE(note->text().startsWith(QStringLiteral("Not rewired")));
+    EXPECT_EQ(Site1().Wired().cameras.size(), 8U);
+
+    type(cameras, "200,3,17");
+    type(format, "4800,n,8,1");
+    QTest::keyClick(format, Qt::Key_Return);
+    EXPECT_EQ(Site1().Wired().cameras, (std::vector<int>{3, 17, 200}));
+    EXPECT_EQ(cameras->text(), QStringLiteral("3,17,200"));
+    for (const char* name : {"Camera3View", "Camera17View", "Camera200View"}) {
+        EXPECT_NE(panel->findChild<QWidget*>(QLatin1String(name)), nullptr) << name;
+    }
+    EXPECT_EQ(panel->findChild<QWidget*>(QStringLiteral("Camera1View")), nullptr);
+
+    // The keyboard at 2400 now reaches equipment listening at 4800: garbage, no answer.
+    keyboard_->AddressCOM1 = 3;
+    keyboard_->SetCommandBytes(0, 0x51, 0, 0);
+    QTest::qWait(300);
+    EXPECT_TRUE(Site1().CameraLog(3).empty());
+
+    window_.reset();
+    keyboard_.reset();
+    const auto line = site::MakeLine(1);
+    auto& again = dynamic_cast<site::SimulatedLine&>(*line);
+    EXPECT_EQ(again.Equipment().Wired().cameras, (std::vector<int>{3, 17, 200}));
+    EXPECT_EQ(site::LineFormatText(again.EquipmentFormat()), QStringLiteral("4800,n,8,1"));
+    EXPECT_EQ(site::MakeLine(2)->Device(), QStringLiteral("simulated site"));
+    EXPECT_EQ(
+        dynamic_cast<site::SimulatedLine&>(*site::MakeLine(2)).Equipment().Wired().cameras.size(),
+        8U);
 }
 
 // The site window shows the equipment of the lines it was made for; a port bound anew

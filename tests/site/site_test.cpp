@@ -186,6 +186,20 @@ TEST(SiteWiring, ReadsCameraAddressesAsAnInstallerWritesThem) {
     }
 }
 
+TEST(SiteWiring, WritesCameraAddressesBackAsAnInstallerReadsThem) {
+    const std::pair<std::vector<int>, const char*> cases[] = {{{1, 2, 3, 4, 5, 6, 7, 8}, "1-8"},
+                                                              {{3, 17, 200}, "3,17,200"},
+                                                              {{1, 2, 4}, "1,2,4"},
+                                                              {{1, 2, 3, 5, 6, 255}, "1-3,5,6,255"},
+                                                              {{7}, "7"}};
+    for (const auto& [addresses, text] : cases) {
+        EXPECT_EQ(site::CameraAddressesText(addresses), text);
+        std::vector<int> read;
+        EXPECT_TRUE(site::ParseCameraAddresses(text, read));
+        EXPECT_EQ(read, addresses);
+    }
+}
+
 // The line as the keyboard sees it: settings, garbling and the pace of the answers.
 TEST(SimulatedLineTest, AnswersAtTheLinePaceOnlyWhenTheSettingsMatch) {
     struct Case {

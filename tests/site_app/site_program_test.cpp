@@ -216,11 +216,6 @@ TEST(SiteProgramArguments, HelpVersionAndRefusalsAnswerOnTheTerminal) {
          2,
          "",
          "quellpad-site: '2400,x,8,1' are not line settings (such as 2400,n,8,1).\n"},
-        {{"--pty", "--view", "--cameras", "3"},
-         2,
-         "",
-         "quellpad-site: --view shows the site as it comes; leave out --cameras, --switcher and "
-         "--mux with it.\n"},
         {{"/dev/nonexistent-quellpad"}, 1, "", "quellpad-site: cannot serve the site on "},
     };
     for (const Case& c : cases) {

@@ -1,16 +1,21 @@
 #include "fixtures.h"
 
 #include <QApplication>
+#include <QFile>
+#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
 // Widget tests run on the offscreen platform unless told otherwise (the window manager
-// tests run on a virtual X display); messages to the operator are recorded rather than
-// waiting for a click.
+// tests run on a virtual X display), in a configuration folder of their own, never the
+// tester's (remembered windows, a rewired site); messages to the operator are recorded
+// rather than waiting for a click.
 int main(int argc, char** argv) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
+    const QTemporaryDir config;
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(config.path()));
     QApplication app(argc, argv);
     quellpad::test::RealMessagePresenter() =
         quellpad::ui::SetMessagePresenter([](QWidget*, const quellpad::ui::Message& message) {
