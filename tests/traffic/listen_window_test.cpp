@@ -6,6 +6,7 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTableWidget>
 
@@ -74,6 +75,7 @@ TEST_F(ListenWindow, HearsABusAsItsOwnPortNamesItAndNeverWritesToIt) {
 TEST_F(ListenWindow, CallsAFloodOfRandomBytesGarbageAndStaysResponsive) {
     Start("D");
     FrmTraffic* traffic = Open();
+    const bool open[] = {keyboard_->Port(1).IsOpen(), keyboard_->Port(2).IsOpen()};
     PseudoTerminal bus;
     ListenOn(*traffic, bus.SlavePath());
     std::mt19937 random(11);
@@ -90,6 +92,16 @@ TEST_F(ListenWindow, CallsAFloodOfRandomBytesGarbageAndStaysResponsive) {
     EXPECT_EQ(traffic->Listener().Addresses().Size(), 0u);
     EXPECT_LE(traffic->Model().rowCount(), 100000);
     EXPECT_EQ(bus.Drain(100), QByteArray());
+    // The keyboard's own ports heard none of it and said nothing, open or closed as before.
+    ASSERT_TRUE(open[0]);
+    for (int port : {1, 2}) {
+        SCOPED_TRACE(port);
+        EXPECT_EQ(keyboard_->Port(port).IsOpen(), open[port - 1]);
+        EXPECT_EQ((port == 1 ? com1_ : com2_).Drain(100), QByteArray());
+    }
+    const QString responses =
+        window_->findChild<QPlainTextEdit*>("AccessResponseTextBox")->toPlainText();
+    EXPECT_TRUE(responses.isEmpty()) << responses.toStdString();
 }
 
 } // namespace
