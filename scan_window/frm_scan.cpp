@@ -100,6 +100,7 @@ FrmScan::FrmScan(Quellpad_Support_Func& keyboard, std::function<void(int)> pause
     ResultsTable->setEditTriggers(QAbstractItemView::NoEditTriggers);
     ResultsTable->setTabKeyNavigation(false);
     ResultsTable->verticalHeader()->hide();
+    ResultsTable->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     ResultsTable->horizontalHeader()->setStretchLastSection(true);
     grid->addWidget(ResultsTable, row, 0, 1, 5);
     grid->setRowStretch(row, 1);

@@ -153,7 +153,18 @@ QString Meaning(int port, Way way, const Piece& piece) {
     const Command& command = *piece.command;
     const bool camera = command.language == Language::D || command.language == Language::P;
     if (port == kListenPort && camera) {
-        // A listen line hears a keyboard's commands to the receivers.
+        // A listen line hears a keyboard's commands to the receivers and, in "D", the
+        // receivers' answers to its queries, which read as no command at all.
+        if (command.language == Language::D && command.kind == Kind::Unknown) {
+            const auto* bytes = reinterpret_cast<const std::uint8_t*>(piece.bytes.data());
+            const std::vector<Command> answers =
+                protocol::DReplyDecoder().Feed(std::span(bytes, piece.bytes.size()));
+            if (const auto words =
+                    answers.size() == 1 ? ReplyWords(answers.front()) : std::nullopt) {
+                return PortName(port) + QStringLiteral(" ← camera %1: ").arg(command.address) +
+                       *words;
+            }
+        }
         return PortName(port) + QStringLiteral(" → ") + EquipmentMeaning(Way::Sent, command);
     }
     if (way == Way::Sent && camera) {

@@ -67,6 +67,9 @@ ListenPanel::ListenPanel(std::function<void(const QByteArray&, const QString&)> 
     AddressTableWidget->setTabKeyNavigation(false);
     AddressTableWidget->setSortingEnabled(true);
     AddressTableWidget->verticalHeader()->hide();
+    // Each column as wide as what it shows: a time of day reads on one line.
+    AddressTableWidget->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    AddressTableWidget->horizontalHeader()->setStretchLastSection(true);
     AddressTableWidget->setMaximumHeight(fontMetrics().height() * 8);
     layout->addWidget(label, 0, 0);
     layout->addWidget(ListenDeviceBox, 0, 1);

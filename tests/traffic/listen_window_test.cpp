@@ -63,6 +63,15 @@ TEST_F(ListenWindow, HearsABusAsItsOwnPortNamesItAndNeverWritesToIt) {
                    .data()
                    .toString() == "Listen → camera 200: pan right 20";
     }));
+    // A receiver's answer to a query heard on the bus reads as an answer, not a command.
+    bus.Write(QByteArray::fromStdString(protocol::BuildDFrame(17, 0, 0x51, 0, 0) +
+                                        protocol::BuildDReply(17, 0x59, 12345)));
+    ASSERT_TRUE(WaitUntil([&] {
+        return traffic->Filter()
+                   .index(traffic->Filter().rowCount() - 1, traffic::kMeaning)
+                   .data()
+                   .toString() == "Listen ← camera 17: pan position 123.45°";
+    }));
     // The Listen filter hides its rows as COM 1's hides COM 1's.
     traffic->findChild<QCheckBox*>("ListenFilterCheckBox")->setChecked(false);
     EXPECT_EQ(traffic->Filter().rowCount(), 0);
