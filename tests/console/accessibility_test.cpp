@@ -7,6 +7,7 @@
 #include "dialogs/frm_settings.h"
 #include "dialogs/menu_control.h"
 #include "dialogs/type_commands.h"
+#include "scan_window/frm_scan.h"
 #include "site_window/frm_simulated_site.h"
 #include "traffic_window/frm_traffic.h"
 #include "ui/controls.h"
@@ -173,6 +174,11 @@ protected:
                  [&] {
                      return std::make_unique<site_window::FrmSimulatedSite>(*keyboard_,
                                                                             window_.get());
+                 }},
+                {"scan for receivers",
+                 [&] {
+                     return std::make_unique<scan_window::FrmScan>(
+                         *keyboard_, [](int) {}, window_.get());
                  }},
             };
             for (const auto& [name, make] : windows) {
