@@ -9,6 +9,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTableWidget>
+#include <QTemporaryDir>
 
 #include <random>
 
@@ -40,7 +41,11 @@ TEST_F(ListenWindow, HearsABusAsItsOwnPortNamesItAndNeverWritesToIt) {
     FrmTraffic* traffic = Open();
     ASSERT_NE(traffic, nullptr);
     PseudoTerminal bus;
-    ListenOn(*traffic, bus.SlavePath());
+    // Listened to by a stable name, as /dev/serial/by-id gives one for a USB adapter.
+    QTemporaryDir byId;
+    const QString stable = byId.filePath(QStringLiteral("usb-Example_Bus_Adapter-if00-port0"));
+    ASSERT_TRUE(QFile::link(bus.SlavePath(), stable));
+    ListenOn(*traffic, stable);
     ASSERT_TRUE(traffic->Listener().Listening());
     EXPECT_TRUE(Verdict(*traffic).startsWith("Still listening at 2400,n,8,1: 0 valid frames"));
     for (int i = 0; i < 10; ++i) {
