@@ -23,25 +23,29 @@ const char* const kQtValueOptions[] = {"platform",        "platformpluginpath",
 const char* const kQtFlagOptions[] = {"reverse", "widgetcount", "nograb", "dograb", "sync"};
 
 void Describe(QCommandLineParser& parser) {
-    parser.setApplicationDescription(
-        QStringLiteral("Control keyboard for CCTV cameras, switchers and multiplexers."));
+    parser.setApplicationDescription(QCoreApplication::translate(
+        "CommandLine", "Control keyboard for CCTV cameras, switchers and multiplexers."));
     // "-platform offscreen" is one option, as Qt's own options are written.
     parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
     // Not addHelpOption(): its --help-all would list Qt's options, which this program
     // leaves to Qt unannounced.
     parser.addOption({{QStringLiteral("h"), QStringLiteral("help")},
-                      QStringLiteral("Displays this help and exits.")});
+                      QCoreApplication::translate("CommandLine", "Displays this help and exits.")});
     parser.addVersionOption();
-    const QString binding = QStringLiteral(
+    const QString binding = QCoreApplication::translate(
+        "CommandLine",
         "Bind COM %1 to this device for this run: a serial device, \"sim\" for the simulated site, "
         "or tcp://host:port or rfc2217://host:port for a serial server. Wins over "
         "QUELLPAD_COM%1 and over the device chosen in the settings window.");
-    parser.addOption({kCom1, binding.arg(1), QStringLiteral("device")});
-    parser.addOption({kCom2, binding.arg(2), QStringLiteral("device")});
-    parser.addOption({kSettingsDir,
-                      QStringLiteral("Keep Settings.dat and Bindings.ini in this folder. Wins over "
+    const QString device = QCoreApplication::translate("CommandLine", "device");
+    parser.addOption({kCom1, binding.arg(1), device});
+    parser.addOption({kCom2, binding.arg(2), device});
+    parser.addOption(
+        {kSettingsDir,
+         QCoreApplication::translate("CommandLine",
+                                     "Keep Settings.dat and Bindings.ini in this folder. Wins over "
                                      "QUELLPAD_SETTINGS_DIR."),
-                      QStringLiteral("dir")});
+         QCoreApplication::translate("CommandLine", "dir")});
     for (const char* name : kQtValueOptions) {
         QCommandLineOption option(QLatin1String(name), QString(), QStringLiteral("value"));
         option.setFlags(QCommandLineOption::HiddenFromHelp);
@@ -77,13 +81,15 @@ CommandLine ParseCommandLine(const QStringList& arguments) {
         return line;
     }
     if (!parser.positionalArguments().isEmpty()) {
-        return refuse(QStringLiteral("Unexpected argument '%1'.")
+        return refuse(QCoreApplication::translate("CommandLine", "Unexpected argument '%1'.")
                           .arg(parser.positionalArguments().constFirst()));
     }
     for (const QString& name : {kCom1, kCom2, kSettingsDir}) {
         // A blank value would leave the variable, or the default, in force unnoticed.
         if (parser.isSet(name) && parser.value(name).trimmed().isEmpty()) {
-            return refuse(QStringLiteral("The value after '--%1' is empty.").arg(name));
+            return refuse(
+                QCoreApplication::translate("CommandLine", "The value after '--%1' is empty.")
+                    .arg(name));
         }
     }
     line.com1 = parser.value(kCom1).trimmed();

@@ -5,6 +5,7 @@
 #include "engine/port_binding.h"
 #include "engine/settings_location.h"
 #include "gamepad/gamepad.h"
+#include "i18n/translations.h"
 #include "netline/network_line.h"
 #include "site/simulated_line.h"
 
@@ -31,9 +32,12 @@ std::unique_ptr<quellpad::SerialLine> MakeLine(int portNumber) {
 }
 
 // --help, --version and refused arguments, answered without a display: no window is made.
-int AnswerOnTerminal(const quellpad::CommandLine& line, int argc, char* argv[]) {
+int AnswerOnTerminal(const QStringList& arguments, int argc, char* argv[]) {
     QCoreApplication core(argc, argv);
     quellpad::NameApplication();
+    quellpad::InstallTranslations();
+    // Read again now that the texts speak the operator's language.
+    const quellpad::CommandLine line = quellpad::ParseCommandLine(arguments);
     switch (line.action) {
     case quellpad::CommandLine::Action::ShowHelp:
         std::fputs(qPrintable(quellpad::CommandLineHelp()), stdout);
@@ -59,12 +63,13 @@ int main(int argc, char* argv[]) {
     }
     const quellpad::CommandLine line = quellpad::ParseCommandLine(arguments);
     if (line.action != quellpad::CommandLine::Action::Run) {
-        return AnswerOnTerminal(line, argc, argv);
+        return AnswerOnTerminal(arguments, argc, argv);
     }
     quellpad::ApplyCommandLine(line);
 
     QApplication app(argc, argv);
     quellpad::NameApplication();
+    quellpad::InstallTranslations();
 
     quellpad::Quellpad_Support_Func keyboard(&MakeLine);
     quellpad::FrmMain window(keyboard);

@@ -3,6 +3,7 @@
 #include "engine/port_binding.h"
 #include "engine/serial_device.h"
 
+#include <QCoreApplication>
 #include <QStringList>
 
 #include <algorithm>
@@ -90,8 +91,10 @@ NetworkLine::~NetworkLine() = default;
 void NetworkLine::SetSettings(const QString& settings) {
     telnet::PortSettings parsed;
     if (!ParsePortSettings(settings, parsed)) {
-        throw PortError(portNumber_, url_, PortFailure::BadSettings,
-                        QStringLiteral("the line settings \"%1\" are not valid").arg(settings));
+        throw PortError(
+            portNumber_, url_, PortFailure::BadSettings,
+            QCoreApplication::translate("NetworkLine", "the line settings \"%1\" are not valid")
+                .arg(settings));
     }
     settings_ = parsed;
     if (kind_ == Kind::Rfc2217 && dataReady_ && session_.ComPortAgreed()) {
@@ -133,8 +136,9 @@ void NetworkLine::Open() {
     }
     if (!validUrl_) {
         throw PortError(portNumber_, url_, PortFailure::NoSuchPort,
-                        QStringLiteral("the binding names no server; write tcp://host:port or "
-                                       "rfc2217://host:port"));
+                        QCoreApplication::translate(
+                            "NetworkLine", "the binding names no server; write tcp://host:port or "
+                                           "rfc2217://host:port"));
     }
     if (!link_) {
         QString reason;
@@ -210,12 +214,13 @@ void NetworkLine::Output(std::uint8_t byte) {
     }
     if (!IsOpen()) {
         throw PortError(portNumber_, url_, PortFailure::WriteFailed,
-                        QStringLiteral("the port is not open"));
+                        QCoreApplication::translate("NetworkLine", "the port is not open"));
     }
     if (waitingOutput_.size() >= kMaxWaitingOutput) {
         throw PortError(portNumber_, url_, PortFailure::WriteFailed,
-                        QStringLiteral("the server has not answered yet and %1 bytes are "
-                                       "already waiting for it")
+                        QCoreApplication::translate(
+                            "NetworkLine", "the server has not answered yet and %1 bytes are "
+                                           "already waiting for it")
                             .arg(waitingOutput_.size()));
     }
     waitingOutput_.append(static_cast<char>(byte));
@@ -242,9 +247,10 @@ void NetworkLine::Send(const telnet::Bytes& wire) {
         if (!stalled_) {
             stalled_ = true;
             const QString message =
-                QStringLiteral("%1: the server does not read what is sent to it; %2 bytes wait "
-                               "for it, and what the keyboard sends is dropped until it reads "
-                               "again.")
+                QCoreApplication::translate(
+                    "NetworkLine", "%1: the server does not read what is sent to it; %2 bytes wait "
+                                   "for it, and what the keyboard sends is dropped until it reads "
+                                   "again.")
                     .arg(Where())
                     .arg(waiting);
             QTimer::singleShot(0, this, [this, message] { emit LineStalled(message); });
@@ -273,7 +279,9 @@ void NetworkLine::OnConnected() {
     }
     if (restored) {
         const QString message =
-            QStringLiteral("%1 works again: the server answers and the port is open.").arg(Where());
+            QCoreApplication::translate("NetworkLine",
+                                        "%1 works again: the server answers and the port is open.")
+                .arg(Where());
         QTimer::singleShot(0, this, [this, message] { emit LineRestored(message); });
     }
 }
@@ -308,7 +316,9 @@ void NetworkLine::OnWritten() {
     }
     stalled_ = false;
     const QString message =
-        QStringLiteral("%1: the server reads again, and what the keyboard sends leaves once more.")
+        QCoreApplication::translate(
+            "NetworkLine",
+            "%1: the server reads again, and what the keyboard sends leaves once more.")
             .arg(Where());
     QTimer::singleShot(0, this, [this, message] { emit LineFlowing(message); });
 }
@@ -367,11 +377,14 @@ void NetworkLine::OnSocketError(const QString& reason) {
     case State::Closed:
         return;
     case State::Connecting:
-        Fail(PortFailure::Other, QStringLiteral("the server does not answer (%1)").arg(reason));
+        Fail(PortFailure::Other,
+             QCoreApplication::translate("NetworkLine", "the server does not answer (%1)")
+                 .arg(reason));
         return;
     case State::Connected:
-        Fail(PortFailure::Vanished,
-             QStringLiteral("the connection to the server was lost (%1)").arg(reason));
+        Fail(PortFailure::Vanished, QCoreApplication::translate(
+                                        "NetworkLine", "the connection to the server was lost (%1)")
+                                        .arg(reason));
         return;
     case State::Retrying:
         // Another attempt that found no server: tried again later, without a word.
@@ -385,7 +398,8 @@ void NetworkLine::OnSocketError(const QString& reason) {
 
 void NetworkLine::OnConnectTimeout() {
     if (state_ == State::Connecting) {
-        Fail(PortFailure::Other, QStringLiteral("the server did not answer within %1 seconds")
+        Fail(PortFailure::Other, QCoreApplication::translate(
+                                     "NetworkLine", "the server did not answer within %1 seconds")
                                      .arg(connectTimer_.interval() / 1000.0));
         link_->Abort();
     } else if (state_ == State::Retrying) {
@@ -407,7 +421,8 @@ void NetworkLine::Fail(PortFailure failure, const QString& reason) {
     retryTimer_.start(retryInterval_);
     const QString message =
         PortError(portNumber_, url_, failure,
-                  QStringLiteral("%1; it is tried again every %2 seconds and reopens by itself")
+                  QCoreApplication::translate(
+                      "NetworkLine", "%1; it is tried again every %2 seconds and reopens by itself")
                       .arg(reason)
                       .arg(retryInterval_ / 1000.0))
             .Message();

@@ -38,7 +38,8 @@ const LoadedModule& Module() {
             }
             tried << library.errorString();
         }
-        loaded.reason = QStringLiteral("the network module could not be loaded (%1)")
+        loaded.reason = QCoreApplication::translate("NetworkLine",
+                                                    "the network module could not be loaded (%1)")
                             .arg(tried.join(QStringLiteral("; ")));
         return loaded;
     }();

@@ -6,6 +6,14 @@ namespace quellpad::protocol {
 
 namespace {
 
+WordTranslator wordTranslator = nullptr;
+
+// The words commands are told in, through the program's language when it has installed
+// one. Named and called as the catalogue tools look for a text to translate.
+std::string translate(const char* /*context*/, const char* text) {
+    return wordTranslator != nullptr ? wordTranslator(text) : std::string(text);
+}
+
 std::string Hex(std::string_view bytes) {
     std::string out;
     for (const char c : bytes) {
@@ -52,12 +60,13 @@ std::string WithNumber(std::string_view words, std::int64_t number) {
 }
 
 std::string OnOff(std::string_view words, bool on) {
-    return std::string(words) + (on ? " on" : " off");
+    return std::string(words) +
+           (on ? translate("CommandWords", " on") : translate("CommandWords", " off"));
 }
 
 std::string DescribeMotion(const Motion& m) {
     if (m.Still()) {
-        return "stop";
+        return translate("CommandWords", "stop");
     }
     std::string out;
     const auto add = [&out](const std::string& part) {
@@ -67,47 +76,58 @@ std::string DescribeMotion(const Motion& m) {
         out += part;
     };
     if (m.pan != 0) {
-        add(WithNumber(m.pan > 0 ? "pan right" : "pan left", m.panSpeed));
+        add(WithNumber(m.pan > 0 ? translate("CommandWords", "pan right")
+                                 : translate("CommandWords", "pan left"),
+                       m.panSpeed));
     }
     if (m.tilt != 0) {
-        add(WithNumber(m.tilt > 0 ? "tilt up" : "tilt down", m.tiltSpeed));
+        add(WithNumber(m.tilt > 0 ? translate("CommandWords", "tilt up")
+                                  : translate("CommandWords", "tilt down"),
+                       m.tiltSpeed));
     }
     if (m.zoom != 0) {
-        add(m.zoom > 0 ? "zoom in" : "zoom out");
+        add(m.zoom > 0 ? translate("CommandWords", "zoom in")
+                       : translate("CommandWords", "zoom out"));
     }
     if (m.focus != 0) {
-        add(m.focus > 0 ? "focus far" : "focus near");
+        add(m.focus > 0 ? translate("CommandWords", "focus far")
+                        : translate("CommandWords", "focus near"));
     }
     if (m.iris != 0) {
-        add(m.iris > 0 ? "iris open" : "iris close");
+        add(m.iris > 0 ? translate("CommandWords", "iris open")
+                       : translate("CommandWords", "iris close"));
     }
     return out;
 }
 
 } // namespace
 
-std::string_view DirectionName(Direction direction) {
+void SetWordTranslator(WordTranslator translator) {
+    wordTranslator = translator;
+}
+
+std::string DirectionName(Direction direction) {
     switch (direction) {
     case Direction::PanLeft:
-        return "pan left";
+        return translate("CommandWords", "pan left");
     case Direction::PanRight:
-        return "pan right";
+        return translate("CommandWords", "pan right");
     case Direction::TiltUp:
-        return "tilt up";
+        return translate("CommandWords", "tilt up");
     case Direction::TiltDown:
-        return "tilt down";
+        return translate("CommandWords", "tilt down");
     case Direction::ZoomIn:
-        return "zoom in";
+        return translate("CommandWords", "zoom in");
     case Direction::ZoomOut:
-        return "zoom out";
+        return translate("CommandWords", "zoom out");
     case Direction::FocusNear:
-        return "focus near";
+        return translate("CommandWords", "focus near");
     case Direction::FocusFar:
-        return "focus far";
+        return translate("CommandWords", "focus far");
     case Direction::IrisOpen:
-        return "iris open";
+        return translate("CommandWords", "iris open");
     case Direction::IrisClose:
-        return "iris close";
+        return translate("CommandWords", "iris close");
     }
     return "?";
 }
@@ -116,188 +136,198 @@ std::string Command::Describe() const {
     const std::int64_t n = number;
     switch (kind) {
     case Kind::Unknown:
-        return "unknown " + (language == Language::D || language == Language::P
-                                 ? Hex(bytes)
-                                 : "\"" + Printable(bytes) + "\"");
+        return translate("CommandWords", "unknown ") +
+               (language == Language::D || language == Language::P
+                    ? Hex(bytes)
+                    : "\"" + Printable(bytes) + "\"");
     case Kind::Motion:
         return DescribeMotion(motion);
     case Kind::SetPreset:
-        return WithNumber("set preset", n);
+        return WithNumber(translate("CommandWords", "set preset"), n);
     case Kind::ClearPreset:
-        return WithNumber("clear preset", n);
+        return WithNumber(translate("CommandWords", "clear preset"), n);
     case Kind::GoPreset:
-        return WithNumber("go to preset", n);
+        return WithNumber(translate("CommandWords", "go to preset"), n);
     case Kind::SetAux:
-        return WithNumber("aux", n) + " on";
+        return WithNumber(translate("CommandWords", "aux"), n) + translate("CommandWords", " on");
     case Kind::ClearAux:
-        return WithNumber("aux", n) + " off";
+        return WithNumber(translate("CommandWords", "aux"), n) + translate("CommandWords", " off");
     case Kind::RemoteReset:
-        return "remote reset";
+        return translate("CommandWords", "remote reset");
     case Kind::SetZoneStart:
-        return WithNumber("zone", n) + " start";
+        return WithNumber(translate("CommandWords", "zone"), n) +
+               translate("CommandWords", " start");
     case Kind::SetZoneEnd:
-        return WithNumber("zone", n) + " end";
+        return WithNumber(translate("CommandWords", "zone"), n) + translate("CommandWords", " end");
     case Kind::WriteCharacter:
-        return "character '" + Printable(std::string(1, static_cast<char>(value))) +
-               "' at column " + std::to_string(n);
+        return translate("CommandWords", "character '") +
+               Printable(std::string(1, static_cast<char>(value))) +
+               translate("CommandWords", "' at column ") + std::to_string(n);
     case Kind::ClearScreen:
-        return "clear screen";
+        return translate("CommandWords", "clear screen");
     case Kind::ZoneScanOn:
-        return "zone scan on";
+        return translate("CommandWords", "zone scan on");
     case Kind::ZoneScanOff:
-        return "zone scan off";
+        return translate("CommandWords", "zone scan off");
     case Kind::StartPatternRecord:
-        return WithNumber("record pattern", n);
+        return WithNumber(translate("CommandWords", "record pattern"), n);
     case Kind::EndPatternRecord:
-        return WithNumber("end pattern", n);
+        return WithNumber(translate("CommandWords", "end pattern"), n);
     case Kind::RunPattern:
-        return WithNumber("run pattern", n);
+        return WithNumber(translate("CommandWords", "run pattern"), n);
     case Kind::ZoomSpeed:
-        return WithNumber("zoom speed", n);
+        return WithNumber(translate("CommandWords", "zoom speed"), n);
     case Kind::FocusSpeed:
-        return WithNumber("focus speed", n);
+        return WithNumber(translate("CommandWords", "focus speed"), n);
     case Kind::ResetCamera:
-        return "reset camera to defaults";
+        return translate("CommandWords", "reset camera to defaults");
     case Kind::AutoFocus:
-        return OnOff("auto focus", n == 0);
+        return OnOff(translate("CommandWords", "auto focus"), n == 0);
     case Kind::AutoIris:
-        return OnOff("auto iris", n == 0);
+        return OnOff(translate("CommandWords", "auto iris"), n == 0);
     case Kind::AutoAgc:
-        return OnOff("auto AGC", n == 0);
+        return OnOff(translate("CommandWords", "auto AGC"), n == 0);
     case Kind::Backlight:
-        return OnOff("backlight compensation", n == 2);
+        return OnOff(translate("CommandWords", "backlight compensation"), n == 2);
     case Kind::AutoWhite:
-        return OnOff("auto white balance", n == 2);
+        return OnOff(translate("CommandWords", "auto white balance"), n == 2);
     case Kind::ShutterSpeed:
-        return WithNumber("shutter speed code", n);
+        return WithNumber(translate("CommandWords", "shutter speed code"), n);
     case Kind::RedGain:
-        return "red gain " + std::to_string(value);
+        return translate("CommandWords", "red gain ") + std::to_string(value);
     case Kind::BlueGain:
-        return "blue gain " + std::to_string(value);
+        return translate("CommandWords", "blue gain ") + std::to_string(value);
     case Kind::IrisLevel:
-        return WithNumber("iris level", n);
+        return WithNumber(translate("CommandWords", "iris level"), n);
     case Kind::IrisPeak:
-        return WithNumber("iris peak", n);
+        return WithNumber(translate("CommandWords", "iris peak"), n);
     case Kind::QuerySetup:
-        return "query set-up";
+        return translate("CommandWords", "query set-up");
     case Kind::SetZeroPosition:
-        return "set zero position";
+        return translate("CommandWords", "set zero position");
     case Kind::SetPan:
-        return "set pan " + Hundredths(value);
+        return translate("CommandWords", "set pan ") + Hundredths(value);
     case Kind::SetTilt:
-        return "set tilt " + Hundredths(value);
+        return translate("CommandWords", "set tilt ") + Hundredths(value);
     case Kind::SetZoom:
-        return "set zoom " + std::to_string(value);
+        return translate("CommandWords", "set zoom ") + std::to_string(value);
     case Kind::SetMagnification:
-        return "set magnification " + Hundredths(value);
+        return translate("CommandWords", "set magnification ") + Hundredths(value);
     case Kind::QueryPan:
-        return "query pan";
+        return translate("CommandWords", "query pan");
     case Kind::QueryTilt:
-        return "query tilt";
+        return translate("CommandWords", "query tilt");
     case Kind::QueryZoom:
-        return "query zoom";
+        return translate("CommandWords", "query zoom");
     case Kind::QueryMagnification:
-        return "query magnification";
+        return translate("CommandWords", "query magnification");
     case Kind::QueryDevice:
-        return "query device type";
+        return translate("CommandWords", "query device type");
     case Kind::QueryDiagnostic:
-        return "query diagnostics";
+        return translate("CommandWords", "query diagnostics");
     case Kind::EchoMode:
-        return "echo mode";
+        return translate("CommandWords", "echo mode");
     case Kind::PrepareDownload:
-        return "prepare download";
+        return translate("CommandWords", "prepare download");
     case Kind::StartDownload:
-        return "start download";
+        return translate("CommandWords", "start download");
     case Kind::PanReply:
-        return "pan is " + Hundredths(value);
+        return translate("CommandWords", "pan is ") + Hundredths(value);
     case Kind::TiltReply:
-        return "tilt is " + Hundredths(value);
+        return translate("CommandWords", "tilt is ") + Hundredths(value);
     case Kind::ZoomReply:
-        return "zoom is " + std::to_string(value);
+        return translate("CommandWords", "zoom is ") + std::to_string(value);
     case Kind::MagnificationReply:
-        return "magnification is " + Hundredths(value);
+        return translate("CommandWords", "magnification is ") + Hundredths(value);
     case Kind::GeneralReply:
-        return "acknowledged";
+        return translate("CommandWords", "acknowledged");
     case Kind::DirectionStart:
         return WithNumber(DirectionName(direction), n);
     case Kind::DirectionStop:
-        return std::string(DirectionName(direction)) + " off";
+        return std::string(DirectionName(direction)) + translate("CommandWords", " off");
     case Kind::StopAll:
-        return "stop all";
+        return translate("CommandWords", "stop all");
     case Kind::SelectMonitor:
-        return WithNumber("monitor", n);
+        return WithNumber(translate("CommandWords", "monitor"), n);
     case Kind::SelectCamera:
-        return WithNumber("camera", n);
+        return WithNumber(translate("CommandWords", "camera"), n);
     case Kind::NextCamera:
-        return "next camera";
+        return translate("CommandWords", "next camera");
     case Kind::PreviousCamera:
-        return "previous camera";
+        return translate("CommandWords", "previous camera");
     case Kind::NextAlarm:
-        return n >= 0 ? WithNumber("alarm", n) + " (forward)" : "next alarm";
+        return n >= 0 ? WithNumber(translate("CommandWords", "alarm"), n) +
+                            translate("CommandWords", " (forward)")
+                      : translate("CommandWords", "next alarm");
     case Kind::PreviousAlarm:
-        return n >= 0 ? WithNumber("alarm", n) + " (back)" : "previous alarm";
+        return n >= 0 ? WithNumber(translate("CommandWords", "alarm"), n) +
+                            translate("CommandWords", " (back)")
+                      : translate("CommandWords", "previous alarm");
     case Kind::TriggerAlarm:
-        return WithNumber("trigger alarm", n);
+        return WithNumber(translate("CommandWords", "trigger alarm"), n);
     case Kind::ResetAlarm:
-        return n > 0 ? WithNumber("reset alarm", n) : "reset all alarms";
+        return n > 0 ? WithNumber(translate("CommandWords", "reset alarm"), n)
+                     : translate("CommandWords", "reset all alarms");
     case Kind::AuxOn:
-        return WithNumber("aux", n) + " on";
+        return WithNumber(translate("CommandWords", "aux"), n) + translate("CommandWords", " on");
     case Kind::AuxOff:
-        return WithNumber("aux", n) + " off";
+        return WithNumber(translate("CommandWords", "aux"), n) + translate("CommandWords", " off");
     case Kind::GpiOn:
-        return WithNumber("GPI", n) + " on";
+        return WithNumber(translate("CommandWords", "GPI"), n) + translate("CommandWords", " on");
     case Kind::GpiOff:
-        return WithNumber("GPI", n) + " off";
+        return WithNumber(translate("CommandWords", "GPI"), n) + translate("CommandWords", " off");
     case Kind::StartMacro:
-        return WithNumber("start macro", n);
+        return WithNumber(translate("CommandWords", "start macro"), n);
     case Kind::HaltMacro:
-        return WithNumber("halt macro", n);
+        return WithNumber(translate("CommandWords", "halt macro"), n);
     case Kind::StartSequence:
-        return WithNumber("start sequence", n);
+        return WithNumber(translate("CommandWords", "start sequence"), n);
     case Kind::HaltSequence:
-        return WithNumber("halt sequence", n);
+        return WithNumber(translate("CommandWords", "halt sequence"), n);
     case Kind::StartTour:
-        return WithNumber("start tour", n);
+        return WithNumber(translate("CommandWords", "start tour"), n);
     case Kind::HaltTour:
-        return WithNumber("halt tour", n);
+        return WithNumber(translate("CommandWords", "halt tour"), n);
     case Kind::Label:
-        return "label \"" + Printable(text) + "\"";
+        return translate("CommandWords", "label \"") + Printable(text) + "\"";
     case Kind::CameraTitle:
-        return WithNumber("camera", n) + " title \"" + Printable(text) + "\"";
+        return WithNumber(translate("CommandWords", "camera"), n) +
+               translate("CommandWords", " title \"") + Printable(text) + "\"";
     case Kind::TimeUpdate:
-        return "time " + Printable(text);
+        return translate("CommandWords", "time ") + Printable(text);
     case Kind::LockCamera:
-        return "lock camera";
+        return translate("CommandWords", "lock camera");
     case Kind::UnlockCamera:
-        return "unlock camera";
+        return translate("CommandWords", "unlock camera");
     case Kind::OverrideLock:
-        return "override camera lock";
+        return translate("CommandWords", "override camera lock");
     case Kind::DigitalZoom:
-        return "digital zoom";
+        return translate("CommandWords", "digital zoom");
     case Kind::Pip:
-        return "picture in picture";
+        return translate("CommandWords", "picture in picture");
     case Kind::Quad:
-        return "quad";
+        return translate("CommandWords", "quad");
     case Kind::Nano:
-        return "nano";
+        return translate("CommandWords", "nano");
     case Kind::Hex:
-        return "hex";
+        return translate("CommandWords", "hex");
     case Kind::MuxCamera:
-        return WithNumber("camera", n) + " full screen";
+        return WithNumber(translate("CommandWords", "camera"), n) +
+               translate("CommandWords", " full screen");
     case Kind::VcrEject:
-        return "VCR eject";
+        return translate("CommandWords", "VCR eject");
     case Kind::VcrRecord:
-        return "VCR record";
+        return translate("CommandWords", "VCR record");
     case Kind::VcrPause:
-        return "VCR pause";
+        return translate("CommandWords", "VCR pause");
     case Kind::VcrFastForward:
-        return "VCR fast forward";
+        return translate("CommandWords", "VCR fast forward");
     case Kind::VcrRewind:
-        return "VCR rewind";
+        return translate("CommandWords", "VCR rewind");
     case Kind::VcrStop:
-        return "VCR stop";
+        return translate("CommandWords", "VCR stop");
     case Kind::VcrPlay:
-        return "VCR play";
+        return translate("CommandWords", "VCR play");
     }
     return "?";
 }

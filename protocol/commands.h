@@ -160,7 +160,13 @@ struct Command {
     std::string Describe() const;
 };
 
-std::string_view DirectionName(Direction direction);
+std::string DirectionName(Direction direction);
+
+// Gives the words of Describe and DirectionName in another language: the translator gets
+// each English word or phrase and returns it translated. Without one, or with nullptr, the
+// words are English.
+using WordTranslator = std::string (*)(const char* english);
+void SetWordTranslator(WordTranslator translator);
 
 // Frame builders, as the keyboard and a receiver put them on the wire.
 std::string BuildDFrame(int address, std::uint8_t command1, std::uint8_t command2,

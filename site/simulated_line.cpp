@@ -5,6 +5,7 @@
 #include "engine/errors.h"
 #include "engine/port_binding.h"
 
+#include <QCoreApplication>
 #include <QStringList>
 
 #include <algorithm>
@@ -81,14 +82,16 @@ SimulatedLine::SimulatedLine(int portNumber, QObject* parent)
 SimulatedLine::~SimulatedLine() = default;
 
 QString SimulatedLine::Device() const {
-    return QStringLiteral("simulated site");
+    return QCoreApplication::translate("SimulatedLine", "simulated site");
 }
 
 void SimulatedLine::SetSettings(const QString& settings) {
     LineFormat format;
     if (!ParseLineFormat(settings, format)) {
-        throw PortError(portNumber_, Device(), PortFailure::BadSettings,
-                        QStringLiteral("the line settings \"%1\" are not valid").arg(settings));
+        throw PortError(
+            portNumber_, Device(), PortFailure::BadSettings,
+            QCoreApplication::translate("SimulatedLine", "the line settings \"%1\" are not valid")
+                .arg(settings));
     }
     format_ = format;
 }
@@ -144,7 +147,7 @@ std::string SimulatedLine::HearFrom(Site::Ear& ear, std::span<const std::uint8_t
 void SimulatedLine::Output(std::uint8_t byte) {
     if (!open_) {
         throw PortError(portNumber_, Device(), PortFailure::WriteFailed,
-                        QStringLiteral("the port is not open"));
+                        QCoreApplication::translate("SimulatedLine", "the port is not open"));
     }
     const bool matched = format_ == equipmentFormat_;
     const std::uint8_t heard = matched ? byte : Garble(byte, format_, equipmentFormat_);

@@ -1,5 +1,7 @@
 #include "site.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <charconv>
 #include <numeric>
@@ -167,7 +169,9 @@ void Site::ToSwitcher(const protocol::Command& command, std::string& reply) {
         cameras_[index].SetLabelColumns(switcher_.PendingLabel());
         switcher_.TakePendingLabel();
     }
-    Log(cameraLogs_[index], "via switcher: " + command.Describe());
+    Log(cameraLogs_[index], QCoreApplication::translate("SiteWords", "via switcher: %1")
+                                .arg(QString::fromStdString(command.Describe()))
+                                .toStdString());
     cameras_[index].Apply(command);
 }
 

@@ -1,5 +1,7 @@
 #include "switcher.h"
 
+#include <QtGlobal>
+
 #include <algorithm>
 
 namespace quellpad::site {
@@ -232,20 +234,21 @@ void SimMultiplexer::Advance(double seconds) {
     zoomY_ = std::clamp(zoomY_ + zoomTilt_ * 0.5 * seconds, -1.0, 1.0);
 }
 
+// The names are English; the window translates them as it shows them ("SiteWords").
 const char* SimMultiplexer::DisplayName(Display display) {
     switch (display) {
     case Display::Full:
-        return "full screen";
+        return QT_TRANSLATE_NOOP("SiteWords", "full screen");
     case Display::Quad:
-        return "quad";
+        return QT_TRANSLATE_NOOP("SiteWords", "quad");
     case Display::Pip:
-        return "picture in picture";
+        return QT_TRANSLATE_NOOP("SiteWords", "picture in picture");
     case Display::Nano:
-        return "nano";
+        return QT_TRANSLATE_NOOP("SiteWords", "nano");
     case Display::Hex:
-        return "hex";
+        return QT_TRANSLATE_NOOP("SiteWords", "hex");
     case Display::DigitalZoom:
-        return "digital zoom";
+        return QT_TRANSLATE_NOOP("SiteWords", "digital zoom");
     }
     return "";
 }
@@ -253,19 +256,19 @@ const char* SimMultiplexer::DisplayName(Display display) {
 const char* SimMultiplexer::VcrName(Vcr vcr) {
     switch (vcr) {
     case Vcr::Stopped:
-        return "stopped";
+        return QT_TRANSLATE_NOOP("SiteWords", "stopped");
     case Vcr::Playing:
-        return "playing";
+        return QT_TRANSLATE_NOOP("SiteWords", "playing");
     case Vcr::Recording:
-        return "recording";
+        return QT_TRANSLATE_NOOP("SiteWords", "recording");
     case Vcr::Paused:
-        return "paused";
+        return QT_TRANSLATE_NOOP("SiteWords", "paused");
     case Vcr::FastForward:
-        return "fast forward";
+        return QT_TRANSLATE_NOOP("SiteWords", "fast forward");
     case Vcr::Rewind:
-        return "rewinding";
+        return QT_TRANSLATE_NOOP("SiteWords", "rewinding");
     case Vcr::Ejected:
-        return "tape ejected";
+        return QT_TRANSLATE_NOOP("SiteWords", "tape ejected");
     }
     return "";
 }

@@ -3,6 +3,7 @@
 #include "site_window/frm_simulated_site.h"
 
 #include "engine/errors.h"
+#include "i18n/translations.h"
 
 #include <QApplication>
 #include <QSocketNotifier>
@@ -86,7 +87,7 @@ int main(int argc, char* argv[]) {
     for (int i = 0; i < argc; ++i) {
         arguments << QString::fromLocal8Bit(argv[i]);
     }
-    const SiteCommandLine line = quellpad::site_app::ParseSiteCommandLine(arguments);
+    SiteCommandLine line = quellpad::site_app::ParseSiteCommandLine(arguments);
     std::unique_ptr<QCoreApplication> app;
     if (line.action == SiteCommandLine::Action::Serve && line.view) {
         app = std::make_unique<QApplication>(argc, argv);
@@ -94,6 +95,11 @@ int main(int argc, char* argv[]) {
         app = std::make_unique<QCoreApplication>(argc, argv);
     }
     QCoreApplication::setApplicationName(QStringLiteral("quellpad-site"));
+    quellpad::InstallTranslations();
+    if (line.action == SiteCommandLine::Action::Refuse) {
+        // Read again, for the reason in the installer's language.
+        line = quellpad::site_app::ParseSiteCommandLine(arguments);
+    }
     switch (line.action) {
     case SiteCommandLine::Action::ShowHelp:
         std::fputs(qPrintable(quellpad::site_app::SiteCommandLineHelp()), stdout);

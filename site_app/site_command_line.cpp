@@ -3,6 +3,7 @@
 #include "site_server/served_lines.h"
 
 #include <QCommandLineParser>
+#include <QCoreApplication>
 
 namespace quellpad::site_app {
 
@@ -18,37 +19,53 @@ const QString kJson = QStringLiteral("json");
 const QString kView = QStringLiteral("view");
 
 void Describe(QCommandLineParser& parser) {
-    parser.setApplicationDescription(QStringLiteral(
+    parser.setApplicationDescription(QCoreApplication::translate(
+        "SiteCommandLine",
         "Serves Quellpad's simulated CCTV site (dome cameras in \"D\" and \"P\", a switcher in "
         "\"ASCII\", a multiplexer in \"MUX ASCII\") to any controller on serial devices, a "
         "pseudo-terminal or TCP ports, all lines on the same equipment."));
-    parser.addOption({{QStringLiteral("h"), QStringLiteral("help")},
-                      QStringLiteral("Displays this help and exits.")});
+    parser.addOption(
+        {{QStringLiteral("h"), QStringLiteral("help")},
+         QCoreApplication::translate("SiteCommandLine", "Displays this help and exits.")});
     parser.addVersionOption();
-    parser.addOption({kPty, QStringLiteral("Serve on a new pseudo-terminal and print its path as "
+    parser.addOption(
+        {kPty, QCoreApplication::translate("SiteCommandLine",
+                                           "Serve on a new pseudo-terminal and print its path as "
                                            "the first line of output.")});
-    parser.addOption({kListen,
-                      QStringLiteral("Serve raw bytes on this TCP port, to several controllers at "
+    parser.addOption(
+        {kListen,
+         QCoreApplication::translate("SiteCommandLine",
+                                     "Serve raw bytes on this TCP port, to several controllers at "
                                      "once; may be given more than once."),
-                      QStringLiteral("[host:]port")});
+         QStringLiteral("[host:]port")});
     parser.addOption({kLine,
-                      QStringLiteral("The line settings the equipment listens at (default "
-                                     "2400,n,8,1)."),
+                      QCoreApplication::translate(
+                          "SiteCommandLine", "The line settings the equipment listens at (default "
+                                             "2400,n,8,1)."),
                       QStringLiteral("baud,parity,bits,stop")});
-    parser.addOption({kCameras,
-                      QStringLiteral("Dome cameras at these addresses, 1 to 255, such as 1-8 or "
+    parser.addOption(
+        {kCameras,
+         QCoreApplication::translate("SiteCommandLine",
+                                     "Dome cameras at these addresses, 1 to 255, such as 1-8 or "
                                      "3,17,200. When any of --cameras, --switcher, --mux is "
                                      "given, only the equipment named listens; otherwise cameras "
                                      "1 to 8, the switcher and the multiplexer."),
-                      QStringLiteral("addresses")});
-    parser.addOption({kSwitcher, QStringLiteral("The switcher listens.")});
-    parser.addOption({kMux, QStringLiteral("The multiplexer listens.")});
-    parser.addOption({kJson, QStringLiteral("Print every event as one JSON object per line.")});
-    parser.addOption({kView, QStringLiteral("Also open the Simulated Site window.")});
-    parser.addPositionalArgument(QStringLiteral("device"),
-                                 QStringLiteral("Serial devices to serve on, such as /dev/ttyUSB0 "
-                                                "or a /dev/serial/by-id name."),
-                                 QStringLiteral("[device...]"));
+         QCoreApplication::translate("SiteCommandLine", "addresses")});
+    parser.addOption(
+        {kSwitcher, QCoreApplication::translate("SiteCommandLine", "The switcher listens.")});
+    parser.addOption(
+        {kMux, QCoreApplication::translate("SiteCommandLine", "The multiplexer listens.")});
+    parser.addOption(
+        {kJson, QCoreApplication::translate("SiteCommandLine",
+                                            "Print every event as one JSON object per line.")});
+    parser.addOption({kView, QCoreApplication::translate("SiteCommandLine",
+                                                         "Also open the Simulated Site window.")});
+    parser.addPositionalArgument(
+        QStringLiteral("device"),
+        QCoreApplication::translate("SiteCommandLine",
+                                    "Serial devices to serve on, such as /dev/ttyUSB0 "
+                                    "or a /dev/serial/by-id name."),
+        QStringLiteral("[device...]"));
 }
 
 } // namespace
@@ -79,16 +96,20 @@ SiteCommandLine ParseSiteCommandLine(const QStringList& arguments) {
         SiteCommandLine::Listen listen;
         if (!site_server::ParseListenAddress(text, listen.host, listen.port)) {
             return refuse(
-                QStringLiteral("'%1' is not a TCP port to listen on ([host:]port).").arg(text));
+                QCoreApplication::translate("SiteCommandLine",
+                                            "'%1' is not a TCP port to listen on ([host:]port).")
+                    .arg(text));
         }
         line.listen.push_back(listen);
     }
     if (line.devices.isEmpty() && !line.pty && line.listen.empty()) {
-        return refuse(
-            QStringLiteral("No line to serve on: name a device, --pty or --listen [host:]port."));
+        return refuse(QCoreApplication::translate(
+            "SiteCommandLine",
+            "No line to serve on: name a device, --pty or --listen [host:]port."));
     }
     if (parser.isSet(kLine) && !site::ParseLineFormat(parser.value(kLine), line.format)) {
-        return refuse(QStringLiteral("'%1' are not line settings (such as 2400,n,8,1).")
+        return refuse(QCoreApplication::translate(
+                          "SiteCommandLine", "'%1' are not line settings (such as 2400,n,8,1).")
                           .arg(parser.value(kLine)));
     }
     if (parser.isSet(kCameras) || parser.isSet(kSwitcher) || parser.isSet(kMux)) {
@@ -96,9 +117,11 @@ SiteCommandLine ParseSiteCommandLine(const QStringList& arguments) {
         if (parser.isSet(kCameras) &&
             !site::ParseCameraAddresses(parser.value(kCameras).toStdString(),
                                         line.wiring.cameras)) {
-            return refuse(QStringLiteral("'%1' are not camera addresses from 1 to 255 (such as "
-                                         "1-8 or 3,17,200).")
-                              .arg(parser.value(kCameras)));
+            return refuse(
+                QCoreApplication::translate("SiteCommandLine",
+                                            "'%1' are not camera addresses from 1 to 255 (such as "
+                                            "1-8 or 3,17,200).")
+                    .arg(parser.value(kCameras)));
         }
         line.wiring.switcher = parser.isSet(kSwitcher);
         line.wiring.multiplexer = parser.isSet(kMux);

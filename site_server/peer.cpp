@@ -27,7 +27,7 @@ QString AnswerMeaning(const protocol::Command& command, const std::string& reply
         protocol::DReplyDecoder().Feed(bytes, answers);
     }
     if (answers.empty()) {
-        return QStringLiteral("answer to ") +
+        return QCoreApplication::translate("ServedSite", "answer to ") +
                traffic::EquipmentMeaning(traffic::Way::Sent, command);
     }
     return traffic::EquipmentMeaning(traffic::Way::Received, answers.front());

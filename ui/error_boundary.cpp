@@ -3,6 +3,7 @@
 #include "engine/errors.h"
 #include "messages.h"
 
+#include <QCoreApplication>
 #include <QList>
 #include <QPointer>
 #include <QScopeGuard>
@@ -75,7 +76,8 @@ QString ErrorBoundary::Describe(const std::exception& error) {
     if (const auto* own = dynamic_cast<const QuellpadError*>(&error)) {
         return own->Message();
     }
-    return QStringLiteral("An unexpected error ended the last action: %1")
+    return QCoreApplication::translate("ErrorBoundary",
+                                       "An unexpected error ended the last action: %1")
         .arg(QString::fromLocal8Bit(error.what()));
 }
 
@@ -88,7 +90,8 @@ void ErrorBoundary::Report(const char* entryPoint, const QString& message) noexc
             }
             lastFailure_.insert(key, message);
         }
-        Present(owner_, {message, QStringLiteral("Error"), MessageButtons::Ok});
+        Present(owner_, {message, QCoreApplication::translate("ErrorBoundary", "Error"),
+                         MessageButtons::Ok});
     } catch (...) {
         // Nothing is left to tell the operator with; the program goes on.
     }
@@ -104,12 +107,17 @@ void ErrorBoundary::ReportAbout(const QString& subject, const QString& message) 
             episode.flapping = true;
             ++episode.changesWhileShown;
             const QString updated =
-                message + QStringLiteral("\n\n(Changed %1 times while this message was showing.)")
-                              .arg(episode.changesWhileShown);
+                message +
+                QCoreApplication::translate(
+                    "ErrorBoundary", "\n\n(Changed %1 times while this message was showing.)")
+                    .arg(episode.changesWhileShown);
             if (!UpdateShownMessage(subject, updated)) {
                 // Still waiting behind another box: it will show the newest word.
-                Present(owner_,
-                        {updated, QStringLiteral("Error"), MessageButtons::Ok, {}, subject});
+                Present(owner_, {updated,
+                                 QCoreApplication::translate("ErrorBoundary", "Error"),
+                                 MessageButtons::Ok,
+                                 {},
+                                 subject});
             }
             return;
         }
@@ -130,7 +138,12 @@ void ErrorBoundary::ReportAbout(const QString& subject, const QString& message) 
         episode.showing = true;
         episode.changesWhileShown = 0;
         // A box waiting behind another may outlive this boundary's window.
-        Present(owner_, {message, QStringLiteral("Error"), MessageButtons::Ok, {}, subject},
+        Present(owner_,
+                {message,
+                 QCoreApplication::translate("ErrorBoundary", "Error"),
+                 MessageButtons::Ok,
+                 {},
+                 subject},
                 [this, subject, alive = std::weak_ptr<int>(alive_)] {
                     if (!alive.expired()) {
                         episodes_[subject].showing = false;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QHash>
 #include <QSet>
@@ -44,7 +45,8 @@ public:
         } catch (const std::exception& error) {
             Report(entryPoint, Describe(error));
         } catch (...) {
-            Report(entryPoint, QStringLiteral("An unexpected error ended the last action."));
+            Report(entryPoint, QCoreApplication::translate(
+                                   "ErrorBoundary", "An unexpected error ended the last action."));
         }
     }
 

@@ -77,6 +77,7 @@ TEST(CommandLineTest, ProgramAnswersOnTheTerminalWithoutAWindow) {
         int status;
         QString output; // the start of standard output
         QString error;  // all of standard error
+        QString locale = QStringLiteral("C.UTF-8");
     };
     const Case cases[] = {
         {{"--version"}, 0, QStringLiteral("Quellpad " QUELLPAD_VERSION "\n"), {}},
@@ -84,26 +85,46 @@ TEST(CommandLineTest, ProgramAnswersOnTheTerminalWithoutAWindow) {
         {{"--bogus"}, kUsageStatus, {}, "quellpad: Unknown option 'bogus'.\n"},
         {{"--com2"}, kUsageStatus, {}, "quellpad: Missing value after '--com2'.\n"},
         {{"--com1", "sim", "extra"}, kUsageStatus, {}, "quellpad: Unexpected argument 'extra'.\n"},
+        // The locale chooses the language of the program's own texts; English needs none.
+        {{"--com1", "sim", "extra"},
+         kUsageStatus,
+         {},
+         "quellpad: Unerwartetes Argument \u201eextra\u201c.\n",
+         "de_DE.UTF-8"},
+        {{"--com1", "sim", "extra"},
+         kUsageStatus,
+         {},
+         "quellpad: Unexpected argument 'extra'.\n",
+         "en_GB.UTF-8"},
+        {{"--com1", "sim", "extra"},
+         kUsageStatus,
+         {},
+         "quellpad: Unexpected argument 'extra'.\n",
+         "fr_FR.UTF-8"},
     };
     for (const Case& c : cases) {
-        SCOPED_TRACE(c.arguments.join(u' ').toStdString());
+        SCOPED_TRACE((c.locale + u' ' + c.arguments.join(u' ')).toStdString());
         QProcess program;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("no-such-platform"));
+        environment.insert(QStringLiteral("LC_ALL"), c.locale);
+        environment.remove(QStringLiteral("LANGUAGE"));
         program.setProcessEnvironment(environment);
         program.start(QStringLiteral(QUELLPAD_PROGRAM), c.arguments);
         ASSERT_TRUE(program.waitForFinished(10000));
         EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
         EXPECT_EQ(program.exitCode(), c.status);
-        const QString output = QString::fromLocal8Bit(program.readAllStandardOutput());
+        const QString output = QString::fromUtf8(program.readAllStandardOutput());
         EXPECT_TRUE(output.startsWith(c.output)) << output.toStdString();
-        EXPECT_EQ(QString::fromLocal8Bit(program.readAllStandardError()), c.error);
+        EXPECT_EQ(QString::fromUtf8(program.readAllStandardError()), c.error);
         if (c.arguments.constFirst() == u"--help") {
             for (const char* shown : {"--com1 <device>", "--com2 <device>", "--settings-dir <dir>",
                                       "QUELLPAD_COM1", "QUELLPAD_SETTINGS_DIR", "--version"}) {
                 EXPECT_TRUE(output.contains(QLatin1String(shown))) << shown;
             }
             EXPECT_FALSE(output.contains(QStringLiteral("platform"))) << "Qt's own stay hidden";
+            EXPECT_TRUE(output.contains(
+                QStringLiteral("Control keyboard for CCTV cameras, switchers and multiplexers.")));
         }
     }
 }

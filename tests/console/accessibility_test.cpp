@@ -7,6 +7,7 @@
 #include "dialogs/frm_settings.h"
 #include "dialogs/menu_control.h"
 #include "dialogs/type_commands.h"
+#include "i18n/translations.h"
 #include "scan_window/frm_scan.h"
 #include "site_window/frm_simulated_site.h"
 #include "traffic_window/frm_traffic.h"
@@ -18,10 +19,13 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QComboBox>
+#include <QFile>
 #include <QGroupBox>
 #include <QHash>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QRegularExpression>
@@ -30,6 +34,7 @@
 #include <QStyle>
 #include <QTest>
 #include <QTimer>
+#include <QXmlStreamReader>
 
 #include <cmath>
 #include <functional>
@@ -349,6 +354,100 @@ TEST_F(AccessibilityTest, EveryTextReadsAgainstItsBackgroundUnderEveryPalette) {
                       << " texts, lowest " << lowest << "\n";
         });
     }
+}
+
+// The texts an operator reads in a window, each with the control that shows it.
+QList<std::pair<QString, QString>> ShownTexts(QWidget* window) {
+    QList<std::pair<QString, QString>> texts = {{window->windowTitle(), QStringLiteral("title")}};
+    for (QWidget* control : window->findChildren<QWidget*>()) {
+        if (!control->isVisibleTo(window)) {
+            continue;
+        }
+        if (const auto* button = qobject_cast<QAbstractButton*>(control)) {
+            texts.append({button->text(), button->objectName()});
+        } else if (const auto* label = qobject_cast<QLabel*>(control)) {
+            texts.append({label->text(), label->objectName()});
+        } else if (const auto* group = qobject_cast<QGroupBox*>(control)) {
+            texts.append({group->title(), group->objectName()});
+        }
+    }
+    for (const QMenuBar* bar : window->findChildren<QMenuBar*>()) {
+        for (const QAction* action : bar->actions()) {
+            texts.append({action->text(), QStringLiteral("menu bar")});
+            if (action->menu() != nullptr) {
+                for (const QAction* item : action->menu()->actions()) {
+                    texts.append({item->text(), action->menu()->objectName()});
+                }
+            }
+        }
+    }
+    return texts;
+}
+
+// Access keys that two controls of one window share ("Alt+O: A and B"); a menu's items
+// count apart from the window, as Alt reaches them only once the menu is open.
+QStringList SharedAccessKeys(QWidget* window) {
+    QStringList shared;
+    QHash<QString, QString> owners;
+    for (const auto& [text, owner] : ShownTexts(window)) {
+        const QKeySequence key = QKeySequence::mnemonic(text);
+        if (key.isEmpty()) {
+            continue;
+        }
+        const bool inMenu = owner.endsWith(QLatin1String("Menu"));
+        const QString where = (inMenu ? owner + u' ' : QString()) + key.toString();
+        if (owners.contains(where)) {
+            shared << where + QStringLiteral(": ") + owners.value(where) + QStringLiteral(" and ") +
+                          owner;
+        }
+        owners.insert(where, owner);
+    }
+    return shared;
+}
+
+// English texts of the catalogue whose German reads otherwise.
+QSet<QString> TranslatedSources() {
+    QFile file(QStringLiteral(QUELLPAD_SOURCE_DIR "/i18n/quellpad_de.ts"));
+    file.open(QIODevice::ReadOnly);
+    QXmlStreamReader xml(&file);
+    QSet<QString> sources;
+    QString source;
+    while (!xml.atEnd()) {
+        if (!xml.readNextStartElement()) {
+            continue;
+        }
+        if (xml.name() == u"source") {
+            source = xml.readElementText();
+        } else if (xml.name() == u"translation") {
+            if (xml.readElementText() != source) {
+                sources.insert(source);
+            }
+        }
+    }
+    return sources;
+}
+
+// A German operator gets every window in German, and each Alt key still reaches one control
+// only (unless the English window has the two share it too).
+TEST_F(AccessibilityTest, InGermanEveryWindowSpeaksGermanAndKeepsItsAccessKeysApart) {
+    QHash<std::string, QStringList> englishShared;
+    ForEveryWindow([&](QWidget* window, const std::string& where) {
+        englishShared.insert(where, SharedAccessKeys(window));
+    });
+    const QSet<QString> english = TranslatedSources();
+    ASSERT_GT(english.size(), 400);
+    ASSERT_TRUE(InstallTranslations(QLocale(QLocale::German, QLocale::Germany)));
+    const auto restore = qScopeGuard([] { RemoveTranslations(); });
+    ForEveryWindow([&](QWidget* window, const std::string& where) {
+        for (const QString& shared : SharedAccessKeys(window)) {
+            EXPECT_TRUE(englishShared.value(where).contains(shared))
+                << where << ": " << shared.toStdString();
+        }
+        for (const auto& [text, owner] : ShownTexts(window)) {
+            EXPECT_FALSE(english.contains(text)) << where << ": " << owner.toStdString()
+                                                 << " still reads \"" << text.toStdString() << "\"";
+        }
+    });
 }
 
 TEST_F(AccessibilityTest, TheJoystickSaysHowToDriveIt) {
