@@ -94,7 +94,10 @@ TEST_F(ScanFixture, CancelStopsAtOnceAndGivesThePortBack) {
     EXPECT_EQ(line.Format(), (site::LineFormat{19200, 'e', 8, 1}));
 }
 
-TEST(Scanner, TakesTheQueriesWireTimeAndTheWaitWithinATenth) {
+// The scan gives each address its query's time on the wire and the whole wait, and does not
+// linger between addresses. How close it comes to its plan is measured by
+// bench/scan_bench.cpp; here a loaded machine may add to the time, never take from it.
+TEST(Scanner, GivesEachAddressItsWireTimeAndWholeWaitAndNoMore) {
     for (const int baud : {2400, 9600}) {
         PseudoTerminal wire;
         SerialDevice port(1, wire.SlavePath());
@@ -103,9 +106,7 @@ TEST(Scanner, TakesTheQueriesWireTimeAndTheWaitWithinATenth) {
         QObject::connect(&scanner, &bus::Scanner::Finished, [&ended] { ended = true; });
         bus::ScanPlan plan;
         plan.bauds = {baud};
-        plan.last = qEnvironmentVariableIntValue("QUELLPAD_SCAN_ADDRESSES") > 0
-                        ? qEnvironmentVariableIntValue("QUELLPAD_SCAN_ADDRESSES")
-                        : 30;
+        plan.last = 30;
         plan.waitMs = 20;
         QElapsedTimer clock;
         clock.start();
@@ -115,7 +116,9 @@ TEST(Scanner, TakesTheQueriesWireTimeAndTheWaitWithinATenth) {
         const double planned = bus::PlannedMs(plan);
         std::cout << plan.last << " addresses at " << baud << " baud: " << ms << " ms, planned "
                   << planned << " ms\n";
-        EXPECT_NEAR(ms, planned, planned / 10) << baud;
+        // A pseudo-terminal takes bytes faster than a wire: the waits alone are 30 x 20 ms.
+        EXPECT_GE(ms, plan.last * plan.waitMs) << baud << ": the wait was cut short";
+        EXPECT_LE(ms, planned * 1.5) << baud << ": the scan lingers between addresses";
         EXPECT_EQ(wire.Drain(100).size(), 7 * plan.last);
     }
 }
