@@ -429,7 +429,7 @@ void FrmMain::RetransmitTimer_Timer() {
 void FrmMain::RetransmitTimeTextBox_Change() {
     const RetransmitPeriod period = ReadRetransmitPeriod(RetransmitTimeTextBox->text());
     if (period.verdict == RetransmitPeriod::Verdict::Rejected) {
-        ui::ShowMessage(this, {kRetransmitRangeMessage, {}, ui::MessageButtons::Ok});
+        ui::ShowMessage(this, {RetransmitRangeMessage(), {}, ui::MessageButtons::Ok});
         RetransmitTimeTextBox->clear();
         return;
     }

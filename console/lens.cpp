@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include <QCoreApplication>
+
 namespace quellpad {
 
 namespace {
@@ -29,7 +31,7 @@ struct LensAction {
 using R = Register;
 const std::array<LensAction, 6> kActions{{
     {"FocusNear",
-     "Focus Near",
+     QT_TRANSLATE_NOOP("Lens", "Focus Near"),
      LensButton::FocusFar,
      {R::Command1, 0x01, R::Command2, 0x80},
      {R::Command1, 0x02, R::Command1, 0x01},
@@ -37,7 +39,7 @@ const std::array<LensAction, 6> kActions{{
      "~Na",
      false},
     {"FocusFar",
-     "Focus Far",
+     QT_TRANSLATE_NOOP("Lens", "Focus Far"),
      LensButton::FocusNear,
      {R::Command2, 0x80, R::Command1, 0x01},
      {R::Command1, 0x01, R::Command1, 0x02},
@@ -45,7 +47,7 @@ const std::array<LensAction, 6> kActions{{
      "~Fa",
      false},
     {"IrisOpen",
-     "Iris Open",
+     QT_TRANSLATE_NOOP("Lens", "Iris Open"),
      LensButton::IrisClose,
      {R::Command1, 0x02, R::Command1, 0x04},
      {R::Command1, 0x04, R::Command1, 0x08},
@@ -53,7 +55,7 @@ const std::array<LensAction, 6> kActions{{
      "~Oa",
      false},
     {"IrisClose",
-     "Iris Close",
+     QT_TRANSLATE_NOOP("Lens", "Iris Close"),
      LensButton::IrisOpen,
      {R::Command1, 0x04, R::Command1, 0x02},
      {R::Command1, 0x08, R::Command1, 0x04},
@@ -61,7 +63,7 @@ const std::array<LensAction, 6> kActions{{
      "~Ca",
      false},
     {"ZoomIn",
-     "Zoom In",
+     QT_TRANSLATE_NOOP("Lens", "Zoom In"),
      LensButton::ZoomOut,
      {R::Command2, 0x20, R::Command2, 0x40},
      {R::Command2, 0x20, R::Command2, 0x40},
@@ -69,7 +71,7 @@ const std::array<LensAction, 6> kActions{{
      "~Ta",
      true},
     {"ZoomOut",
-     "Zoom Out",
+     QT_TRANSLATE_NOOP("Lens", "Zoom Out"),
      LensButton::ZoomIn,
      {R::Command2, 0x40, R::Command2, 0x20},
      {R::Command2, 0x40, R::Command2, 0x20},
@@ -104,6 +106,10 @@ const char* LensButtonName(LensButton button) {
 }
 
 QString LensPlainCaption(LensButton button) {
+    return QCoreApplication::translate("Lens", ActionOf(button).caption);
+}
+
+QString LensEnglishCaption(LensButton button) {
     return QString::fromLatin1(ActionOf(button).caption);
 }
 

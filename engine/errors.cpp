@@ -1,5 +1,7 @@
 #include "errors.h"
 
+#include <QCoreApplication>
+
 namespace quellpad {
 
 namespace {
@@ -9,22 +11,29 @@ QString Describe(int portNumber, const QString& device, PortFailure failure,
     const QString port = QStringLiteral("COM %1 (%2)").arg(portNumber).arg(device);
     switch (failure) {
     case PortFailure::NoSuchPort:
-        return QStringLiteral("%1 could not be opened: there is no such port (%2).")
+        return QCoreApplication::translate("PortErrors",
+                                           "%1 could not be opened: there is no such port (%2).")
             .arg(port, reason);
     case PortFailure::InUse:
-        return QStringLiteral("%1 could not be opened: it is in use by another program (%2).")
+        return QCoreApplication::translate(
+                   "PortErrors", "%1 could not be opened: it is in use by another program (%2).")
             .arg(port, reason);
     case PortFailure::AccessRefused:
-        return QStringLiteral("%1 could not be opened. %2").arg(port, reason);
+        return QCoreApplication::translate("PortErrors", "%1 could not be opened. %2")
+            .arg(port, reason);
     case PortFailure::NotSerial:
-        return QStringLiteral("%1 could not be opened: the device is not a serial port (%2).")
+        return QCoreApplication::translate(
+                   "PortErrors", "%1 could not be opened: the device is not a serial port (%2).")
             .arg(port, reason);
     case PortFailure::BadSettings:
         return QStringLiteral("%1: %2").arg(port, reason);
     case PortFailure::WriteFailed:
-        return QStringLiteral("%1 could not be written: %2.").arg(port, reason);
+        return QCoreApplication::translate("PortErrors", "%1 could not be written: %2.")
+            .arg(port, reason);
     case PortFailure::Vanished:
-        return QStringLiteral("%1 stopped working and has been closed: %2.").arg(port, reason);
+        return QCoreApplication::translate("PortErrors",
+                                           "%1 stopped working and has been closed: %2.")
+            .arg(port, reason);
     case PortFailure::Other:
         break;
     }

@@ -2,6 +2,8 @@
 
 #include "errors.h"
 
+#include <QCoreApplication>
+
 #include <cmath>
 #include <limits>
 
@@ -12,8 +14,9 @@ namespace {
 double CheckedWhole(double value, double low, double high, const char* what) {
     const double whole = RoundHalfEven(value);
     if (!std::isfinite(value) || whole < low || whole > high) {
-        throw OverflowError(QStringLiteral("Overflow: %1 does not fit %2.")
-                                .arg(QString::number(value, 'g', 15), QLatin1String(what)));
+        throw OverflowError(QCoreApplication::translate("Numeric", "Overflow: %1 does not fit %2.")
+                                .arg(QString::number(value, 'g', 15),
+                                     QCoreApplication::translate("Numeric", what)));
     }
     return whole;
 }
@@ -25,18 +28,19 @@ bool IsBlank(QChar c) {
 } // namespace
 
 std::uint8_t ToByte(double value) {
-    return static_cast<std::uint8_t>(CheckedWhole(value, 0, 255, "a byte (0 to 255)"));
+    return static_cast<std::uint8_t>(
+        CheckedWhole(value, 0, 255, QT_TRANSLATE_NOOP("Numeric", "a byte (0 to 255)")));
 }
 
 std::int16_t ToInt16(double value) {
-    return static_cast<std::int16_t>(
-        CheckedWhole(value, -32768, 32767, "a 16-bit number (-32768 to 32767)"));
+    return static_cast<std::int16_t>(CheckedWhole(
+        value, -32768, 32767, QT_TRANSLATE_NOOP("Numeric", "a 16-bit number (-32768 to 32767)")));
 }
 
 std::int32_t ToInt32(double value) {
     return static_cast<std::int32_t>(CheckedWhole(value, std::numeric_limits<std::int32_t>::min(),
                                                   std::numeric_limits<std::int32_t>::max(),
-                                                  "a 32-bit number"));
+                                                  QT_TRANSLATE_NOOP("Numeric", "a 32-bit number")));
 }
 
 double Val(const QString& text) {

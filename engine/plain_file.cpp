@@ -1,5 +1,6 @@
 #include "plain_file.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -26,7 +27,8 @@ bool IsNoPlainFile(const QString& path) {
 }
 
 QString NotPlainFileText(const QString& name, const QString& path) {
-    return QStringLiteral("%1 at %2 is not a plain file").arg(name, QDir::toNativeSeparators(path));
+    return QCoreApplication::translate("PlainFile", "%1 at %2 is not a plain file")
+        .arg(name, QDir::toNativeSeparators(path));
 }
 
 PlainFileWriter::~PlainFileWriter() {
@@ -48,7 +50,7 @@ bool PlainFileWriter::Open(const QString& path, Keep keep) {
     if (::fstat(fd_, &info) != 0 || !S_ISREG(info.st_mode)) {
         ::close(fd_);
         fd_ = -1;
-        reason_ = QStringLiteral("it is not a plain file");
+        reason_ = QCoreApplication::translate("PlainFile", "it is not a plain file");
         return false;
     }
     // Only now that it is known to be a plain file is what it held dropped, and its

@@ -4,6 +4,7 @@
 #include "plain_file.h"
 #include "settings_location.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QSerialPortInfo>
 #include <QSettings>
@@ -65,8 +66,9 @@ PortBinding ResolvePortBinding(int portNumber) {
 void SavePortBinding(const QString& bindingsPath, int portNumber, const QString& binding) {
     if (IsNoPlainFile(bindingsPath)) {
         throw SettingsError(
-            QStringLiteral("The choice of device for COM %1 could not be kept: "
-                           "%2.")
+            QCoreApplication::translate("PortBinding",
+                                        "The choice of device for COM %1 could not be kept: "
+                                        "%2.")
                 .arg(portNumber)
                 .arg(NotPlainFileText(QStringLiteral("Bindings.ini"), bindingsPath)));
     }
@@ -75,8 +77,9 @@ void SavePortBinding(const QString& bindingsPath, int portNumber, const QString&
     file.sync();
     if (file.status() != QSettings::NoError) {
         throw SettingsError(
-            QStringLiteral("The choice of device for COM %1 could not be kept: %2 could not be "
-                           "written. Check that its folder may be written.")
+            QCoreApplication::translate(
+                "PortBinding", "The choice of device for COM %1 could not be kept: %2 could not be "
+                               "written. Check that its folder may be written.")
                 .arg(portNumber)
                 .arg(QDir::toNativeSeparators(bindingsPath)));
     }
@@ -105,14 +108,16 @@ std::optional<NetworkAddress> ParseNetworkBinding(const QString& binding) {
 
 std::optional<QString> BindingProblem(int portNumber, const QString& binding) {
     if (binding.trimmed().isEmpty()) {
-        return QStringLiteral("Choose what COM %1 is bound to: a serial device, the simulated "
-                              "site, or a network server as tcp://host:port or "
-                              "rfc2217://host:port.")
+        return QCoreApplication::translate(
+                   "PortBinding", "Choose what COM %1 is bound to: a serial device, the simulated "
+                                  "site, or a network server as tcp://host:port or "
+                                  "rfc2217://host:port.")
             .arg(portNumber);
     }
     if (IsNetworkBinding(binding) && !ParseNetworkBinding(binding)) {
-        return QStringLiteral("COM %1: \"%2\" names no server. Write it as tcp://host:port or "
-                              "rfc2217://host:port, with a port number from 1 to 65535.")
+        return QCoreApplication::translate(
+                   "PortBinding", "COM %1: \"%2\" names no server. Write it as tcp://host:port or "
+                                  "rfc2217://host:port, with a port number from 1 to 65535.")
             .arg(portNumber)
             .arg(QuoteValue(binding.trimmed()));
     }

@@ -4,6 +4,7 @@
 #include "plain_file.h"
 #include "settings_file.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 
@@ -114,9 +115,10 @@ StatusNotice ClosedAtStartNotice(const QList<PortError>& failures) {
         ports << QStringLiteral("COM %1 (%2)").arg(failure.PortNumber()).arg(failure.Device());
         reasons << failure.Message();
     }
-    return {ports.join(QStringLiteral(" and ")) +
-                QStringLiteral(" did not open; to work without equipment, choose \"Simulated "
-                               "site\" in Options > Settings..."),
+    return {ports.join(QCoreApplication::translate("PortControl", " and ")) +
+                QCoreApplication::translate(
+                    "PortControl", " did not open; to work without equipment, choose \"Simulated "
+                                   "site\" in Options > Settings..."),
             reasons.join(u'\n')};
 }
 
@@ -142,8 +144,9 @@ StartUpReport StartKeyboardReporting(Quellpad_Support_Func& k) {
     k.EnabledPorts = read.fields.EnabledPorts;
     const QString path = QDir::toNativeSeparators(k.SettingsPath);
     if (read.notPlainFile) {
-        problems << QStringLiteral("Settings.dat at %1 is not a plain file, so it was neither "
-                                   "read nor written. The keyboard starts on its defaults.")
+        problems << QCoreApplication::translate(
+                        "PortControl", "Settings.dat at %1 is not a plain file, so it was neither "
+                                       "read nor written. The keyboard starts on its defaults.")
                         .arg(path);
     }
 
@@ -153,8 +156,10 @@ StartUpReport StartKeyboardReporting(Quellpad_Support_Func& k) {
         QFileInfo(k.SettingsPath).dir().filePath(QStringLiteral("Bindings.ini"));
     if (IsNoPlainFile(bindings)) {
         problems << NotPlainFileText(QStringLiteral("Bindings.ini"), bindings) +
-                        QStringLiteral(", so it was neither read nor written. The ports and the "
-                                       "joystick start on their defaults.");
+                        QCoreApplication::translate(
+                            "PortControl",
+                            ", so it was neither read nor written. The ports and the "
+                            "joystick start on their defaults.");
     }
 
     const bool incomplete = k.BaudRate.isEmpty() || k.Parity.isEmpty() || k.HoldRts.isEmpty() ||
@@ -178,18 +183,22 @@ StartUpReport StartKeyboardReporting(Quellpad_Support_Func& k) {
         if (rewrite && !read.damage.isEmpty()) {
             // What could not be read may still matter to its owner: it is kept, never lost.
             const QString unreadable =
-                QStringLiteral("Settings.dat at %1 could not be read as six plain lines (%2)")
+                QCoreApplication::translate(
+                    "PortControl", "Settings.dat at %1 could not be read as six plain lines (%2)")
                     .arg(path, read.damage);
             try {
                 const QString backup = KeepSettingsBackup(k.SettingsPath);
-                problems << unreadable + QStringLiteral(". It has been kept as %1, and a new "
-                                                        "Settings.dat holds the defaults for "
-                                                        "what could not be read.")
+                problems << unreadable + QCoreApplication::translate(
+                                             "PortControl", ". It has been kept as %1, and a new "
+                                                            "Settings.dat holds the defaults for "
+                                                            "what could not be read.")
                                              .arg(backup);
             } catch (const SettingsError& error) {
-                problems << unreadable + QStringLiteral(", and %1, so it was left as it is. The "
-                                                        "keyboard starts on the defaults for "
-                                                        "what could not be read.")
+                problems << unreadable + QCoreApplication::translate(
+                                             "PortControl",
+                                             ", and %1, so it was left as it is. The "
+                                             "keyboard starts on the defaults for "
+                                             "what could not be read.")
                                              .arg(error.Message());
                 rewrite = false;
             }
@@ -209,9 +218,11 @@ StartUpReport StartKeyboardReporting(Quellpad_Support_Func& k) {
         k.CurrentMode = kModeD;
     }
     if (!IsAsciiMode(k.CurrentMode) && !IsFrameMode(k.CurrentMode)) {
-        problems << QStringLiteral("Settings.dat holds the mode \"%1\", which this keyboard does "
-                                   "not know, so no command is sent and replies are dropped. "
-                                   "Choose a mode in the Mode menu.")
+        problems << QCoreApplication::translate(
+                        "PortControl",
+                        "Settings.dat holds the mode \"%1\", which this keyboard does "
+                        "not know, so no command is sent and replies are dropped. "
+                        "Choose a mode in the Mode menu.")
                         .arg(QuoteValue(k.CurrentMode));
     }
 

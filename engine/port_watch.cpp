@@ -2,6 +2,7 @@
 
 #include "errors.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 
 namespace quellpad {
@@ -49,7 +50,8 @@ void PortWatch::Poll() {
             continue; // there, but not ready yet: the next poll tries again
         }
         Forget(number);
-        emit PortBack(number, QStringLiteral("COM %1 (%2) is back and has been opened again.")
+        emit PortBack(number, QCoreApplication::translate(
+                                  "PortErrors", "COM %1 (%2) is back and has been opened again.")
                                   .arg(number)
                                   .arg(port.Device()));
     }

@@ -2,12 +2,16 @@
 
 #include "keyboard_state.h"
 
+#include <QCoreApplication>
 #include <QString>
 
 namespace quellpad {
 
-inline const QString kRetransmitRangeMessage =
-    QStringLiteral("Retransmit count must above .05 and less than 61.");
+// Asked for as it is shown, so that it comes in the operator's language.
+inline QString RetransmitRangeMessage() {
+    return QCoreApplication::translate("Retransmission",
+                                       "Retransmit count must above .05 and less than 61.");
+}
 
 // What the Retransmit Time box's text means for the period.
 struct RetransmitPeriod {

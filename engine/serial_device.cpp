@@ -4,6 +4,7 @@
 #include "numeric.h"
 #include "port_binding.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QStringList>
 #include <QTimer>
@@ -104,7 +105,8 @@ void SerialDevice::SetSettings(const QString& settings) {
     if (!line) {
         throw PortError(
             portNumber_, device_, PortFailure::BadSettings,
-            QStringLiteral("the line settings \"%1\" are not valid").arg(QuoteValue(settings)));
+            QCoreApplication::translate("PortErrors", "the line settings \"%1\" are not valid")
+                .arg(QuoteValue(settings)));
     }
     const bool applied = port_.setBaudRate(line->baud) && port_.setParity(line->parity) &&
                          port_.setDataBits(line->dataBits) && port_.setStopBits(line->stopBits);
@@ -112,7 +114,8 @@ void SerialDevice::SetSettings(const QString& settings) {
         const QString reason = port_.errorString();
         port_.clearError();
         throw PortError(portNumber_, device_, PortFailure::BadSettings,
-                        QStringLiteral("the device refused the line settings \"%1\" (%2)")
+                        QCoreApplication::translate(
+                            "PortErrors", "the device refused the line settings \"%1\" (%2)")
                             .arg(QuoteValue(settings), reason));
     }
 }
@@ -184,9 +187,10 @@ void SerialDevice::Output(std::uint8_t byte) {
         if (!stalled_) {
             stalled_ = true;
             const QString message =
-                QStringLiteral("COM %1 (%2): the device does not take what is sent to it; %3 "
-                               "bytes wait for it, and what the keyboard sends is dropped until "
-                               "it takes them.")
+                QCoreApplication::translate(
+                    "PortErrors", "COM %1 (%2): the device does not take what is sent to it; %3 "
+                                  "bytes wait for it, and what the keyboard sends is dropped until "
+                                  "it takes them.")
                     .arg(portNumber_)
                     .arg(device_)
                     .arg(port_.bytesToWrite());
@@ -205,7 +209,8 @@ void SerialDevice::Output(std::uint8_t byte) {
     if ((!handed && !noRoom) || port_.error() != QSerialPort::NoError) {
         const QSerialPort::SerialPortError error = port_.error();
         const QString reason =
-            port_.isOpen() ? port_.errorString() : QStringLiteral("the port is not open");
+            port_.isOpen() ? port_.errorString()
+                           : QCoreApplication::translate("PortErrors", "the port is not open");
         port_.clearError();
         throw PortError(portNumber_, device_,
                         error == QSerialPort::ResourceError ? PortFailure::Vanished
@@ -220,7 +225,8 @@ void SerialDevice::OnWritten() {
         return;
     }
     stalled_ = false;
-    emit LineFlowing(QStringLiteral("COM %1 (%2): the device takes what is sent again.")
+    emit LineFlowing(QCoreApplication::translate(
+                         "PortErrors", "COM %1 (%2): the device takes what is sent again.")
                          .arg(portNumber_)
                          .arg(device_));
 }
@@ -286,29 +292,34 @@ void SerialDevice::OnError(QSerialPort::SerialPortError error) {
     port_.close();
     port_.clearError();
     received_.clear();
-    emit LineFailed(PortError(portNumber_, device_, PortFailure::Vanished,
-                              QStringLiteral("the device was unplugged or hung up"))
-                        .Message());
+    emit LineFailed(
+        PortError(portNumber_, device_, PortFailure::Vanished,
+                  QCoreApplication::translate("PortErrors", "the device was unplugged or hung up"))
+            .Message());
 }
 
 QString AccessRefusalText(const QString& device, const DeviceAccess& access) {
-    const QString refusal = QStringLiteral("Access to %1 was refused.").arg(device);
+    const QString refusal =
+        QCoreApplication::translate("PortErrors", "Access to %1 was refused.").arg(device);
     constexpr unsigned kGroupReadWrite = 060;
     if ((access.mode & kGroupReadWrite) == kGroupReadWrite && !access.rootGroup &&
         !access.group.isEmpty()) {
-        return refusal + QStringLiteral(" Ask for membership of the group \"%1\", which "
-                                        "owns it, then log out and in again.")
+        return refusal + QCoreApplication::translate(
+                             "PortErrors", " Ask for membership of the group \"%1\", which "
+                                           "owns it, then log out and in again.")
                              .arg(access.group);
     }
     if (!access.owner.isEmpty()) {
         // Joining a group would not help (the group may not write it, or is root's own):
         // a udev rule can give the device a group that users may join.
-        return refusal + QStringLiteral(" Only its owner, %1, may open it. An administrator "
-                                        "can grant access to it, for example with a udev "
-                                        "rule that gives it a group to join.")
+        return refusal + QCoreApplication::translate(
+                             "PortErrors", " Only its owner, %1, may open it. An administrator "
+                                           "can grant access to it, for example with a udev "
+                                           "rule that gives it a group to join.")
                              .arg(access.owner);
     }
-    return refusal + QStringLiteral(" Ask for read and write access to it.");
+    return refusal +
+           QCoreApplication::translate("PortErrors", " Ask for read and write access to it.");
 }
 
 #ifdef Q_OS_WIN

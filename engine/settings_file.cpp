@@ -58,11 +58,14 @@ SettingsRead ParseSettingsContent(const QByteArray& content, bool whole) {
     for (qsizetype i = 0; i < lines.size(); ++i) {
         const bool last = i == lines.size() - 1;
         if (lines[i].size() > kLongestSettingsLine || (last && lastCut)) {
-            damage << QStringLiteral("line %1 is longer than %2 characters")
+            damage << QCoreApplication::translate("SettingsFile",
+                                                  "line %1 is longer than %2 characters")
                           .arg(i + 1)
                           .arg(kLongestSettingsLine);
         } else if (HasControlCharacters(lines[i])) {
-            damage << QStringLiteral("line %1 holds characters that are not plain text").arg(i + 1);
+            damage << QCoreApplication::translate(
+                          "SettingsFile", "line %1 holds characters that are not plain text")
+                          .arg(i + 1);
         } else {
             *targets[static_cast<std::size_t>(i)] = QString::fromLatin1(lines[i]);
         }
@@ -88,7 +91,8 @@ SettingsRead InspectSettingsFile(const QString& path) {
     }
     if (!file.open(QIODevice::ReadOnly)) {
         SettingsRead unreadable;
-        unreadable.damage = QStringLiteral("it cannot be read: %1").arg(file.errorString());
+        unreadable.damage = QCoreApplication::translate("SettingsFile", "it cannot be read: %1")
+                                .arg(file.errorString());
         return unreadable;
     }
     // Six lines of the longest sensible length with their line ends; whatever follows is
@@ -112,16 +116,18 @@ QByteArray SettingsContent(const SettingsFields& fields) {
 void WriteSettingsFile(const QString& path, const SettingsFields& fields) {
     if (IsNoPlainFile(path)) {
         throw SettingsError(NotPlainFileText(QStringLiteral("Settings.dat"), path) +
-                            QStringLiteral(" and was not written."));
+                            QCoreApplication::translate("SettingsFile", " and was not written."));
     }
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly)) {
-        throw SettingsError(QStringLiteral("Settings.dat could not be written to %1: %2.")
+        throw SettingsError(QCoreApplication::translate(
+                                "SettingsFile", "Settings.dat could not be written to %1: %2.")
                                 .arg(QDir::toNativeSeparators(path), file.errorString()));
     }
     file.write(SettingsContent(fields));
     if (!file.commit()) {
-        throw SettingsError(QStringLiteral("Settings.dat could not be written to %1: %2.")
+        throw SettingsError(QCoreApplication::translate(
+                                "SettingsFile", "Settings.dat could not be written to %1: %2.")
                                 .arg(QDir::toNativeSeparators(path), file.errorString()));
     }
 }
@@ -136,12 +142,14 @@ QString KeepSettingsBackup(const QString& path) {
         // Moved, not copied: a file this user may only write is kept all the same.
         QFile file(path);
         if (!file.rename(backup)) {
-            throw SettingsError(QStringLiteral("it could not be kept as %1 (%2)")
-                                    .arg(QFileInfo(backup).fileName(), file.errorString()));
+            throw SettingsError(
+                QCoreApplication::translate("SettingsFile", "it could not be kept as %1 (%2)")
+                    .arg(QFileInfo(backup).fileName(), file.errorString()));
         }
         return QFileInfo(backup).fileName();
     }
-    throw SettingsError(QStringLiteral("Settings.dat.bak to Settings.dat.bak.%1 are all taken")
+    throw SettingsError(QCoreApplication::translate(
+                            "SettingsFile", "Settings.dat.bak to Settings.dat.bak.%1 are all taken")
                             .arg(kBackupNames - 1));
 }
 

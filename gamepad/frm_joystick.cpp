@@ -25,10 +25,10 @@ QComboBox* FrmJoystick::AxisList(const char* name, bool offerNone, int axis) {
     auto* list = new QComboBox(this);
     list->setObjectName(QLatin1String(name));
     if (offerNone) {
-        list->addItem(QStringLiteral("None"), kNoAxis);
+        list->addItem(tr("None"), kNoAxis);
     }
     for (int i = 0; i < kOfferedAxes; ++i) {
-        list->addItem(QStringLiteral("Axis %1").arg(i + 1), i);
+        list->addItem(tr("Axis %1").arg(i + 1), i);
     }
     list->setCurrentIndex(std::max(0, list->findData(axis)));
     return list;
@@ -36,38 +36,38 @@ QComboBox* FrmJoystick::AxisList(const char* name, bool offerNone, int axis) {
 
 FrmJoystick::FrmJoystick(const GamepadBindings& b, QWidget* parent) : QDialog(parent) {
     setObjectName(QStringLiteral("FrmJoystick"));
-    setWindowTitle(QStringLiteral("Joystick"));
+    setWindowTitle(tr("Joystick"));
     setModal(false);
 
     ControllerLabel = new QLabel(this);
     ControllerLabel->setObjectName(QStringLiteral("ControllerLabel"));
     ShowController({});
 
-    auto* stick = new QGroupBox(QStringLiteral("Stick"), this);
+    auto* stick = new QGroupBox(tr("Stick"), this);
     auto* axes = new QGridLayout(stick);
     PanAxisList = AxisList("PanAxisList", false, b.panAxis);
     TiltAxisList = AxisList("TiltAxisList", false, b.tiltAxis);
     ZoomAxisList = AxisList("ZoomAxisList", true, b.zoomAxis);
-    InvertPanCheck = new QCheckBox(QStringLiteral("Invert"), stick);
-    InvertTiltCheck = new QCheckBox(QStringLiteral("Invert"), stick);
-    InvertZoomCheck = new QCheckBox(QStringLiteral("Invert"), stick);
+    InvertPanCheck = new QCheckBox(tr("Invert"), stick);
+    InvertTiltCheck = new QCheckBox(tr("Invert"), stick);
+    InvertZoomCheck = new QCheckBox(tr("Invert"), stick);
     const struct {
         const char* caption;
         QComboBox* list;
         QCheckBox* invert;
         const char* invertName;
         bool inverted;
-    } rows[] = {{"&Pan", PanAxisList, InvertPanCheck, "InvertPanCheck", b.invertPan},
-                {"&Tilt", TiltAxisList, InvertTiltCheck, "InvertTiltCheck", b.invertTilt},
-                {"&Zoom", ZoomAxisList, InvertZoomCheck, "InvertZoomCheck", b.invertZoom}};
+    } rows[] = {
+        {QT_TR_NOOP("&Pan"), PanAxisList, InvertPanCheck, "InvertPanCheck", b.invertPan},
+        {QT_TR_NOOP("&Tilt"), TiltAxisList, InvertTiltCheck, "InvertTiltCheck", b.invertTilt},
+        {QT_TR_NOOP("&Zoom"), ZoomAxisList, InvertZoomCheck, "InvertZoomCheck", b.invertZoom}};
     int row = 0;
     for (const auto& r : rows) {
-        auto* label = new QLabel(QLatin1String(r.caption), stick);
+        auto* label = new QLabel(tr(r.caption), stick);
         ui::SetBuddy(label, r.list);
         r.invert->setObjectName(QLatin1String(r.invertName));
         r.invert->setChecked(r.inverted);
-        r.invert->setAccessibleName(label->text().remove(QLatin1Char('&')) +
-                                    QStringLiteral(" Invert"));
+        r.invert->setAccessibleName(tr("%1 Invert").arg(label->text().remove(QLatin1Char('&'))));
         axes->addWidget(label, row, 0);
         axes->addWidget(r.list, row, 1);
         axes->addWidget(r.invert, row, 2);
@@ -78,31 +78,31 @@ FrmJoystick::FrmJoystick(const GamepadBindings& b, QWidget* parent) : QDialog(pa
     DeadZoneBox->setRange(0, 90);
     DeadZoneBox->setSuffix(QStringLiteral(" %"));
     DeadZoneBox->setValue(static_cast<int>(std::lround(b.deadZone * 100)));
-    auto* deadLabel = new QLabel(QStringLiteral("&Dead zone"), stick);
+    auto* deadLabel = new QLabel(tr("&Dead zone"), stick);
     ui::SetBuddy(deadLabel, DeadZoneBox);
     axes->addWidget(deadLabel, row, 0);
     axes->addWidget(DeadZoneBox, row++, 1);
     CurveList = new QComboBox(stick);
     CurveList->setObjectName(QStringLiteral("CurveList"));
-    CurveList->addItems({QStringLiteral("Linear"), QStringLiteral("Squared")});
+    CurveList->addItems({tr("Linear"), tr("Squared")});
     CurveList->setCurrentIndex(b.curve == StickCurve::Squared ? 1 : 0);
-    auto* curveLabel = new QLabel(QStringLiteral("&Response"), stick);
+    auto* curveLabel = new QLabel(tr("&Response"), stick);
     ui::SetBuddy(curveLabel, CurveList);
     axes->addWidget(curveLabel, row, 0);
     axes->addWidget(CurveList, row, 1);
 
-    auto* buttons = new QGroupBox(QStringLiteral("Buttons"), this);
+    auto* buttons = new QGroupBox(tr("Buttons"), this);
     auto* buttonRows = new QGridLayout(buttons);
     const QList<GamepadAction> actions = AllGamepadActions();
     for (int i = 0; i < kMappedButtons; ++i) {
         auto* list = new QComboBox(buttons);
         list->setObjectName(QStringLiteral("Button%1List").arg(i + 1));
         for (const GamepadAction& action : actions) {
-            list->addItem(GamepadActionName(action));
+            list->addItem(GamepadActionCaption(action));
         }
-        list->setCurrentText(
-            GamepadActionName(i < b.buttons.size() ? b.buttons[i] : GamepadAction{}));
-        auto* label = new QLabel(QStringLiteral("Button %1").arg(i + 1), buttons);
+        list->setCurrentIndex(static_cast<int>(std::max<qsizetype>(
+            0, actions.indexOf(i < b.buttons.size() ? b.buttons[i] : GamepadAction{}))));
+        auto* label = new QLabel(tr("Button %1").arg(i + 1), buttons);
         ui::SetBuddy(label, list);
         // Two columns of eight keep the window short.
         buttonRows->addWidget(label, i % 8, (i / 8) * 2);
@@ -135,8 +135,8 @@ FrmJoystick::FrmJoystick(const GamepadBindings& b, QWidget* parent) : QDialog(pa
 }
 
 void FrmJoystick::ShowController(const QString& name) {
-    ControllerLabel->setText(name.isEmpty() ? QStringLiteral("No joystick connected")
-                                            : QStringLiteral("Controller: ") + name);
+    ControllerLabel->setText(name.isEmpty() ? tr("No joystick connected")
+                                            : tr("Controller: ") + name);
 }
 
 GamepadBindings FrmJoystick::CurrentBindings() const {
@@ -149,8 +149,9 @@ GamepadBindings FrmJoystick::CurrentBindings() const {
     b.invertZoom = InvertZoomCheck->isChecked();
     b.deadZone = DeadZoneBox->value() / 100.0;
     b.curve = CurveList->currentIndex() == 1 ? StickCurve::Squared : StickCurve::Linear;
+    const QList<GamepadAction> actions = AllGamepadActions();
     for (const QComboBox* list : buttonLists_) {
-        b.buttons.append(GamepadActionNamed(list->currentText()));
+        b.buttons.append(actions.value(list->currentIndex()));
     }
     return b;
 }

@@ -5,6 +5,7 @@
 #include "gamepad/frm_joystick.h"
 #include "ui/controls.h"
 
+#include <QCoreApplication>
 #include <QLabel>
 #include <QMenu>
 #include <QSettings>
@@ -21,7 +22,8 @@ Gamepad::Gamepad(FrmMain& window, Quellpad_Support_Func& keyboard, const QString
     controller_.SetBindings(ReadGamepadBindings(bindingsPath_));
 
     if (auto* options = window.findChild<QMenu*>(QStringLiteral("OptionsMenu"))) {
-        JoystickOption = ui::MakeItem(options, "JoystickOption", QStringLiteral("Joystick..."));
+        JoystickOption = ui::MakeItem(options, "JoystickOption",
+                                      QCoreApplication::translate("Gamepad", "Joystick..."));
         // Beside the other settings of the keyboard.
         const QList<QAction*> items = options->actions();
         const auto settings = std::find_if(items.begin(), items.end(), [](const QAction* item) {
@@ -76,7 +78,8 @@ void Gamepad::Start() {
         window_.statusBar()->addWidget(status_);
     }
     if (!source_.Start()) {
-        status_->Show(QStringLiteral("Joystick: unavailable"), source_.ErrorText());
+        status_->Show(QCoreApplication::translate("Gamepad", "Joystick: unavailable"),
+                      source_.ErrorText());
         return;
     }
     ShowController(source_.ControllerName());
@@ -84,8 +87,8 @@ void Gamepad::Start() {
 
 void Gamepad::ShowController(const QString& name) {
     if (status_) {
-        status_->Show(QStringLiteral("Joystick: ") +
-                      (name.isEmpty() ? QStringLiteral("none") : name));
+        status_->Show(QCoreApplication::translate("Gamepad", "Joystick: ") +
+                      (name.isEmpty() ? QCoreApplication::translate("Gamepad", "none") : name));
     }
     if (joystickWindow_) {
         joystickWindow_->ShowController(name);

@@ -1,5 +1,6 @@
 #include "sdl_joystick.h"
 
+#include <QCoreApplication>
 #include <QLibrary>
 #include <QTimer>
 
@@ -50,7 +51,8 @@ QString LoadSdl() {
                               Resolve(library, "SDL_JoystickClose", sdl.JoystickClose) &&
                               Resolve(library, "SDL_PollEvent", sdl.PollEvent) &&
                               Resolve(library, "SDL_NumJoysticks", sdl.NumJoysticks);
-        return complete ? QString() : QStringLiteral("The SDL library is incomplete.");
+        return complete ? QString()
+                        : QCoreApplication::translate("Gamepad", "The SDL library is incomplete.");
     }();
     return error;
 }
@@ -98,7 +100,8 @@ void SdlJoystick::Open(int deviceIndex) {
     }
     instance_ = sdl.JoystickInstanceID(joystick_);
     const char* name = sdl.JoystickName(joystick_);
-    name_ = name ? QString::fromUtf8(name) : QStringLiteral("Joystick %1").arg(deviceIndex + 1);
+    name_ = name ? QString::fromUtf8(name)
+                 : QCoreApplication::translate("Gamepad", "Joystick %1").arg(deviceIndex + 1);
     emit ControllerChanged(name_);
 }
 

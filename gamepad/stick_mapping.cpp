@@ -4,6 +4,7 @@
 #include "engine/numeric.h"
 #include "engine/plain_file.h"
 
+#include <QCoreApplication>
 #include <QSettings>
 
 #include <algorithm>
@@ -39,13 +40,25 @@ QList<GamepadAction> AllGamepadActions() {
 QString GamepadActionName(const GamepadAction& action) {
     switch (action.kind) {
     case GamepadAction::Kind::Lens:
-        return LensPlainCaption(action.lens);
+        return LensEnglishCaption(action.lens);
     case GamepadAction::Kind::PresetGo:
         return QStringLiteral("Preset %1").arg(action.preset);
     case GamepadAction::Kind::None:
         break;
     }
     return QStringLiteral("None");
+}
+
+QString GamepadActionCaption(const GamepadAction& action) {
+    switch (action.kind) {
+    case GamepadAction::Kind::Lens:
+        return LensPlainCaption(action.lens);
+    case GamepadAction::Kind::PresetGo:
+        return QCoreApplication::translate("FrmJoystick", "Preset %1").arg(action.preset);
+    case GamepadAction::Kind::None:
+        break;
+    }
+    return QCoreApplication::translate("FrmJoystick", "None");
 }
 
 GamepadAction GamepadActionNamed(const QString& name) {
@@ -104,7 +117,8 @@ GamepadBindings ReadGamepadBindings(const QString& path) {
 
 void WriteGamepadBindings(const QString& path, const GamepadBindings& b) {
     if (IsNoPlainFile(path)) {
-        throw SettingsError(QStringLiteral("The joystick's settings could not be kept: %1.")
+        throw SettingsError(QCoreApplication::translate(
+                                "FrmJoystick", "The joystick's settings could not be kept: %1.")
                                 .arg(NotPlainFileText(QStringLiteral("Bindings.ini"), path)));
     }
     QSettings file(path, QSettings::IniFormat);

@@ -27,7 +27,10 @@ struct GamepadAction {
 // Every action a button can take, in the order the Joystick window offers them, with its
 // name as the window and the bindings file show it ("Zoom In", "Preset 3", "None").
 QList<GamepadAction> AllGamepadActions();
+// The name the bindings file keeps ("Focus Near", "Preset 3"), English in every language.
 QString GamepadActionName(const GamepadAction& action);
+// The same as the joystick window shows it, in the operator's language.
+QString GamepadActionCaption(const GamepadAction& action);
 GamepadAction GamepadActionNamed(const QString& name); // None for an unknown name
 
 inline constexpr int kNoAxis = -1;

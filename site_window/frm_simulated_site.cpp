@@ -3,6 +3,7 @@
 #include "ui/controls.h"
 #include "ui/window_memory.h"
 
+#include <QCoreApplication>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -244,9 +245,11 @@ void SitePanel::Refresh() {
 
     const site::SimMultiplexer& mux = site.Multiplexer();
     const QString muxText = tr("Display: %1, camera %2\nVCR: %3")
-                                .arg(QLatin1String(site::SimMultiplexer::DisplayName(mux.Mode())))
+                                .arg(QCoreApplication::translate(
+                                    "SiteWords", site::SimMultiplexer::DisplayName(mux.Mode())))
                                 .arg(mux.Camera())
-                                .arg(QLatin1String(site::SimMultiplexer::VcrName(mux.Tape())));
+                                .arg(QCoreApplication::translate(
+                                    "SiteWords", site::SimMultiplexer::VcrName(mux.Tape())));
     if (multiplexer_->text() != muxText) {
         multiplexer_->setText(muxText);
     }

@@ -2,6 +2,8 @@
 
 #include "engine/keyboard_state.h"
 
+#include <QCoreApplication>
+
 namespace quellpad::traffic {
 
 using protocol::Command;
@@ -18,13 +20,16 @@ QString Hundredths(int value) {
 std::optional<QString> ReplyWords(const Command& reply) {
     switch (reply.kind) {
     case Kind::PanReply:
-        return QStringLiteral("pan position %1°").arg(Hundredths(reply.value));
+        return QCoreApplication::translate("TrafficWords", "pan position %1°")
+            .arg(Hundredths(reply.value));
     case Kind::TiltReply:
-        return QStringLiteral("tilt position %1°").arg(Hundredths(reply.value));
+        return QCoreApplication::translate("TrafficWords", "tilt position %1°")
+            .arg(Hundredths(reply.value));
     case Kind::ZoomReply:
-        return QStringLiteral("zoom position %1").arg(reply.value);
+        return QCoreApplication::translate("TrafficWords", "zoom position %1").arg(reply.value);
     case Kind::MagnificationReply:
-        return QStringLiteral("magnification %1").arg(Hundredths(reply.value));
+        return QCoreApplication::translate("TrafficWords", "magnification %1")
+            .arg(Hundredths(reply.value));
     default:
         return std::nullopt;
     }
@@ -129,7 +134,8 @@ QString EquipmentMeaning(Way way, const Command& command) {
     switch (command.language) {
     case Language::D:
     case Language::P: {
-        const QString camera = QStringLiteral("camera %1").arg(command.address);
+        const QString camera =
+            QCoreApplication::translate("TrafficWords", "camera %1").arg(command.address);
         if (sent) {
             return camera + QStringLiteral(": ") + words;
         }
@@ -137,8 +143,9 @@ QString EquipmentMeaning(Way way, const Command& command) {
     }
     case Language::Ascii:
     case Language::MuxAscii: {
-        const QString device = command.language == Language::Ascii ? QStringLiteral("switcher")
-                                                                   : QStringLiteral("multiplexer");
+        const QString device = command.language == Language::Ascii
+                                   ? QCoreApplication::translate("TrafficWords", "switcher")
+                                   : QCoreApplication::translate("TrafficWords", "multiplexer");
         return device + (sent ? QStringLiteral(": ") : QStringLiteral(" ← ")) + words;
     }
     }
@@ -147,7 +154,7 @@ QString EquipmentMeaning(Way way, const Command& command) {
 
 QString Meaning(int port, Way way, const Piece& piece) {
     if (!piece.command) {
-        return QStringLiteral("not decoded: ") +
+        return QCoreApplication::translate("TrafficWords", "not decoded: ") +
                HexText(QByteArray::fromStdString(piece.bytes)).trimmed();
     }
     const Command& command = *piece.command;
@@ -161,7 +168,9 @@ QString Meaning(int port, Way way, const Piece& piece) {
                 protocol::DReplyDecoder().Feed(std::span(bytes, piece.bytes.size()));
             if (const auto words =
                     answers.size() == 1 ? ReplyWords(answers.front()) : std::nullopt) {
-                return PortName(port) + QStringLiteral(" ← camera %1: ").arg(command.address) +
+                return PortName(port) +
+                       QCoreApplication::translate("TrafficWords", " ← camera %1: ")
+                           .arg(command.address) +
                        *words;
             }
         }

@@ -1,5 +1,6 @@
 #include "traffic_log.h"
 
+#include <QCoreApplication>
 #include <QDir>
 
 namespace quellpad::traffic {
@@ -7,8 +8,9 @@ namespace quellpad::traffic {
 namespace {
 
 [[noreturn]] void Fail(const QString& what, const QString& path, const QString& reason) {
-    throw TrafficFileError(QStringLiteral("The traffic %1 \"%2\" cannot be written: %3.")
-                               .arg(what, QDir::toNativeSeparators(path), reason));
+    throw TrafficFileError(
+        QCoreApplication::translate("TrafficLog", "The traffic %1 \"%2\" cannot be written: %3.")
+            .arg(what, QDir::toNativeSeparators(path), reason));
 }
 
 void OpenOrFail(PlainFileWriter& file, const QString& path, const QString& what) {
@@ -35,7 +37,7 @@ FileFormat FormatFor(const QString& path, const QString& chosenFilter) {
 
 void SaveRows(const QString& path, FileFormat format, const std::vector<const TrafficRow*>& rows,
               const QString& after) {
-    const QString what = QStringLiteral("file");
+    const QString what = QCoreApplication::translate("TrafficLog", "file");
     PlainFileWriter file;
     OpenOrFail(file, path, what);
     const bool csv = format == FileFormat::Csv;
@@ -50,8 +52,9 @@ void SaveRows(const QString& path, FileFormat format, const std::vector<const Tr
 }
 
 QString LogStartLine(const QDateTime& at, const QStringList& ports) {
-    return QStringLiteral("Log started ") + at.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")) +
-           QStringLiteral("; ") + ports.join(QStringLiteral("; "));
+    return QCoreApplication::translate("TrafficLog", "Log started ") +
+           at.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")) + QStringLiteral("; ") +
+           ports.join(QStringLiteral("; "));
 }
 
 QString LogLine(const TrafficRow& row) {
@@ -60,11 +63,11 @@ QString LogLine(const TrafficRow& row) {
 }
 
 QString LogHeader() {
-    return QStringLiteral("Date\t") + TextHeader();
+    return QCoreApplication::translate("TrafficLog", "Date\t") + TextHeader();
 }
 
 TrafficLogFile::TrafficLogFile(const QString& path, const QString& startLine) : path_(path) {
-    const QString what = QStringLiteral("log");
+    const QString what = QCoreApplication::translate("TrafficLog", "log");
     // An earlier session's log is the operator's record: it is never cut short.
     if (!file_.Open(path_, PlainFileWriter::Keep::Everything)) {
         Fail(what, path_, file_.Reason());
@@ -95,11 +98,12 @@ void TrafficLogFile::Write(const std::vector<TrafficRow>& rows) {
     file_.Truncate(whole == 0 ? start : rowEnds[whole - 1]);
     const std::size_t lost = rows.size() - whole;
     throw TrafficFileError(
-        QStringLiteral("The traffic log \"%1\" cannot be written: %2. Logging has stopped after "
-                       "the last whole row; %3 not written.")
+        QCoreApplication::translate(
+            "TrafficLog", "The traffic log \"%1\" cannot be written: %2. Logging has stopped after "
+                          "the last whole row; %3 not written.")
             .arg(QDir::toNativeSeparators(path_), file_.Reason(),
-                 lost == 1 ? QStringLiteral("1 row was")
-                           : QStringLiteral("%1 rows were").arg(lost)));
+                 lost == 1 ? QCoreApplication::translate("TrafficLog", "1 row was")
+                           : QCoreApplication::translate("TrafficLog", "%1 rows were").arg(lost)));
 }
 
 } // namespace quellpad::traffic

@@ -1,5 +1,6 @@
 #include "traffic_row.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 
 #include <array>
@@ -30,14 +31,19 @@ template <class Format> QString JoinFields(QChar separator, Format format) {
 
 QString ColumnTitle(int column) {
     static constexpr std::array<const char*, kColumns> kTitles = {
-        "Time", "+ms", "Port", "Direction", "Hex", "Text", "Meaning"};
+        QT_TRANSLATE_NOOP("TrafficWords", "Time"),   "+ms",
+        QT_TRANSLATE_NOOP("TrafficWords", "Port"),   QT_TRANSLATE_NOOP("TrafficWords", "Direction"),
+        QT_TRANSLATE_NOOP("TrafficWords", "Hex"),    QT_TRANSLATE_NOOP("TrafficWords", "Text"),
+        QT_TRANSLATE_NOOP("TrafficWords", "Meaning")};
     return column >= 0 && column < kColumns
-               ? QString::fromLatin1(kTitles[static_cast<std::size_t>(column)])
+               ? QCoreApplication::translate("TrafficWords",
+                                             kTitles[static_cast<std::size_t>(column)])
                : QString();
 }
 
 QString PortName(int port) {
-    return port == kListenPort ? QStringLiteral("Listen") : QStringLiteral("COM %1").arg(port);
+    return port == kListenPort ? QCoreApplication::translate("TrafficWords", "Listen")
+                               : QStringLiteral("COM %1").arg(port);
 }
 
 QString Field(const TrafficRow& row, int column) {
@@ -49,7 +55,8 @@ QString Field(const TrafficRow& row, int column) {
     case kPort:
         return PortName(row.port);
     case kDirection:
-        return row.way == Way::Sent ? QStringLiteral("sent") : QStringLiteral("received");
+        return row.way == Way::Sent ? QCoreApplication::translate("TrafficWords", "sent")
+                                    : QCoreApplication::translate("TrafficWords", "received");
     case kHex:
         return HexText(row.bytes);
     case kText:

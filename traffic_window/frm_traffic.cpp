@@ -28,7 +28,9 @@ using traffic::Way;
 
 namespace {
 
-const QString kFileFilters = QStringLiteral("Text files (*.txt);;CSV files (*.csv)");
+QString FileFilters() {
+    return QCoreApplication::translate("FrmTraffic", "Text files (*.txt);;CSV files (*.csv)");
+}
 // What the window remembers, under this group of the user's configuration.
 const QString kMemoryKey = QStringLiteral("Traffic");
 
@@ -212,7 +214,7 @@ void FrmTraffic::LogToFileButton_Click() {
     // The button shows whether a log is being written, whatever happens below.
     const auto sync = qScopeGuard([this] { LogToFileButton->setChecked(log_ != nullptr); });
     const QString path = QFileDialog::getSaveFileName(this, tr("Log Traffic to File"),
-                                                      ui::LastFolder(kMemoryKey), kFileFilters);
+                                                      ui::LastFolder(kMemoryKey), FileFilters());
     if (!path.isEmpty()) {
         ui::KeepLastFolder(kMemoryKey, path);
         StartLog(path);
@@ -222,7 +224,7 @@ void FrmTraffic::LogToFileButton_Click() {
 void FrmTraffic::SaveButton_Click() {
     QString chosen;
     const QString path = QFileDialog::getSaveFileName(
-        this, tr("Save Traffic"), ui::LastFolder(kMemoryKey), kFileFilters, &chosen);
+        this, tr("Save Traffic"), ui::LastFolder(kMemoryKey), FileFilters(), &chosen);
     if (!path.isEmpty()) {
         ui::KeepLastFolder(kMemoryKey, path);
         const traffic::FileFormat format = traffic::FormatFor(path, chosen);
