@@ -3,6 +3,7 @@
 #include "ui/controls.h"
 #include "ui/key_filter.h"
 
+#include <QCoreApplication>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -17,43 +18,101 @@ namespace quellpad {
 using dialog_parts::DialogButton;
 
 const std::array<AdvancedFixedButton, 11> kAdvancedFixedButtons{{
-    {"Frame1", "Label1", "Set Zero Position", "SetZeroButton", "Set", {0x00, 0x49, 0x00, 0x00}},
+    {"Frame1",
+     "Label1",
+     QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Set Zero Position"),
+     "SetZeroButton",
+     QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Set"),
+     {0x00, 0x49, 0x00, 0x00}},
     // Preset 34 is the receiver's zero-pan position.
-    {"Frame1", "Label15", "Go To Zero Pan", "GoToZeroButton", "Go", {0x00, 0x07, 0x00, 0x22}},
-    {"Frame2", "Label6", "Query Pan Position", "QueryPanButton", "Query", {0x00, 0x51, 0, 0}},
-    {"Frame2", "Label7", "Query Tilt Position", "QueryTiltButton", "Query", {0x00, 0x53, 0, 0}},
-    {"Frame2", "Label8", "Query Zoom Position", "QueryZoomButton", "Query", {0x00, 0x55, 0, 0}},
-    {"Frame2", "Label9", "Query Magnification", "QueryMagButton", "Query", {0x00, 0x61, 0, 0}},
-    {"Frame2", "Label10", "Query Device Type", "QueryDeviceButton", "Query", {0x00, 0x6B, 0, 0}},
+    {"Frame1",
+     "Label15",
+     QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Go To Zero Pan"),
+     "GoToZeroButton",
+     QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Go"),
+     {0x00, 0x07, 0x00, 0x22}},
+    {"Frame2",
+     "Label6",
+     QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Query Pan Position"),
+     "QueryPanButton",
+     QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Query"),
+     {0x00, 0x51, 0, 0}},
+    {"Frame2",
+     "Label7",
+     QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Query Tilt Position"),
+     "QueryTiltButton",
+     QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Query"),
+     {0x00, 0x53, 0, 0}},
+    {"Frame2",
+     "Label8",
+     QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Query Zoom Position"),
+     "QueryZoomButton",
+     QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Query"),
+     {0x00, 0x55, 0, 0}},
+    {"Frame2",
+     "Label9",
+     QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Query Magnification"),
+     "QueryMagButton",
+     QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Query"),
+     {0x00, 0x61, 0, 0}},
+    {"Frame2",
+     "Label10",
+     QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Query Device Type"),
+     "QueryDeviceButton",
+     QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Query"),
+     {0x00, 0x6B, 0, 0}},
     {"Frame2",
      "Label11",
-     "Query Diagnostic Info",
+     QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Query Diagnostic Info"),
      "QueryDiagnosticButton",
-     "Query",
+     QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Query"),
      {0x00, 0x6F, 0, 0}},
     {"Frame3",
      "Label12",
-     "Activate Echo Mode",
+     QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Activate Echo Mode"),
      "ActivateEchoButton",
-     "Activate",
+     QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Activate"),
      {0x00, 0x65, 0, 0}},
-    {"Frame3", "Label13", "Prepare Download", "DownloadButton", "Prepare", {0x00, 0x57, 0, 0}},
-    {"Frame3", "Label14", "Start Download", "StartDownloadButton", "Start", {0x00, 0x69, 0, 0}},
+    {"Frame3",
+     "Label13",
+     QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Prepare Download"),
+     "DownloadButton",
+     QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Prepare"),
+     {0x00, 0x57, 0, 0}},
+    {"Frame3",
+     "Label14",
+     QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Start Download"),
+     "StartDownloadButton",
+     QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Start"),
+     {0x00, 0x69, 0, 0}},
 }};
 
 namespace {
 
-const QString kPanExpected = QStringLiteral("A value from 0 to 359.99 is expected.");
-const QString kTiltExpected = QStringLiteral("Please enter a value between -180 and 180");
-const QString kMagExpected = QStringLiteral("Expected magnification values are from 1 to 350.");
-const QString kWarning = QStringLiteral("Warning!");
-const QString kError = QStringLiteral("Error");
+QString PanExpected() {
+    return QCoreApplication::translate("FrmAdvancedCommands",
+                                       "A value from 0 to 359.99 is expected.");
+}
+QString TiltExpected() {
+    return QCoreApplication::translate("FrmAdvancedCommands",
+                                       "Please enter a value between -180 and 180");
+}
+QString MagExpected() {
+    return QCoreApplication::translate("FrmAdvancedCommands",
+                                       "Expected magnification values are from 1 to 350.");
+}
+QString WarningTitle() {
+    return QCoreApplication::translate("FrmAdvancedCommands", "Warning!");
+}
+QString ErrorTitle() {
+    return QCoreApplication::translate("FrmAdvancedCommands", "Error");
+}
 
 ui::Message Warning(const QString& text) {
-    return {text, kWarning, ui::MessageButtons::Ok, ui::MessageIcon::Critical};
+    return {text, WarningTitle(), ui::MessageButtons::Ok, ui::MessageIcon::Critical};
 }
 ui::Message ChangeError(const QString& text) {
-    return {text, kError, ui::MessageButtons::OkCancel};
+    return {text, ErrorTitle(), ui::MessageButtons::OkCancel};
 }
 
 // Only text the box's keys could have typed is a number here; pasted letters, a minus
@@ -86,7 +145,7 @@ bool TiltKey(QChar c, const QString& before) {
 } // namespace
 
 SetRequest SetPanRequest(const QString& text) {
-    const ui::Message expected{kPanExpected, {}};
+    const ui::Message expected{PanExpected(), {}};
     if (text.isEmpty() || !Typeable(text, false)) {
         return Refused(expected);
     }
@@ -99,37 +158,40 @@ SetRequest SetPanRequest(const QString& text) {
 
 SetRequest SetTiltRequest(const QString& text) {
     if (text.isEmpty()) {
-        return Refused(Warning(kTiltExpected));
+        return Refused(Warning(TiltExpected()));
     }
     const double t = Val(text);
     if (!Typeable(text, true) || t < -180 || t > 180) {
-        return Refused(Warning(kTiltExpected), true);
+        return Refused(Warning(TiltExpected()), true);
     }
     return Loads(0x4D, (t >= 0 ? t : t + 360) * 100);
 }
 
 SetRequest SetMagRequest(const QString& text) {
     if (text.isEmpty()) {
-        return Refused({QStringLiteral("Please enter the magnification value."), {}});
+        return Refused({QCoreApplication::translate("FrmAdvancedCommands",
+                                                    "Please enter the magnification value."),
+                        {}});
     }
     const double m = Val(text);
     if (!Typeable(text, false) || m < 1 || m > 350) {
-        return Refused({kMagExpected, {}});
+        return Refused({MagExpected(), {}});
     }
     return Loads(0x5F, m * 100);
 }
 
 SetRequest SetZoomRequest(const QString& zoomLimit, const QString& setZoom) {
     if (zoomLimit.isEmpty() || setZoom.isEmpty()) {
-        return Refused(Warning(
-            QStringLiteral("Either Zoom Limit or Set Zoom is empty, please enter the value")));
+        return Refused(Warning(QCoreApplication::translate(
+            "FrmAdvancedCommands",
+            "Either Zoom Limit or Set Zoom is empty, please enter the value")));
     }
     const auto z = StrictNumber(setZoom);
     const auto limit = StrictNumber(zoomLimit);
     // A zero zoom is refused, a zero limit only by the zoom being above it.
     if (!z || !limit || *z <= 0 || *limit < 0 || *z > *limit) {
-        return Refused(
-            Warning(QStringLiteral("Either Zoom limit's or Set Zoom's values is not valid")));
+        return Refused(Warning(QCoreApplication::translate(
+            "FrmAdvancedCommands", "Either Zoom limit's or Set Zoom's values is not valid")));
     }
     const double zoom = Val(setZoom);
     const double full = Val(zoomLimit);
@@ -142,7 +204,8 @@ SetRequest SetZoomRequest(const QString& zoomLimit, const QString& setZoom) {
 
 std::optional<ui::Message> PanBoxRefusal(const QString& text) {
     if (Val(text) > 359.99) {
-        return ChangeError(QStringLiteral("Values From 0 to 359.99 Expected"));
+        return ChangeError(
+            QCoreApplication::translate("FrmAdvancedCommands", "Values From 0 to 359.99 Expected"));
     }
     return std::nullopt;
 }
@@ -150,7 +213,8 @@ std::optional<ui::Message> PanBoxRefusal(const QString& text) {
 std::optional<ui::Message> TiltBoxRefusal(const QString& text) {
     const double t = Val(text);
     if (t < -180 || t > 180) {
-        return ChangeError(QStringLiteral("Values From -180 to 180 Expected"));
+        return ChangeError(
+            QCoreApplication::translate("FrmAdvancedCommands", "Values From -180 to 180 Expected"));
     }
     return std::nullopt;
 }
@@ -159,20 +223,21 @@ std::optional<ui::Message> MagBoxRefusal(const QString& text) {
     // An empty or half-typed box ("0.", ".") counts as 0 and is refused at once.
     const double m = Val(text);
     if (m < 1 || m > 350) {
-        return ChangeError(QStringLiteral("A Value of 1 to 350 Expected"));
+        return ChangeError(
+            QCoreApplication::translate("FrmAdvancedCommands", "A Value of 1 to 350 Expected"));
     }
     return std::nullopt;
 }
 
 FrmAdvancedCommands::FrmAdvancedCommands(Quellpad_Support_Func& keyboard, QWidget* parent)
     : QDialog(parent), keyboard_(keyboard), boundary_(this) {
-    dialog_parts::SetUpWindow(this, "FrmAdvancedCommands", QStringLiteral("Advanced Commands"));
+    dialog_parts::SetUpWindow(this, "FrmAdvancedCommands", tr("Advanced Commands"));
 
     QGroupBox* frames[] = {
-        ui::MakeFrame(this, "Frame1", QStringLiteral("Set Position")),
-        ui::MakeFrame(this, "Frame2", QStringLiteral("Query")),
-        ui::MakeFrame(this, "Frame3", QStringLiteral("Miscellaneous")),
-        ui::MakeFrame(this, "Frame4", QStringLiteral("Set Zoom")),
+        ui::MakeFrame(this, "Frame1", tr("Set Position")),
+        ui::MakeFrame(this, "Frame2", tr("Query")),
+        ui::MakeFrame(this, "Frame3", tr("Miscellaneous")),
+        ui::MakeFrame(this, "Frame4", tr("Set Zoom")),
     };
     QGridLayout* grids[4];
     for (int i = 0; i < 4; ++i) {
@@ -202,8 +267,8 @@ FrmAdvancedCommands::FrmAdvancedCommands(Quellpad_Support_Func& keyboard, QWidge
         return button;
     };
     const auto fixed = [&](int frame, const AdvancedFixedButton& entry) {
-        QPushButton* button = row(frame, entry.label, QLatin1String(entry.labelText), nullptr,
-                                  nullptr, entry.name, QLatin1String(entry.caption));
+        QPushButton* button = row(frame, entry.label, tr(entry.labelText), nullptr, nullptr,
+                                  entry.name, tr(entry.caption));
         const CommandBytes bytes = entry.bytes;
         connect(button, &QPushButton::clicked, this, [this, entry, bytes] {
             boundary_.Run(entry.name, [&] { LoadCommand(keyboard_, bytes); });
@@ -214,22 +279,21 @@ FrmAdvancedCommands::FrmAdvancedCommands(Quellpad_Support_Func& keyboard, QWidge
     };
 
     fixed(0, kAdvancedFixedButtons[0]);
-    QPushButton* setPan = row(0, "Label2", QStringLiteral("Set Pan Position"), &SetPanTextBox,
-                              "SetPanTextBox", "SetPanButton", QStringLiteral("Set "));
-    QPushButton* setTilt = row(0, "Label3", QStringLiteral("Set Tilt Position"), &SetTiltTextBox,
-                               "SetTiltTextBox", "SetTiltButton", QStringLiteral("Set"));
-    QPushButton* setMag = row(0, "Label5", QStringLiteral("Set Magnification"), &SetMagTextBox,
-                              "SetMagTextBox", "SetMagButton", QStringLiteral("Set"));
+    QPushButton* setPan = row(0, "Label2", tr("Set Pan Position"), &SetPanTextBox, "SetPanTextBox",
+                              "SetPanButton", tr("Set "));
+    QPushButton* setTilt = row(0, "Label3", tr("Set Tilt Position"), &SetTiltTextBox,
+                               "SetTiltTextBox", "SetTiltButton", tr("Set"));
+    QPushButton* setMag = row(0, "Label5", tr("Set Magnification"), &SetMagTextBox, "SetMagTextBox",
+                              "SetMagButton", tr("Set"));
     for (const AdvancedFixedButton& entry : kAdvancedFixedButtons) {
         if (&entry != &kAdvancedFixedButtons[0]) {
             fixed(frameOf(entry), entry);
         }
     }
-    row(3, "Label16", QStringLiteral("Enter Zoom Limit"), &ZoomLimitTextBox, "ZoomLimitTextBox",
-        nullptr, {});
-    QPushButton* setZoom = row(3, "Label4", QStringLiteral("Set Zoom Position"), &SetZoomTextBox,
-                               "SetZoomTextBox", "SetZoomButton", QStringLiteral("Set"));
-    QPushButton* back = DialogButton(this, "AdvancedBackButton", QStringLiteral("Back"));
+    row(3, "Label16", tr("Enter Zoom Limit"), &ZoomLimitTextBox, "ZoomLimitTextBox", nullptr, {});
+    QPushButton* setZoom = row(3, "Label4", tr("Set Zoom Position"), &SetZoomTextBox,
+                               "SetZoomTextBox", "SetZoomButton", tr("Set"));
+    QPushButton* back = DialogButton(this, "AdvancedBackButton", tr("Back"));
 
     QFont face = font();
     face.setFamily(QStringLiteral("MS Sans Serif"));

@@ -3,6 +3,7 @@
 #include "ui/controls.h"
 
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QEvent>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -133,14 +134,18 @@ struct AdjusterRow {
     const char* up;
 };
 const AdjusterRow kAdjusterRows[] = {
-    {AdjustTarget::IrisLevel, "Label6", "Auto Iris Level", "IrisLevelDownButton", "IrisLevelPic",
-     "IrisLevelUpButton"},
-    {AdjustTarget::IrisPeak, "Label7", "Auto Iris Peak", "IrisPeakDownButton", "IrisPeakPic",
-     "IrisPeakUpButton"},
-    {AdjustTarget::RedGain, "Label8", "R - Gain", "RedGainDownButton", "RedGainPic",
-     "RedGainUpButton"},
-    {AdjustTarget::BlueGain, "Label9", "B - Gain", "BlueGainDownButton", "BlueGainPic",
-     "BlueGainUpButton"},
+    {AdjustTarget::IrisLevel, "Label6",
+     QT_TRANSLATE_NOOP("quellpad::FrmExtendedCommands", "Auto Iris Level"), "IrisLevelDownButton",
+     "IrisLevelPic", "IrisLevelUpButton"},
+    {AdjustTarget::IrisPeak, "Label7",
+     QT_TRANSLATE_NOOP("quellpad::FrmExtendedCommands", "Auto Iris Peak"), "IrisPeakDownButton",
+     "IrisPeakPic", "IrisPeakUpButton"},
+    {AdjustTarget::RedGain, "Label8",
+     QT_TRANSLATE_NOOP("quellpad::FrmExtendedCommands", "R - Gain"), "RedGainDownButton",
+     "RedGainPic", "RedGainUpButton"},
+    {AdjustTarget::BlueGain, "Label9",
+     QT_TRANSLATE_NOOP("quellpad::FrmExtendedCommands", "B - Gain"), "BlueGainDownButton",
+     "BlueGainPic", "BlueGainUpButton"},
 };
 
 QLabel* MakeDisplay(QWidget* parent, const char* name, const QString& caption) {
@@ -161,7 +166,7 @@ QLabel* MakeDisplay(QWidget* parent, const char* name, const QString& caption) {
 FrmExtendedCommands::FrmExtendedCommands(Quellpad_Support_Func& keyboard, LevelAdjusters& levels,
                                          QWidget* parent)
     : QDialog(parent), keyboard_(keyboard), boundary_(this), adjusters_(levels) {
-    dialog_parts::SetUpWindow(this, "FrmExtendedCommands", QStringLiteral("Extended Commands"));
+    dialog_parts::SetUpWindow(this, "FrmExtendedCommands", tr("Extended Commands"));
 
     auto* frame1 = ui::MakeFrame(this, "Frame1", {});
     auto* grid1 = new QGridLayout(frame1);
@@ -181,7 +186,7 @@ FrmExtendedCommands::FrmExtendedCommands(Quellpad_Support_Func& keyboard, LevelA
     const auto fixedRow = [&](const char* label, const char* caption, const char* first,
                               const QString& firstCaption, const char* second) {
         const int at = grid1->rowCount();
-        const QString rowText = QLatin1String(caption);
+        const QString rowText = tr(caption);
         grid1->addWidget(ui::MakeLabel(frame1, label, rowText), at, 0);
         // Several buttons read "on" or "off"; the row says which one.
         QPushButton* button = fixedButton(first, firstCaption);
@@ -189,20 +194,22 @@ FrmExtendedCommands::FrmExtendedCommands(Quellpad_Support_Func& keyboard, LevelA
         button->setAccessibleDescription(rowText);
         grid1->addWidget(button, at, 1);
         if (second) {
-            button = fixedButton(second, QStringLiteral("off"));
+            button = fixedButton(second, tr("off"));
             button->setAccessibleName(ui::RowActionName(rowText, button->text()));
             button->setAccessibleDescription(rowText);
             grid1->addWidget(button, at, 2);
         }
     };
-    fixedRow("Label12", "Query", "QueryButton", QStringLiteral("Query"), nullptr);
-    const QString on = QStringLiteral("on");
-    fixedRow("Label1", "Auto Focus", "AutoFocusOnButton", on, "AutoFocusOffButton");
-    fixedRow("Label2", "Auto Iris", "AutoIrisOnButton", on, "AutoIrisOffButton");
-    fixedRow("Label11", "Auto AGC", "AutoAgcOnButton", on, "AutoAgcOffButton");
-    fixedRow("Label3", "Auto White Balance", "AutoWhiteOnButton", on, "AutoWhiteOffButton");
-    fixedRow("Label4", "Backlight Compensation", "BacklightOnButton", on, "BacklightOffButton");
-    fixedRow("Label5", "Reset Camera to Defaults", "ResetCamButton", QStringLiteral("Reset"),
+    fixedRow("Label12", QT_TR_NOOP("Query"), "QueryButton", tr("Query"), nullptr);
+    const QString on = tr("on");
+    fixedRow("Label1", QT_TR_NOOP("Auto Focus"), "AutoFocusOnButton", on, "AutoFocusOffButton");
+    fixedRow("Label2", QT_TR_NOOP("Auto Iris"), "AutoIrisOnButton", on, "AutoIrisOffButton");
+    fixedRow("Label11", QT_TR_NOOP("Auto AGC"), "AutoAgcOnButton", on, "AutoAgcOffButton");
+    fixedRow("Label3", QT_TR_NOOP("Auto White Balance"), "AutoWhiteOnButton", on,
+             "AutoWhiteOffButton");
+    fixedRow("Label4", QT_TR_NOOP("Backlight Compensation"), "BacklightOnButton", on,
+             "BacklightOffButton");
+    fixedRow("Label5", QT_TR_NOOP("Reset Camera to Defaults"), "ResetCamButton", tr("Reset"),
              nullptr);
 
     auto* frame2 = ui::MakeFrame(this, "Frame2", {});
@@ -210,12 +217,12 @@ FrmExtendedCommands::FrmExtendedCommands(Quellpad_Support_Func& keyboard, LevelA
     std::size_t next = 0;
     for (const AdjusterRow& row : kAdjusterRows) {
         const int at = grid2->rowCount();
-        const QString caption = QLatin1String(row.caption);
+        const QString caption = tr(row.caption);
         grid2->addWidget(ui::MakeLabel(frame2, row.label, caption), at, 0);
         QPushButton* down = DialogButton(frame2, row.down, QStringLiteral("<<"));
         QPushButton* up = DialogButton(frame2, row.up, QStringLiteral(">>"));
-        down->setAccessibleName(caption + QStringLiteral(" down"));
-        up->setAccessibleName(caption + QStringLiteral(" up"));
+        down->setAccessibleName(tr("%1 down").arg(caption));
+        up->setAccessibleName(tr("%1 up").arg(caption));
         QLabel* display = MakeDisplay(frame2, row.display, caption);
         displays_[static_cast<std::size_t>(row.target)] = display;
         grid2->addWidget(down, at, 1);
@@ -229,12 +236,12 @@ FrmExtendedCommands::FrmExtendedCommands(Quellpad_Support_Func& keyboard, LevelA
     {
         // The gain limit has no command in this keyboard; its controls are shown inert.
         const int at = grid2->rowCount();
-        grid2->addWidget(ui::MakeLabel(frame2, "Label10", QStringLiteral("Gain Limit")), at, 0);
+        grid2->addWidget(ui::MakeLabel(frame2, "Label10", tr("Gain Limit")), at, 0);
         QPushButton* down = DialogButton(frame2, "GainLimitDownButton", QStringLiteral("<<"));
         QPushButton* up = DialogButton(frame2, "GainLimitUpButton", QStringLiteral(">>"));
-        QLabel* display = MakeDisplay(frame2, "GainLimitPic", QStringLiteral("Gain Limit"));
-        down->setAccessibleName(QStringLiteral("Gain Limit down"));
-        up->setAccessibleName(QStringLiteral("Gain Limit up"));
+        QLabel* display = MakeDisplay(frame2, "GainLimitPic", tr("Gain Limit"));
+        down->setAccessibleName(tr("Gain Limit down"));
+        up->setAccessibleName(tr("Gain Limit up"));
         for (QWidget* w : {static_cast<QWidget*>(down), static_cast<QWidget*>(display),
                            static_cast<QWidget*>(up)}) {
             w->setEnabled(false);
@@ -248,7 +255,7 @@ FrmExtendedCommands::FrmExtendedCommands(Quellpad_Support_Func& keyboard, LevelA
     ui::ShowReading(Display(AdjustTarget::RedGain), QString::number(adjusters_.RedGain));
     ui::ShowReading(Display(AdjustTarget::BlueGain), QString::number(adjusters_.BlueGain));
 
-    auto* frame3 = ui::MakeFrame(this, "Frame3", QStringLiteral("Shutter Speed"));
+    auto* frame3 = ui::MakeFrame(this, "Frame3", tr("Shutter Speed"));
     auto* grid3 = new QGridLayout(frame3);
     OptionNTSC = ui::MakeOption(frame3, "OptionNTSC", QStringLiteral("NTSC"));
     OptionPAL = ui::MakeOption(frame3, "OptionPAL", QStringLiteral("PAL"));
@@ -256,10 +263,10 @@ FrmExtendedCommands::FrmExtendedCommands(Quellpad_Support_Func& keyboard, LevelA
     OptionPAL->setFocusPolicy(Qt::StrongFocus);
     ComboNTSC = new QComboBox(frame3);
     ComboNTSC->setObjectName(QStringLiteral("ComboNTSC"));
-    ComboNTSC->setAccessibleName(QStringLiteral("NTSC shutter speed"));
+    ComboNTSC->setAccessibleName(tr("NTSC shutter speed"));
     ComboPAL = new QComboBox(frame3);
     ComboPAL->setObjectName(QStringLiteral("ComboPAL"));
-    ComboPAL->setAccessibleName(QStringLiteral("PAL shutter speed"));
+    ComboPAL->setAccessibleName(tr("PAL shutter speed"));
     ComboNTSC->clear();
     ComboNTSC->addItems(kNtscShutterSpeeds);
     ComboPAL->clear();
@@ -269,7 +276,7 @@ FrmExtendedCommands::FrmExtendedCommands(Quellpad_Support_Func& keyboard, LevelA
     // Until a standard is chosen the NTSC list shows greyed and nothing can be set.
     ComboNTSC->setEnabled(false);
     ComboPAL->setVisible(false);
-    SetShutterSpeedButton = DialogButton(frame3, "SetShutterSpeedButton", QStringLiteral("Set"));
+    SetShutterSpeedButton = DialogButton(frame3, "SetShutterSpeedButton", tr("Set"));
     SetShutterSpeedButton->setEnabled(false);
     grid3->addWidget(OptionNTSC, 0, 0);
     grid3->addWidget(OptionPAL, 1, 0);
@@ -278,7 +285,7 @@ FrmExtendedCommands::FrmExtendedCommands(Quellpad_Support_Func& keyboard, LevelA
     grid3->addWidget(ComboPAL, 0, 1);
     grid3->addWidget(SetShutterSpeedButton, 1, 1);
 
-    QPushButton* back = DialogButton(this, "ExtendedBackButton", QStringLiteral("Back"));
+    QPushButton* back = DialogButton(this, "ExtendedBackButton", tr("Back"));
     AdjustTimer = ui::MakeTimer(this, "AdjustTimer");
     AdjustTimer->setInterval(50);
 

@@ -26,10 +26,10 @@ QSizeF FrmLabel::SizeForScreen(double screenHeightTwips) {
 FrmLabel::FrmLabel(Quellpad_Support_Func& keyboard, QWidget* parent)
     : QDialog(parent), keyboard_(keyboard) {
     setObjectName(QStringLiteral("FrmLabel"));
-    setWindowTitle(QStringLiteral("Preset/Zone Label or Camera Title"));
+    setWindowTitle(tr("Preset/Zone Label or Camera Title"));
     setModal(true);
 
-    auto* label = ui::MakeLabel(this, "LabelLabel", QStringLiteral("Label"));
+    auto* label = ui::MakeLabel(this, "LabelLabel", tr("Label"));
     LabelTextBox = ui::MakeTextBox(this, "LabelTextBox", label);
     LabelTextBox->setMaxLength(kMaximumLength);
     LabelTextBox->setText(keyboard_.LabelText.left(kMaximumLength));

@@ -9,6 +9,7 @@
 #include "ui/messages.h"
 
 #include <QCheckBox>
+#include <QCoreApplication>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -23,17 +24,19 @@ namespace {
 const char* const kBaudNames[] = {"BR2400", "BR4800", "BR9600", "BR19200"};
 const char* const kBaudRates[] = {"2400", "4800", "9600", "19200"};
 const char* const kParityNames[] = {"P_None", "P_Odd", "P_Even"};
-const char* const kParityCaptions[] = {"None", "Odd", "Even"};
+const char* const kParityCaptions[] = {QT_TRANSLATE_NOOP("quellpad::frmSettings", "None"),
+                                       QT_TRANSLATE_NOOP("quellpad::frmSettings", "Odd"),
+                                       QT_TRANSLATE_NOOP("quellpad::frmSettings", "Even")};
 const char* const kParityLetters[] = {"n", "o", "e"};
 } // namespace
 
 frmSettings::frmSettings(Quellpad_Support_Func& keyboard, QWidget* parent)
     : QDialog(parent), keyboard_(keyboard), boundary_(this) {
     setObjectName(QStringLiteral("frmSettings"));
-    setWindowTitle(QStringLiteral("Settings"));
+    setWindowTitle(tr("Settings"));
     setModal(true);
 
-    auto* baudFrame = ui::MakeFrame(this, "Frame1", QStringLiteral("Baud Rate"));
+    auto* baudFrame = ui::MakeFrame(this, "Frame1", tr("Baud Rate"));
     auto* baudColumn = new QVBoxLayout(baudFrame);
     for (int i = 0; i < 4; ++i) {
         const QString rate = QLatin1String(kBaudRates[i]);
@@ -43,12 +46,11 @@ frmSettings::frmSettings(Quellpad_Support_Func& keyboard, QWidget* parent)
             boundary_.Run("BaudRate_Click", [&] { keyboard_.BaudRate = rate; });
         });
     }
-    auto* parityFrame = ui::MakeFrame(this, "Frame2", QStringLiteral("Parity"));
+    auto* parityFrame = ui::MakeFrame(this, "Frame2", tr("Parity"));
     auto* parityColumn = new QVBoxLayout(parityFrame);
     for (int i = 0; i < 3; ++i) {
         const QString letter = QLatin1String(kParityLetters[i]);
-        parity_[i] =
-            ui::MakeOption(parityFrame, kParityNames[i], QLatin1String(kParityCaptions[i]));
+        parity_[i] = ui::MakeOption(parityFrame, kParityNames[i], tr(kParityCaptions[i]));
         parityColumn->addWidget(parity_[i], 0, Qt::AlignLeft);
         connect(parity_[i], &QRadioButton::clicked, this, [this, letter] {
             boundary_.Run("Parity_Click", [&] { keyboard_.Parity = letter; });
@@ -56,8 +58,8 @@ frmSettings::frmSettings(Quellpad_Support_Func& keyboard, QWidget* parent)
     }
     parityColumn->addStretch();
 
-    rts_ = ui::MakeCheckBox(this, "RTS_CheckBox", QStringLiteral("Hold RTS High"));
-    rts_->setToolTip(QStringLiteral("For use with \"port powered\" RS-232 to RS-422 converters"));
+    rts_ = ui::MakeCheckBox(this, "RTS_CheckBox", tr("Hold RTS High"));
+    rts_->setToolTip(tr("For use with \"port powered\" RS-232 to RS-422 converters"));
     connect(rts_, &QCheckBox::clicked, this, [this](bool checked) {
         boundary_.Run("RTS_CheckBox_Click", [&] {
             keyboard_.HoldRts = checked ? QStringLiteral("True") : QStringLiteral("False");
@@ -66,12 +68,12 @@ frmSettings::frmSettings(Quellpad_Support_Func& keyboard, QWidget* parent)
 
     // What each port is bound to. A port bound by its environment variable is shown but
     // cannot be changed here: the variable would win again at the next start.
-    auto* devicesFrame = ui::MakeFrame(this, "PortsFrame", QStringLiteral("Devices"));
+    auto* devicesFrame = ui::MakeFrame(this, "PortsFrame", tr("Devices"));
     auto* devicesGrid = new QGridLayout(devicesFrame);
     for (int i = 0; i < 2; ++i) {
         const QByteArray com = "Com" + QByteArray::number(i + 1);
         auto* label = ui::MakeLabel(devicesFrame, ("lbl" + com + "Device").constData(),
-                                    QStringLiteral("COM &%1 device:").arg(i + 1));
+                                    tr("COM &%1 device:").arg(i + 1));
         device_[i] = new PortChoiceBox(devicesFrame, ("cbo" + com + "Device").constData(), label);
         source_[i] = ui::MakeLabel(devicesFrame, ("lbl" + com + "Source").constData());
         devicesGrid->addWidget(label, i, 0);
@@ -80,8 +82,8 @@ frmSettings::frmSettings(Quellpad_Support_Func& keyboard, QWidget* parent)
     }
     devicesGrid->setColumnStretch(1, 1);
 
-    auto* save = ui::MakeButton(this, "Save", QStringLiteral("Save"));
-    auto* cancel = ui::MakeButton(this, "Cancel", QStringLiteral("Cancel"));
+    auto* save = ui::MakeButton(this, "Save", tr("Save"));
+    auto* cancel = ui::MakeButton(this, "Cancel", tr("Cancel"));
     connect(save, &QPushButton::clicked, this, [this] { Save_Click(); });
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
 
@@ -136,7 +138,7 @@ std::optional<QList<int>> frmSettings::ChangedPorts() {
         }
         const QString chosen = device_[i]->Binding();
         if (const std::optional<QString> problem = BindingProblem(i + 1, chosen)) {
-            ui::ShowMessage(this, {*problem, QStringLiteral("Error")});
+            ui::ShowMessage(this, {*problem, tr("Error")});
             device_[i]->setFocus();
             return std::nullopt;
         }

@@ -3,6 +3,7 @@
 #include "dialogs/dialog_parts.h"
 #include "ui/controls.h"
 
+#include <QCoreApplication>
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -75,13 +76,10 @@ MenuKey MenuKeyOf(int qtKey) {
 }
 
 QString MenuControlInstructions() {
-    const QString crLf = QStringLiteral("\r\n");
-    const QString quote = QStringLiteral("\"");
-    return QStringLiteral("Enter menu commands via the arrow keys,") + crLf +
-           QStringLiteral("the ") + quote + u'O' + quote +
-           QStringLiteral(" key for iris open, and the ") + quote + u'C' + quote + crLf +
-           QStringLiteral("key for iris close.  Use the ") + quote + u'M' + quote +
-           QStringLiteral(" key to") + crLf + QStringLiteral("obtain access to the menus.");
+    return QCoreApplication::translate("frmMenuControl",
+                                       "Enter menu commands via the arrow keys,\r\nthe \"O\" key "
+                                       "for iris open, and the \"C\"\r\nkey for iris close.  Use "
+                                       "the \"M\" key to\r\nobtain access to the menus.");
 }
 
 MenuKeyOutcome MenuKeyDown(Quellpad_Support_Func& k, MenuKey key) {
@@ -153,10 +151,11 @@ MenuKeyPicture::MenuKeyPicture(QWidget* parent, const char* name, MenuKey key, b
     setObjectName(QLatin1String(name));
     setFocusPolicy(Qt::NoFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    static const char* const names[] = {"Right arrow", "Left arrow", "Up arrow",
-                                        "Down arrow",  "Iris open",  "Iris close"};
-    setAccessibleName(QLatin1String(names[PictureIndex(key)]) +
-                      (on ? QStringLiteral(" held") : QString()));
+    static const char* const names[] = {QT_TR_NOOP("Right arrow"), QT_TR_NOOP("Left arrow"),
+                                        QT_TR_NOOP("Up arrow"),    QT_TR_NOOP("Down arrow"),
+                                        QT_TR_NOOP("Iris open"),   QT_TR_NOOP("Iris close")};
+    const QString keyName = tr(names[PictureIndex(key)]);
+    setAccessibleName(on ? tr("%1 held").arg(keyName) : keyName);
 }
 
 void MenuKeyPicture::paintEvent(QPaintEvent*) {
@@ -207,8 +206,7 @@ void MenuKeyPicture::paintEvent(QPaintEvent*) {
         const QRectF bottom(cap.left(), cap.top() + cap.height() * 0.6, cap.width(),
                             cap.height() * 0.3);
         painter.drawText(bottom, Qt::AlignCenter,
-                         key_ == MenuKey::IrisOpen ? QStringLiteral("Iris Open")
-                                                   : QStringLiteral("Iris Close"));
+                         key_ == MenuKey::IrisOpen ? tr("Iris Open") : tr("Iris Close"));
         return;
     }
     // An arrow head and shaft pointing right, turned to the key's direction.
@@ -234,7 +232,7 @@ void MenuKeyPicture::paintEvent(QPaintEvent*) {
 
 frmMenuControl::frmMenuControl(Quellpad_Support_Func& keyboard, QWidget* parent)
     : QDialog(parent), keyboard_(keyboard), boundary_(this) {
-    dialog_parts::SetUpWindow(this, "frmMenuControl", QStringLiteral("Arrow/Menu Control"));
+    dialog_parts::SetUpWindow(this, "frmMenuControl", tr("Arrow/Menu Control"));
     setFocusPolicy(Qt::StrongFocus);
     setAutoFillBackground(true);
 

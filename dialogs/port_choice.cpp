@@ -3,6 +3,7 @@
 #include "engine/stable_device_names.h"
 #include "ui/controls.h"
 
+#include <QCoreApplication>
 #include <QLabel>
 #include <QLineEdit>
 
@@ -10,7 +11,9 @@ namespace quellpad {
 
 namespace {
 
-const QString kSimulatedSiteCaption = QStringLiteral("Simulated site");
+QString SimulatedSiteCaption() {
+    return QCoreApplication::translate("PortChoiceBox", "Simulated site");
+}
 
 } // namespace
 
@@ -49,7 +52,7 @@ void PortChoiceBox::Fill(const QList<DeviceChoice>& devices) {
     for (const DeviceChoice& device : devices) {
         addItem(device.caption, device.path);
     }
-    addItem(kSimulatedSiteCaption, kSimulatedSiteBinding);
+    addItem(SimulatedSiteCaption(), kSimulatedSiteBinding);
     // Forms to complete rather than choices: picked as they are, they are refused on Save.
     for (const QString& form :
          {QStringLiteral("tcp://host:port"), QStringLiteral("rfc2217://host:port")}) {
@@ -69,13 +72,14 @@ void PortChoiceBox::showPopup() {
 QString BindingSourceCaption(int portNumber, BindingSource source) {
     switch (source) {
     case BindingSource::Environment:
-        return QStringLiteral("Set by ") + BindingVariable(portNumber);
+        return QCoreApplication::translate("PortChoiceBox", "Set by %1")
+            .arg(BindingVariable(portNumber));
     case BindingSource::BindingsFile:
-        return QStringLiteral("Chosen here");
+        return QCoreApplication::translate("PortChoiceBox", "Chosen here");
     case BindingSource::Default:
         break;
     }
-    return QStringLiteral("The system's default");
+    return QCoreApplication::translate("PortChoiceBox", "The system's default");
 }
 
 } // namespace quellpad

@@ -6,6 +6,7 @@
 #include "ui/key_filter.h"
 #include "ui/messages.h"
 
+#include <QCoreApplication>
 #include <QFontDatabase>
 #include <QKeyEvent>
 #include <QLabel>
@@ -38,17 +39,17 @@ constexpr qsizetype kHistoryLimit = 200;
 
 QString TypeCommandsInstruction(const QString& mode) {
     if (IsAsciiMode(mode)) {
-        return kCrLf + QStringLiteral("Type ASCII bytes and send them by pressing the") + kQuote +
-               QStringLiteral("Enter") + kQuote +
-               QStringLiteral(" key.  For example; 1Ma would represent") + kCrLf +
-               QStringLiteral("the monitor 1 select command.  ASCII command") + kCrLf +
-               QStringLiteral("responses will appear below.");
+        return QCoreApplication::translate(
+            "FrmTypeCmnds", "\r\nType ASCII bytes and send them by pressing the\"Enter\" key.  "
+                            "For example; 1Ma would represent\r\nthe monitor 1 "
+                            "select command.  ASCII command\r\nresponses will "
+                            "appear below.");
     }
-    return kCrLf + QStringLiteral("Type Hexadecimal bytes and send them by pressing the") + kQuote +
-           QStringLiteral("Enter") + kQuote +
-           QStringLiteral(" key.  For example; FF 01 00 00 00 00 01 would") + kCrLf +
-           QStringLiteral("represent the camera 1 stop command in D Protocol.") + kCrLf +
-           QStringLiteral("The command response will appear below.");
+    return QCoreApplication::translate(
+        "FrmTypeCmnds",
+        "\r\nType Hexadecimal bytes and send them by pressing the\"Enter\" key.  For "
+        "example; FF 01 00 00 00 00 01 would\r\nrepresent the camera 1 stop command "
+        "in D Protocol.\r\nThe command response will appear below.");
 }
 
 bool TypedCommandKey(const QString& mode, QChar c) {
@@ -64,17 +65,15 @@ bool TypedCommandKey(const QString& mode, QChar c) {
 
 FrmTypeCmnds::FrmTypeCmnds(Quellpad_Support_Func& keyboard, QWidget* parent)
     : QDialog(parent), keyboard_(keyboard), boundary_(this), mode_(keyboard.CurrentMode) {
-    dialog_parts::SetUpWindow(this, "FrmTypeCmnds", QStringLiteral("Type Commands"));
+    dialog_parts::SetUpWindow(this, "FrmTypeCmnds", tr("Type Commands"));
     InstructionLabel = ui::MakeLabel(this, "InstructionLabel");
-    auto* toSendLabel =
-        ui::MakeLabel(this, "CommandToSendLabel", QStringLiteral("Command To Send"));
+    auto* toSendLabel = ui::MakeLabel(this, "CommandToSendLabel", tr("Command To Send"));
     CommandToSendTextBox = ui::MakeTextBox(this, "CommandToSendTextBox", toSendLabel);
     CommandToSendTextBox->setMaxLength(kTypedLineLimit);
     ui::FilterCharacters(CommandToSendTextBox,
                          [this](QChar c, const QString&) { return TypedCommandKey(mode_, c); });
     CommandToSendTextBox->installEventFilter(this);
-    auto* responseLabel =
-        ui::MakeLabel(this, "CommandResponseLabel", QStringLiteral("Command Response"));
+    auto* responseLabel = ui::MakeLabel(this, "CommandResponseLabel", tr("Command Response"));
     CommandResponseTextBox = new QPlainTextEdit(this);
     CommandResponseTextBox->setObjectName(QStringLiteral("CommandResponseTextBox"));
     CommandResponseTextBox->setReadOnly(true);
@@ -127,14 +126,14 @@ void FrmTypeCmnds::CommandToSendTextBox_Enter() {
     } else if (HexMode(mode_)) {
         typed = ParseTypedBytes(line);
         for (int i = 0; i < typed.unclosedQuotes; ++i) {
-            ui::ShowMessage(this, {QStringLiteral("No closing quote found."), {}});
+            ui::ShowMessage(this, {tr("No closing quote found."), {}});
         }
     } else {
         return;
     }
     if (typed.refused) {
-        ui::ShowMessage(this, {QStringLiteral("Nothing was sent: the line holds characters that "
-                                              "are no bytes of this mode."),
+        ui::ShowMessage(this, {tr("Nothing was sent: the line holds characters that "
+                                  "are no bytes of this mode."),
                                {}});
         return;
     }
