@@ -117,7 +117,7 @@ void FrmMain::ConnectHandlers() {
         portAlerts_[number - 1] =
             untold == 0
                 ? PortAlert{}
-                : PortAlert{QStringLiteral("%1 more since the last message, the latest at %2")
+                : PortAlert{tr("%1 more since the last message, the latest at %2")
                                 .arg(untold)
                                 .arg(QTime::currentTime().toString(QStringLiteral("HH:mm:ss"))),
                             latest};
@@ -176,7 +176,7 @@ void FrmMain::LoadKeyboard() {
 
     const QString& mode = keyboard_.CurrentMode;
     if (IsFrameMode(mode)) {
-        ui::SetCaption(ZoneNumberLabel, TwoLines("Zone", kNumber));
+        ui::SetCaption(ZoneNumberLabel, TwoLines(tr("Zone"), NumberCaption()));
     }
     D_Protocol_Menu_Option->setChecked(mode == kModeD);
     P_Protocol_Menu_Option->setChecked(mode == kModeP);
@@ -202,13 +202,13 @@ void FrmMain::LoadKeyboard() {
 
     UpdateWindowTitle();
     if (mode == kModeAscii) {
-        SetResponseCaption(QStringLiteral("ASCII Response"));
+        SetResponseCaption(tr("ASCII Response"));
     } else if (mode == kModeP) {
-        SetResponseCaption(QStringLiteral("P Response"));
+        SetResponseCaption(tr("P Response"));
     } else if (mode == kModeD) {
-        SetResponseCaption(QStringLiteral("D Response"));
+        SetResponseCaption(tr("D Response"));
     }
-    ui::SetCaption(RetransmitTimeLabel, TwoLines("Retransmit", "Time"));
+    ui::SetCaption(RetransmitTimeLabel, TwoLines(tr("Retransmit"), tr("Time")));
 
     const QScreen* screen = this->screen();
     const QSize available = screen ? screen->availableGeometry().size() : QSize(800, 600);
@@ -229,8 +229,8 @@ void FrmMain::LoadKeyboard() {
     T_Protocol_Option->setVisible(false);
     UpdatePortBindings();
     settingsPlace_->Show(
-        QStringLiteral("Settings: ") +
-            QDir::toNativeSeparators(QFileInfo(keyboard_.SettingsPath).absolutePath()),
+        tr("Settings: %1")
+            .arg(QDir::toNativeSeparators(QFileInfo(keyboard_.SettingsPath).absolutePath())),
         keyboard_.SettingsPath);
     // A window not yet shown has no final size: its first showing lays it out.
     if (isVisible()) {
@@ -272,8 +272,8 @@ void FrmMain::ExitOption_Click() {
 }
 
 void FrmMain::UpdateWindowTitle() {
-    setWindowTitle(QStringLiteral("Quellpad - Settings (") + keyboard_.BaudRate +
-                   QStringLiteral(", ") + keyboard_.Parity + QStringLiteral(", 8, 1)"));
+    setWindowTitle(
+        tr("Quellpad - Settings (%1, %2, 8, 1)").arg(keyboard_.BaudRate, keyboard_.Parity));
 }
 
 void FrmMain::UpdatePortBindings() {
@@ -284,8 +284,7 @@ void FrmMain::UpdatePortBindings() {
         const PortAlert& alert = portAlerts_[number - 1];
         parts << QStringLiteral("COM %1: %2 (%3%4)")
                      .arg(number)
-                     .arg(port.Device(),
-                          port.IsOpen() ? QStringLiteral("open") : QStringLiteral("closed"),
+                     .arg(port.Device(), port.IsOpen() ? tr("open") : tr("closed"),
                           alert.count.isEmpty() ? QString() : QStringLiteral("; ") + alert.count);
         if (!alert.latest.isEmpty()) {
             alerts << alert.latest;

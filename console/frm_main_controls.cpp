@@ -37,110 +37,101 @@ constexpr double kBallSide = 20;
 } // namespace
 
 void FrmMain::BuildMenus() {
-    OptionsMenu = ui::MakeMenu(this, "OptionsMenu", QStringLiteral("&Options"));
+    OptionsMenu = ui::MakeMenu(this, "OptionsMenu", tr("&Options"));
     Com1Option = ui::MakeItem(OptionsMenu, "Com1Option", QStringLiteral("COM 1"), true);
     Com2Option = ui::MakeItem(OptionsMenu, "Com2Option", QStringLiteral("COM 2"), true);
-    ui::MakeItem(OptionsMenu, "Settings_Menu_Option", QStringLiteral("Settings..."));
-    ui::MakeItem(OptionsMenu, "SimulatedSiteOption", QStringLiteral("Simulated Site..."));
-    ui::MakeItem(OptionsMenu, "mnuTraffic", QStringLiteral("Traffic..."));
-    ui::MakeItem(OptionsMenu, "mnuScan", QStringLiteral("Scan for Receivers..."));
+    ui::MakeItem(OptionsMenu, "Settings_Menu_Option", tr("Settings..."));
+    ui::MakeItem(OptionsMenu, "SimulatedSiteOption", tr("Simulated Site..."));
+    ui::MakeItem(OptionsMenu, "mnuTraffic", tr("Traffic..."));
+    ui::MakeItem(OptionsMenu, "mnuScan", tr("Scan for Receivers..."));
     OptionsMenu->addSeparator();
-    RetransmitTimerOption = ui::MakeItem(OptionsMenu, "RetransmitTimerOption",
-                                         QStringLiteral("Retransmit Timer"), true);
-    ControlLock = ui::MakeItem(OptionsMenu, "ControlLock", QStringLiteral("Control Lock"), true);
-    MenuControlOption =
-        ui::MakeItem(OptionsMenu, "MenuControlOption", QStringLiteral("Arrow/Menu Control"));
-    ui::MakeItem(OptionsMenu, "Type_Commands_Option", QStringLiteral("Type Commands..."));
+    RetransmitTimerOption =
+        ui::MakeItem(OptionsMenu, "RetransmitTimerOption", tr("Retransmit Timer"), true);
+    ControlLock = ui::MakeItem(OptionsMenu, "ControlLock", tr("Control Lock"), true);
+    MenuControlOption = ui::MakeItem(OptionsMenu, "MenuControlOption", tr("Arrow/Menu Control"));
+    ui::MakeItem(OptionsMenu, "Type_Commands_Option", tr("Type Commands..."));
     AdvancedCommandsOption =
-        ui::MakeItem(OptionsMenu, "AdvancedCommandsOption", QStringLiteral("Advanced Commands..."));
-    ExtendedCommands =
-        ui::MakeItem(OptionsMenu, "ExtendedCommands", QStringLiteral("Extended Commands..."));
-    SetLabelOption = ui::MakeItem(OptionsMenu, "SetLabelOption", QStringLiteral("Set Label..."));
+        ui::MakeItem(OptionsMenu, "AdvancedCommandsOption", tr("Advanced Commands..."));
+    ExtendedCommands = ui::MakeItem(OptionsMenu, "ExtendedCommands", tr("Extended Commands..."));
+    SetLabelOption = ui::MakeItem(OptionsMenu, "SetLabelOption", tr("Set Label..."));
     Time_Update_Option =
-        ui::MakeItem(OptionsMenu, "Time_Update_Option", QStringLiteral("Send ASCII Time Update"));
+        ui::MakeItem(OptionsMenu, "Time_Update_Option", tr("Send ASCII Time Update"));
     SendCameraTitleOption =
-        ui::MakeItem(OptionsMenu, "SendCameraTitleOption", QStringLiteral("Send Camera Title"));
-    ASCII_CommandDisplayOption = ui::MakeItem(OptionsMenu, "ASCII_CommandDisplayOption",
-                                              QStringLiteral("ASCII Command Display"), true);
-    T_ProtocolCommandsOption = ui::MakeItem(OptionsMenu, "T_ProtocolCommandsOption",
-                                            QStringLiteral("T Protocol Commands"));
-    H_Protocol_Poll =
-        ui::MakeItem(OptionsMenu, "H_Protocol_Poll", QStringLiteral("H Protocol Poll"), true);
+        ui::MakeItem(OptionsMenu, "SendCameraTitleOption", tr("Send Camera Title"));
+    ASCII_CommandDisplayOption =
+        ui::MakeItem(OptionsMenu, "ASCII_CommandDisplayOption", tr("ASCII Command Display"), true);
+    T_ProtocolCommandsOption =
+        ui::MakeItem(OptionsMenu, "T_ProtocolCommandsOption", tr("T Protocol Commands"));
+    H_Protocol_Poll = ui::MakeItem(OptionsMenu, "H_Protocol_Poll", tr("H Protocol Poll"), true);
     unofferedItems_ = {
         T_ProtocolCommandsOption,
-        ui::MakeItem(OptionsMenu, "FactoryCalibrationOption",
-                     QStringLiteral("Factory Calibration")),
-        ui::MakeItem(OptionsMenu, "CommandScriptOption", QStringLiteral("Command Script")),
-        ui::MakeItem(OptionsMenu, "LogFileOption", QStringLiteral("Log File"), true)};
+        ui::MakeItem(OptionsMenu, "FactoryCalibrationOption", tr("Factory Calibration")),
+        ui::MakeItem(OptionsMenu, "CommandScriptOption", tr("Command Script")),
+        ui::MakeItem(OptionsMenu, "LogFileOption", tr("Log File"), true)};
     OptionsMenu->addSeparator();
-    ui::MakeItem(OptionsMenu, "AboutOption", QStringLiteral("About Quellpad..."));
-    ui::MakeItem(OptionsMenu, "ExitOption", QStringLiteral("Exit"));
+    ui::MakeItem(OptionsMenu, "AboutOption", tr("About Quellpad..."));
+    ui::MakeItem(OptionsMenu, "ExitOption", tr("Exit"));
 
-    ModeMenu = ui::MakeMenu(this, "ModeMenu", QStringLiteral("&Mode"));
+    ModeMenu = ui::MakeMenu(this, "ModeMenu", tr("&Mode"));
     D_Protocol_Menu_Option =
-        ui::MakeItem(ModeMenu, "D_Protocol_Menu_Option", QStringLiteral("D Protocol"), true);
+        ui::MakeItem(ModeMenu, "D_Protocol_Menu_Option", tr("D Protocol"), true);
     P_Protocol_Menu_Option =
-        ui::MakeItem(ModeMenu, "P_Protocol_Menu_Option", QStringLiteral("P Protocol"), true);
+        ui::MakeItem(ModeMenu, "P_Protocol_Menu_Option", tr("P Protocol"), true);
     ASCII_Menu_Option = ui::MakeItem(ModeMenu, "ASCII_Menu_Option", QStringLiteral("ASCII"), true);
     MUX_ASCII_Option =
         ui::MakeItem(ModeMenu, "MUX_ASCII_Option", QStringLiteral("MUX ASCII"), true);
-    HernisProtocolOption =
-        ui::MakeItem(ModeMenu, "HernisProtocolOption", QStringLiteral("H Protocol"), true);
-    T_Protocol_Option =
-        ui::MakeItem(ModeMenu, "T_Protocol_Option", QStringLiteral("T Protocol"), true);
+    HernisProtocolOption = ui::MakeItem(ModeMenu, "HernisProtocolOption", tr("H Protocol"), true);
+    T_Protocol_Option = ui::MakeItem(ModeMenu, "T_Protocol_Option", tr("T Protocol"), true);
 
-    AuxMenu = ui::MakeMenu(this, "AuxMenu", QStringLiteral("&Aux"));
+    AuxMenu = ui::MakeMenu(this, "AuxMenu", tr("&Aux"));
     const char* const auxNames[] = {"AuxOnOption",  "AuxOffOption",  "ToggleAuxOption",
                                     "GPI_OnOption", "GPI_OffOption", "ToggleGPI_Option"};
-    const char* const auxCaptions[] = {"Aux ON", "Aux OFF", "Toggle Aux",
-                                       "GPI ON", "GPI OFF", "Toggle GPI"};
+    const std::array<QString, kAuxItems> auxCaptions = BareAuxCaptions();
     for (std::size_t i = 0; i < auxItems_.size(); ++i) {
-        auxItems_[i] = ui::MakeItem(AuxMenu, auxNames[i], QLatin1String(auxCaptions[i]));
+        auxItems_[i] = ui::MakeItem(AuxMenu, auxNames[i], auxCaptions[i]);
         auxItems_[i]->setEnabled(false);
     }
 
-    MacroMenu = ui::MakeMenu(this, "MacroMenu", QStringLiteral("Mac&ro"));
+    MacroMenu = ui::MakeMenu(this, "MacroMenu", tr("Mac&ro"));
     const char* const macroNames[] = {"StartMacroOption",    "HaltMacroOption",
                                       "StartSequenceOption", "HaltSequenceOption",
                                       "StartTourOption",     "HaltTourOption"};
-    const char* const macroCaptions[] = {"Start Macro",   "Halt Macro", "Start Sequence",
-                                         "Halt Sequence", "Start Tour", "Halt Tour"};
+    const std::array<QString, 6> macroCaptions = MacroCaptions(0);
     for (std::size_t i = 0; i < macroItems_.size(); ++i) {
-        macroItems_[i] = ui::MakeItem(MacroMenu, macroNames[i], QLatin1String(macroCaptions[i]));
+        macroItems_[i] = ui::MakeItem(MacroMenu, macroNames[i], macroCaptions[i]);
         macroItems_[i]->setEnabled(false);
     }
 
-    CamLock_Menu = ui::MakeMenu(this, "CamLock_Menu", QStringLiteral("&Cam Lock"));
-    ui::MakeItem(CamLock_Menu, "LockCam_Option", QStringLiteral("Lock Current Camera"));
-    ui::MakeItem(CamLock_Menu, "UnlockCam_Option", QStringLiteral("Unlock Current Camera"));
-    ui::MakeItem(CamLock_Menu, "OverrideLock_Option", QStringLiteral("Override Camera Lock"));
+    CamLock_Menu = ui::MakeMenu(this, "CamLock_Menu", tr("&Cam Lock"));
+    ui::MakeItem(CamLock_Menu, "LockCam_Option", tr("Lock Current Camera"));
+    ui::MakeItem(CamLock_Menu, "UnlockCam_Option", tr("Unlock Current Camera"));
+    ui::MakeItem(CamLock_Menu, "OverrideLock_Option", tr("Override Camera Lock"));
 
-    MuxMenu = ui::MakeMenu(this, "MuxMenu", QStringLiteral("Mu&x"));
-    ui::MakeItem(MuxMenu, "DigZoom_Option", QStringLiteral("Digital Zoom"));
+    MuxMenu = ui::MakeMenu(this, "MuxMenu", tr("Mu&x"));
+    ui::MakeItem(MuxMenu, "DigZoom_Option", tr("Digital Zoom"));
     ui::MakeItem(MuxMenu, "PIP_Option", QStringLiteral("PIP"));
-    ui::MakeItem(MuxMenu, "Quad_Option", QStringLiteral("Quad"));
-    ui::MakeItem(MuxMenu, "Nano_Option", QStringLiteral("Nano"));
-    ui::MakeItem(MuxMenu, "Hex_Option", QStringLiteral("Hex"));
-    QMenu* muxCameras = ui::MakeMenu(MuxMenu, "MuxCam_Option", QStringLiteral("Mux Camera"));
+    ui::MakeItem(MuxMenu, "Quad_Option", tr("Quad"));
+    ui::MakeItem(MuxMenu, "Nano_Option", tr("Nano"));
+    ui::MakeItem(MuxMenu, "Hex_Option", tr("Hex"));
+    QMenu* muxCameras = ui::MakeMenu(MuxMenu, "MuxCam_Option", tr("Mux Camera"));
     MuxMenu->addMenu(muxCameras);
     for (int index = 0; index < 16; ++index) {
-        QAction* camera =
-            ui::MakeItem(muxCameras, "MuxCam", QStringLiteral("Cam %1").arg(index + 1));
+        QAction* camera = ui::MakeItem(muxCameras, "MuxCam", tr("Cam %1").arg(index + 1));
         camera->setData(index);
     }
 
-    VCR_Menu = ui::MakeMenu(this, "VCR_Menu", QStringLiteral("&VCR"));
-    ui::MakeItem(VCR_Menu, "Eject_Option", QStringLiteral("Eject"));
-    ui::MakeItem(VCR_Menu, "Record_Option", QStringLiteral("Record"));
-    ui::MakeItem(VCR_Menu, "Pause_Option", QStringLiteral("Pause"));
-    ui::MakeItem(VCR_Menu, "FastForward_Option", QStringLiteral("Fast Forward"));
-    ui::MakeItem(VCR_Menu, "Rewind_Option", QStringLiteral("Rewind"));
-    ui::MakeItem(VCR_Menu, "Stop_Option", QStringLiteral("Stop"));
-    ui::MakeItem(VCR_Menu, "Play_Option", QStringLiteral("Play"));
+    VCR_Menu = ui::MakeMenu(this, "VCR_Menu", tr("&VCR"));
+    ui::MakeItem(VCR_Menu, "Eject_Option", tr("Eject"));
+    ui::MakeItem(VCR_Menu, "Record_Option", tr("Record"));
+    ui::MakeItem(VCR_Menu, "Pause_Option", tr("Pause"));
+    ui::MakeItem(VCR_Menu, "FastForward_Option", tr("Fast Forward"));
+    ui::MakeItem(VCR_Menu, "Rewind_Option", tr("Rewind"));
+    ui::MakeItem(VCR_Menu, "Stop_Option", tr("Stop"));
+    ui::MakeItem(VCR_Menu, "Play_Option", tr("Play"));
 
-    MoreCommandsMenu = ui::MakeMenu(this, "MoreCommandsMenu", QStringLiteral("Mor&e Commands"));
-    unofferedItems_.append(ui::MakeItem(MoreCommandsMenu, "Constant_Motion_Option",
-                                        QStringLiteral("Constant Motion")));
+    MoreCommandsMenu = ui::MakeMenu(this, "MoreCommandsMenu", tr("Mor&e Commands"));
+    unofferedItems_.append(
+        ui::MakeItem(MoreCommandsMenu, "Constant_Motion_Option", tr("Constant Motion")));
 
     for (QMenu* menu : {OptionsMenu, ModeMenu, AuxMenu, MacroMenu, CamLock_Menu, MuxMenu, VCR_Menu,
                         MoreCommandsMenu}) {
@@ -164,19 +155,21 @@ void FrmMain::BuildControls() {
     auto numberBox = [&](QLabel*& label, const char* labelName, QLineEdit*& box,
                          const char* boxName, const QString& what, double x, double y,
                          double labelWidth, double boxWidth) {
-        label = ui::MakeLabel(c, labelName, TwoLines(what, kNumber));
+        label = ui::MakeLabel(c, labelName, TwoLines(what, NumberCaption()));
         box = ui::MakeTextBox(c, boxName, label);
         place(label, x, y, labelWidth, 28);
         place(box, x + labelWidth + 2, y + 4, boxWidth, 20);
     };
 
     // Ports: address, and the command last sent on each.
-    AddressCOM1Label = ui::MakeLabel(c, "AddressCOM1Label", TwoLines("COM1", "Address"));
+    AddressCOM1Label =
+        ui::MakeLabel(c, "AddressCOM1Label", TwoLines(QStringLiteral("COM1"), tr("Address")));
     AddressCOM1_TextBox = ui::MakeTextBox(c, "AddressCOM1_TextBox", AddressCOM1Label);
-    AddressCOM2Label = ui::MakeLabel(c, "AddressCOM2Label", TwoLines("COM2", "Address"));
+    AddressCOM2Label =
+        ui::MakeLabel(c, "AddressCOM2Label", TwoLines(QStringLiteral("COM2"), tr("Address")));
     AddressCOM2_TextBox = ui::MakeTextBox(c, "AddressCOM2_TextBox", AddressCOM2Label);
-    COM1CommandLabel = ui::MakeReadout(c, "COM1CommandLabel", QStringLiteral("COM1 Command Sent"));
-    COM2CommandLabel = ui::MakeReadout(c, "COM2CommandLabel", QStringLiteral("COM2 Command Sent"));
+    COM1CommandLabel = ui::MakeReadout(c, "COM1CommandLabel", tr("COM1 Command Sent"));
+    COM2CommandLabel = ui::MakeReadout(c, "COM2CommandLabel", tr("COM2 Command Sent"));
     for (QLabel* echo : {COM1CommandLabel, COM2CommandLabel}) {
         echo->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
         echo->setFrameShape(QFrame::StyledPanel);
@@ -192,7 +185,7 @@ void FrmMain::BuildControls() {
     place(AddressCOM2_TextBox, 58, 40, 38, 20);
     place(COM2CommandLabel, 100, 36, 182, 28);
 
-    AccessResponseLabel = ui::MakeLabel(c, "AccessResponseLabel", QStringLiteral("D Response"));
+    AccessResponseLabel = ui::MakeLabel(c, "AccessResponseLabel", tr("D Response"));
     AccessResponseTextBox = new ui::LogView(c, kResponseBoxMaximum);
     AccessResponseTextBox->setObjectName(QStringLiteral("AccessResponseTextBox"));
     ui::SetBuddy(AccessResponseLabel, AccessResponseTextBox);
@@ -201,12 +194,12 @@ void FrmMain::BuildControls() {
     place(AccessResponseTextBox, 292, 16, 278, 48);
 
     // Retransmission and lens speed, above the joystick.
-    RetransmitTimeLabel = ui::MakeLabel(c, "RetransmitTimeLabel", TwoLines("Retransmit", "Time"));
+    RetransmitTimeLabel =
+        ui::MakeLabel(c, "RetransmitTimeLabel", TwoLines(tr("Retransmit"), tr("Time")));
     RetransmitTimeTextBox = ui::MakeTextBox(c, "RetransmitTimeTextBox", RetransmitTimeLabel);
     ui::FilterCharacters(RetransmitTimeTextBox, &RetransmitKeyAccepted);
-    RetransmitTimeTextBox->setToolTip(
-        QStringLiteral("Seconds between repeats, above .05 and below 61"));
-    LensSpeedLabel = ui::MakeLabel(c, "LensSpeedLabel", TwoLines("Lens", "Speed"));
+    RetransmitTimeTextBox->setToolTip(tr("Seconds between repeats, above .05 and below 61"));
+    LensSpeedLabel = ui::MakeLabel(c, "LensSpeedLabel", TwoLines(tr("Lens"), tr("Speed")));
     LensSpeedList = ui::MakeList(c, "LensSpeedList", LensSpeedLabel);
     place(RetransmitTimeLabel, 182, 74, 62, 28);
     place(RetransmitTimeTextBox, 246, 78, 40, 20);
@@ -226,46 +219,46 @@ void FrmMain::BuildControls() {
         QPushButton* control = ui::MakeButton(c, LensButtonName(button), caption);
         lensButtons_[static_cast<std::size_t>(button)] = control;
         layout_.Place(control, QRectF(lensX[i], 326 + lensY[i] * 30, 128, 26), 8.0,
-                      {caption + QStringLiteral(" On"), caption + QStringLiteral(" Off")});
+                      {LensOnCaption(button), LensOffCaption(button)});
     }
 
     // Left column: preset, pattern, aux, macro and zone.
     numberBox(PresetNumberLabel, "PresetNumberLabel", PresetNumberTextBox, "PresetNumberTextBox",
-              QStringLiteral("Preset"), 6, 74, 50, 38);
-    PresetGoButton = ui::MakeButton(c, "PresetGoButton", QStringLiteral("Go"));
-    PresetSetButton = ui::MakeButton(c, "PresetSetButton", QStringLiteral("Set"));
-    PresetClearButton = ui::MakeButton(c, "PresetClearButton", QStringLiteral("Clear"));
+              tr("Preset"), 6, 74, 50, 38);
+    PresetGoButton = ui::MakeButton(c, "PresetGoButton", tr("Go"));
+    PresetSetButton = ui::MakeButton(c, "PresetSetButton", tr("Set"));
+    PresetClearButton = ui::MakeButton(c, "PresetClearButton", tr("Clear"));
     place(PresetGoButton, 100, 74, 34, 24);
     place(PresetSetButton, 136, 74, 34, 24);
     place(PresetClearButton, 100, 100, 70, 20);
 
-    PatternNumberLabel = ui::MakeLabel(c, "PatternNumberLabel", TwoLines("Pattern", kNumber));
+    PatternNumberLabel =
+        ui::MakeLabel(c, "PatternNumberLabel", TwoLines(tr("Pattern"), NumberCaption()));
     PatternNumberListBox = ui::MakeList(c, "PatternNumberListBox", PatternNumberLabel);
-    StartPatternButton = ui::MakeButton(c, "StartPatternButton", QStringLiteral("Start"));
-    EndPatternButton = ui::MakeButton(c, "EndPatternButton", QStringLiteral("End"));
-    RunPatternButton = ui::MakeButton(c, "RunPatternButton", QStringLiteral("Run"));
+    StartPatternButton = ui::MakeButton(c, "StartPatternButton", tr("Start"));
+    EndPatternButton = ui::MakeButton(c, "EndPatternButton", tr("End"));
+    RunPatternButton = ui::MakeButton(c, "RunPatternButton", tr("Run"));
     place(PatternNumberLabel, 6, 126, 50, 28);
     place(PatternNumberListBox, 58, 130, 40, 20);
     place(StartPatternButton, 6, 158, 52, 22);
     place(EndPatternButton, 61, 158, 52, 22);
     place(RunPatternButton, 116, 158, 54, 22);
 
-    numberBox(AuxNumberLabel, "AuxNumberLabel", AuxNumberTextBox, "AuxNumberTextBox",
-              QStringLiteral("Aux/GPI"), 6, 186, 50, 38);
+    numberBox(AuxNumberLabel, "AuxNumberLabel", AuxNumberTextBox, "AuxNumberTextBox", tr("Aux/GPI"),
+              6, 186, 50, 38);
     // The macro box shares its place with the zone frame: no mode shows both.
     numberBox(MacroNumberLabel, "MacroNumberLabel", MacroNumberTextBox, "MacroNumberTextBox",
-              QStringLiteral("Macro"), 6, 222, 50, 38);
+              tr("Macro"), 6, 222, 50, 38);
 
-    ZoneFrame = ui::MakeFrame(c, "ZoneFrame", QStringLiteral("Zone"));
-    ZoneStartOption = ui::MakeOption(ZoneFrame, "ZoneStartOption", QStringLiteral("Zone Start"));
-    ZoneEndOption = ui::MakeOption(ZoneFrame, "ZoneEndOption", QStringLiteral("Zone End"));
-    ZoneScanOnOption =
-        ui::MakeOption(ZoneFrame, "ZoneScanOnOption", QStringLiteral("Zone Scan On"));
-    ZoneScanOffOption =
-        ui::MakeOption(ZoneFrame, "ZoneScanOffOption", QStringLiteral("Zone Scan Off"));
-    ZoneNumberLabel = ui::MakeLabel(ZoneFrame, "ZoneNumberLabel", TwoLines("Zone", kNumber));
+    ZoneFrame = ui::MakeFrame(c, "ZoneFrame", tr("Zone"));
+    ZoneStartOption = ui::MakeOption(ZoneFrame, "ZoneStartOption", tr("Zone Start"));
+    ZoneEndOption = ui::MakeOption(ZoneFrame, "ZoneEndOption", tr("Zone End"));
+    ZoneScanOnOption = ui::MakeOption(ZoneFrame, "ZoneScanOnOption", tr("Zone Scan On"));
+    ZoneScanOffOption = ui::MakeOption(ZoneFrame, "ZoneScanOffOption", tr("Zone Scan Off"));
+    ZoneNumberLabel =
+        ui::MakeLabel(ZoneFrame, "ZoneNumberLabel", TwoLines(tr("Zone"), NumberCaption()));
     ZoneNumberList = ui::MakeList(ZoneFrame, "ZoneNumberList", ZoneNumberLabel);
-    ZoneButton = ui::MakeButton(ZoneFrame, "ZoneButton", QStringLiteral("Send Zone"));
+    ZoneButton = ui::MakeButton(ZoneFrame, "ZoneButton", tr("Send Zone"));
     place(ZoneFrame, 6, 218, 164, 166);
     place(ZoneStartOption, 8, 16, 150, 20);
     place(ZoneEndOption, 8, 36, 150, 20);
@@ -277,43 +270,39 @@ void FrmMain::BuildControls() {
 
     // Right column: the switcher's camera, monitor and alarm in ASCII ...
     numberBox(CameraNumberLabel, "CameraNumberLabel", CameraNumberTextBox, "CameraNumberTextBox",
-              QStringLiteral("Camera"), 400, 74, 56, 56);
-    CameraButton = ui::MakeButton(c, "CameraButton", QStringLiteral("Camera"));
-    CamBackwardStepButton = ui::MakeButton(c, "CamBackwardStepButton", QStringLiteral("Prev Cam"));
-    CamForwardStepButton = ui::MakeButton(c, "CamForwardStepButton", QStringLiteral("Next Cam"));
+              tr("Camera"), 400, 74, 56, 56);
+    CameraButton = ui::MakeButton(c, "CameraButton", tr("Camera"));
+    CamBackwardStepButton = ui::MakeButton(c, "CamBackwardStepButton", tr("Prev Cam"));
+    CamForwardStepButton = ui::MakeButton(c, "CamForwardStepButton", tr("Next Cam"));
     place(CameraButton, 518, 76, 52, 24);
     place(CamBackwardStepButton, 458, 102, 54, 22);
     place(CamForwardStepButton, 516, 102, 54, 22);
 
     numberBox(MonitorNumberLabel, "MonitorNumberLabel", MonitorNumberTextBox,
-              "MonitorNumberTextBox", QStringLiteral("Monitor"), 400, 134, 56, 56);
-    MonitorButton = ui::MakeButton(c, "MonitorButton", QStringLiteral("Monitor"));
+              "MonitorNumberTextBox", tr("Monitor"), 400, 134, 56, 56);
+    MonitorButton = ui::MakeButton(c, "MonitorButton", tr("Monitor"));
     place(MonitorButton, 518, 136, 52, 24);
 
     numberBox(AlarmNumberLabel, "AlarmNumberLabel", AlarmNumberTextBox, "AlarmNumberTextBox",
-              QStringLiteral("Alarm"), 400, 172, 56, 56);
-    AlarmNumberTextBox->setToolTip(QStringLiteral("One alarm, or a range such as 3..12"));
-    TriggerAlarmButton = ui::MakeButton(c, "TriggerAlarmButton", QStringLiteral("Trigger"));
-    ResetAlarmButton = ui::MakeButton(c, "ResetAlarmButton", QStringLiteral("Reset"));
-    Alarm_Backward_Step_Button =
-        ui::MakeButton(c, "Alarm_Backward_Step_Button", QStringLiteral("Prev Alarm"));
-    Alarm_Forward_Step_Button =
-        ui::MakeButton(c, "Alarm_Forward_Step_Button", QStringLiteral("Next Alarm"));
+              tr("Alarm"), 400, 172, 56, 56);
+    AlarmNumberTextBox->setToolTip(tr("One alarm, or a range such as 3..12"));
+    TriggerAlarmButton = ui::MakeButton(c, "TriggerAlarmButton", tr("Trigger"));
+    ResetAlarmButton = ui::MakeButton(c, "ResetAlarmButton", tr("Reset"));
+    Alarm_Backward_Step_Button = ui::MakeButton(c, "Alarm_Backward_Step_Button", tr("Prev Alarm"));
+    Alarm_Forward_Step_Button = ui::MakeButton(c, "Alarm_Forward_Step_Button", tr("Next Alarm"));
     place(TriggerAlarmButton, 400, 206, 84, 24);
     place(ResetAlarmButton, 486, 206, 84, 24);
     place(Alarm_Backward_Step_Button, 400, 234, 84, 24);
     place(Alarm_Forward_Step_Button, 486, 234, 84, 24);
 
     // ... and the receiver's miscellaneous commands in D and P, in the same place.
-    MiscFrame = ui::MakeFrame(c, "MiscFrame", QStringLiteral("Camera Commands"));
-    FlipOption = ui::MakeOption(MiscFrame, "FlipOption", QStringLiteral("Flip"));
-    RemoteResetOption =
-        ui::MakeOption(MiscFrame, "RemoteResetOption", QStringLiteral("Remote Reset"));
-    ClearScreenOption =
-        ui::MakeOption(MiscFrame, "ClearScreenOption", QStringLiteral("Clear Screen"));
-    ZoomSpeedOption = ui::MakeOption(MiscFrame, "ZoomSpeedOption", QStringLiteral("Zoom Speed"));
-    FocusSpeedOption = ui::MakeOption(MiscFrame, "FocusSpeedOption", QStringLiteral("Focus Speed"));
-    MiscSendButton = ui::MakeButton(MiscFrame, "MiscSendButton", QStringLiteral("Send"));
+    MiscFrame = ui::MakeFrame(c, "MiscFrame", tr("Camera Commands"));
+    FlipOption = ui::MakeOption(MiscFrame, "FlipOption", tr("Flip"));
+    RemoteResetOption = ui::MakeOption(MiscFrame, "RemoteResetOption", tr("Remote Reset"));
+    ClearScreenOption = ui::MakeOption(MiscFrame, "ClearScreenOption", tr("Clear Screen"));
+    ZoomSpeedOption = ui::MakeOption(MiscFrame, "ZoomSpeedOption", tr("Zoom Speed"));
+    FocusSpeedOption = ui::MakeOption(MiscFrame, "FocusSpeedOption", tr("Focus Speed"));
+    MiscSendButton = ui::MakeButton(MiscFrame, "MiscSendButton", tr("Send"));
     place(MiscFrame, 400, 74, 170, 182);
     double y = 18;
     for (QRadioButton* option :
@@ -324,20 +313,22 @@ void FrmMain::BuildControls() {
     place(MiscSendButton, 10, 140, 150, 26);
 
     // The poll and wiper controls of a protocol this keyboard does not offer.
-    HernisDataFrame = ui::MakeFrame(c, "HernisDataFrame", QStringLiteral("Data"));
+    HernisDataFrame = ui::MakeFrame(c, "HernisDataFrame", tr("Data"));
     place(HernisDataFrame, 400, 264, 170, 120);
     const char* const hernisNames[] = {"UpArrowCommand",    "DownArrowCommand", "LeftArrowCommand",
                                        "RightArrowCommand", "WipeButton",       "HernisPollButton"};
-    const char* const hernisCaptions[] = {"Up", "Down", "Left", "Right", "Wipe", "Poll"};
+    const char* const hernisCaptions[] = {QT_TR_NOOP("Up"),   QT_TR_NOOP("Down"),
+                                          QT_TR_NOOP("Left"), QT_TR_NOOP("Right"),
+                                          QT_TR_NOOP("Wipe"), QT_TR_NOOP("Poll")};
     for (std::size_t i = 0; i < 6; ++i) {
         QPushButton* control =
-            ui::MakeButton(HernisDataFrame, hernisNames[i], QLatin1String(hernisCaptions[i]));
+            ui::MakeButton(HernisDataFrame, hernisNames[i], tr(hernisCaptions[i]));
         place(control, 8 + static_cast<double>(i % 3) * 52, 20 + static_cast<double>(i / 3) * 28,
               48, 24);
         hernisControls_.append(control);
     }
     QPushButton* wipeWash =
-        ui::MakeButton(HernisDataFrame, "WipeWashButton", TwoLines("Wipe/", "Wash"));
+        ui::MakeButton(HernisDataFrame, "WipeWashButton", TwoLines(tr("Wipe/"), tr("Wash")));
     place(wipeWash, 8, 78, 48, 34);
     hernisControls_.append(wipeWash);
     hernisControls_.append(HernisDataFrame);
@@ -357,7 +348,7 @@ void FrmMain::BuildControls() {
     settingsPlace_ = new ui::StatusText(this, "SettingsPlaceLabel");
     statusBar()->addPermanentWidget(settingsPlace_);
     statusBar()->setSizeGripEnabled(true);
-    statusBar()->setAccessibleName(QStringLiteral("Status"));
+    statusBar()->setAccessibleName(tr("Status"));
     // The window's own keys (the menu-access key) must reach it whatever was clicked.
     ui::TakeButtonsOutOfTabOrder(this);
 

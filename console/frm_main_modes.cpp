@@ -41,7 +41,7 @@ void FrmMain::SetResponseCaption(const QString& caption) {
 
 void FrmMain::ASCII_Menu_Option_Click() {
     SwitchMode(kModeAscii, ASCII_Menu_Option);
-    SetResponseCaption(QStringLiteral("ASCII Response"));
+    SetResponseCaption(tr("ASCII Response"));
 }
 
 void FrmMain::MUX_ASCII_Option_Click() {
@@ -50,12 +50,12 @@ void FrmMain::MUX_ASCII_Option_Click() {
 
 void FrmMain::D_Protocol_Menu_Option_Click() {
     SwitchMode(kModeD, D_Protocol_Menu_Option);
-    SetResponseCaption(QStringLiteral("D Response"));
+    SetResponseCaption(tr("D Response"));
 }
 
 void FrmMain::P_Protocol_Menu_Option_Click() {
     SwitchMode(kModeP, P_Protocol_Menu_Option);
-    SetResponseCaption(QStringLiteral("P Response"));
+    SetResponseCaption(tr("P Response"));
 }
 
 void FrmMain::SwitchMode(const QString& mode, QAction* item) {
@@ -65,7 +65,7 @@ void FrmMain::SwitchMode(const QString& mode, QAction* item) {
         }
         keyboard_.CurrentMode = mode;
         if (IsFrameMode(mode)) {
-            ui::SetCaption(ZoneNumberLabel, TwoLines("Zone", kNumber));
+            ui::SetCaption(ZoneNumberLabel, TwoLines(tr("Zone"), NumberCaption()));
         }
         LayOut();
         ApplyModeControls();
@@ -160,12 +160,11 @@ void FrmMain::ApplyModeControls() {
     HernisPollTimer->stop();
 
     if (ascii) {
-        AccessResponseLabel->setToolTip(QStringLiteral("Response to ASCII Commands"));
+        AccessResponseLabel->setToolTip(tr("Response to ASCII Commands"));
         if (keyboard_.MacroNumber == 0) {
-            const char* const bare[] = {"Start Macro",   "Halt Macro", "Start Sequence",
-                                        "Halt Sequence", "Start Tour", "Halt Tour"};
+            const std::array<QString, 6> bare = MacroCaptions(0);
             for (std::size_t i = 0; i < macroItems_.size(); ++i) {
-                macroItems_[i]->setText(QLatin1String(bare[i]));
+                macroItems_[i]->setText(bare[i]);
                 macroItems_[i]->setEnabled(false);
             }
         }
@@ -173,32 +172,32 @@ void FrmMain::ApplyModeControls() {
         for (QWidget* control : addressControls) {
             Show(control, false);
         }
-        AccessResponseLabel->setToolTip(QStringLiteral("Response to ASCII Commands"));
+        AccessResponseLabel->setToolTip(tr("Response to ASCII Commands"));
         // Once hidden here, no mode shows the menu control item again while the program runs.
         Show(MenuControlOption, false);
     } else {
         FillList(LensSpeedList, {"4", "3", "2", "1"}, 3);
         FillList(ZoneNumberList, {"8", "7", "6", "5", "4", "3", "2", "1"}, 7);
-        ui::SetCaption(AddressCOM1Label, TwoLines("Address", "COM1"));
-        ui::SetCaption(AddressCOM2Label, TwoLines("Address", "COM2"));
+        ui::SetCaption(AddressCOM1Label, TwoLines(tr("Address"), QStringLiteral("COM1")));
+        ui::SetCaption(AddressCOM2Label, TwoLines(tr("Address"), QStringLiteral("COM2")));
         if (keyboard_.AuxNumber == 0) {
             for (std::size_t aux = 0; aux < 3; ++aux) {
                 auxItems_[aux]->setEnabled(false);
             }
         }
-        ZoneFrame->setTitle(QStringLiteral("Zone"));
+        ZoneFrame->setTitle(tr("Zone"));
         ZoneStartOption->setChecked(true);
-        ZoneScanOnOption->setText(QStringLiteral("Zone Scan On"));
-        ZoneScanOffOption->setText(QStringLiteral("Zone Scan Off"));
-        ClearScreenOption->setText(QStringLiteral("Clear Screen"));
-        FocusSpeedOption->setText(QStringLiteral("Focus Speed"));
+        ZoneScanOnOption->setText(tr("Zone Scan On"));
+        ZoneScanOffOption->setText(tr("Zone Scan Off"));
+        ClearScreenOption->setText(tr("Clear Screen"));
+        FocusSpeedOption->setText(tr("Focus Speed"));
         FlipOption->setChecked(true);
         if (mode == kModeD) {
-            AccessResponseLabel->setToolTip(QStringLiteral("Response to D Protocol Commands"));
+            AccessResponseLabel->setToolTip(tr("Response to D Protocol Commands"));
             Show(ExtendedCommands, true);
             Show(AdvancedCommandsOption, true);
         } else {
-            AccessResponseLabel->setToolTip(QStringLiteral("Response to P Protocol Commands"));
+            AccessResponseLabel->setToolTip(tr("Response to P Protocol Commands"));
         }
         Show(ASCII_CommandDisplayOption, false);
         Show(T_ProtocolCommandsOption, false);

@@ -49,11 +49,11 @@ void FrmMain::Lens_Click(LensButton button) {
         return;
     }
     const LensButton partner = LensPartner(button);
-    LensControl(partner)->setText(LensPlainCaption(partner) + QStringLiteral(" Off"));
+    LensControl(partner)->setText(LensOffCaption(partner));
     QPushButton* control = LensControl(button);
-    const QString onCaption = LensPlainCaption(button) + QStringLiteral(" On");
+    const QString onCaption = LensOnCaption(button);
     if (control->text() == onCaption) {
-        control->setText(LensPlainCaption(button) + QStringLiteral(" Off"));
+        control->setText(LensOffCaption(button));
         SwitchLensOff(keyboard_, button);
     } else {
         control->setText(onCaption);

@@ -4,6 +4,7 @@
 
 #include "ui/controls.h"
 
+#include <QCoreApplication>
 #include <QListWidget>
 #include <QSizeF>
 #include <QString>
@@ -14,7 +15,10 @@ namespace quellpad::frm_main_parts {
 // The client area the controls are designed for; everything scales from it.
 inline constexpr QSizeF kDesignSize{576, 390};
 
-inline const QString kNumber = QStringLiteral("Number");
+// The second line of a number box's label, in the operator's language.
+inline QString NumberCaption() {
+    return QCoreApplication::translate("FrmMain", "Number");
+}
 
 // Fills a one-line list and shows the selected item.
 inline void FillList(QListWidget* list, const QStringList& items, int selected) {

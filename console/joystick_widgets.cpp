@@ -1,5 +1,6 @@
 #include "joystick_widgets.h"
 
+#include <QCoreApplication>
 #include <QPainter>
 #include <QRadialGradient>
 
@@ -7,11 +8,12 @@ namespace quellpad {
 
 JoystickSquare::JoystickSquare(QWidget* parent) : QWidget(parent) {
     setObjectName(QStringLiteral("Joystick_Square"));
-    setAccessibleName(QStringLiteral("Joystick"));
-    setAccessibleDescription(
-        QStringLiteral("Drag with the left button to pan and tilt: the further from the centre, "
-                       "the faster. A right click latches the knob to the pointer until the next "
-                       "right click."));
+    setAccessibleName(QCoreApplication::translate("JoystickSquare", "Joystick"));
+    setAccessibleDescription(QCoreApplication::translate(
+        "JoystickSquare",
+        "Drag with the left button to pan and tilt: the further from the centre, "
+        "the faster. A right click latches the knob to the pointer until the next "
+        "right click."));
     setMouseTracking(true);
     setCursor(Qt::CrossCursor);
 }
@@ -37,7 +39,7 @@ void JoystickSquare::paintEvent(QPaintEvent*) {
 
 JoystickBall::JoystickBall(QWidget* parent) : QWidget(parent) {
     setObjectName(QStringLiteral("Joystick_Ball"));
-    setAccessibleName(QStringLiteral("Joystick Knob"));
+    setAccessibleName(QCoreApplication::translate("JoystickSquare", "Joystick Knob"));
     setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 

@@ -109,6 +109,14 @@ QString LensPlainCaption(LensButton button) {
     return QCoreApplication::translate("Lens", ActionOf(button).caption);
 }
 
+QString LensOnCaption(LensButton button) {
+    return QCoreApplication::translate("Lens", "%1 On").arg(LensPlainCaption(button));
+}
+
+QString LensOffCaption(LensButton button) {
+    return QCoreApplication::translate("Lens", "%1 Off").arg(LensPlainCaption(button));
+}
+
 QString LensEnglishCaption(LensButton button) {
     return QString::fromLatin1(ActionOf(button).caption);
 }

@@ -16,6 +16,9 @@ inline constexpr LensButton kLensButtons[] = {LensButton::FocusNear, LensButton:
 const char* LensButtonName(LensButton button);
 // "Focus Near"; with Control Lock the captions add " On" or " Off".
 QString LensPlainCaption(LensButton button);
+// "Focus Near On" and "Focus Near Off", as Control Lock shows the button.
+QString LensOnCaption(LensButton button);
+QString LensOffCaption(LensButton button);
 // "Focus Near" in every language, as files keep it.
 QString LensEnglishCaption(LensButton button);
 // The opposing action: near and far, open and close, in and out.

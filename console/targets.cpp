@@ -3,11 +3,15 @@
 #include "console/dispatcher.h"
 #include "engine/numeric.h"
 
+#include <QCoreApplication>
+
 namespace quellpad {
 
 namespace {
 
-const QString kError = QStringLiteral("Error");
+QString Error() {
+    return QCoreApplication::translate("FrmMain", "Error");
+}
 
 // Registers loaded so that the dispatcher sends them even when they equal the last sent.
 void LoadRegisters(Quellpad_Support_Func& k, std::uint8_t command2, std::uint8_t data2) {
@@ -23,7 +27,8 @@ Refusal Refuse(const QString& text, const QString& title = {},
 } // namespace
 
 ui::Message AddressRangeMessage() {
-    return {QStringLiteral("Must be a number between 1 and 254."), kError, ui::MessageButtons::Ok};
+    return {QCoreApplication::translate("FrmMain", "Must be a number between 1 and 254."), Error(),
+            ui::MessageButtons::Ok};
 }
 
 std::optional<Refusal> CheckAddress(const QString& mode, const QString& text,
@@ -40,14 +45,15 @@ std::optional<Refusal> CheckAddress(const QString& mode, const QString& text,
 }
 
 QString CameraTitleCaption(std::int32_t camera) {
-    return QStringLiteral("Send Camera ") + Str(camera) + QStringLiteral(" Title");
+    return QCoreApplication::translate("FrmMain", "Send Camera %1 Title").arg(Str(camera));
 }
 
 std::optional<Refusal> CheckCameraNumber(Quellpad_Support_Func& k, const QString& text) {
     const double value = Val(text);
     if ((!text.isEmpty() && value == 0) || IntPart(value) > 999999) {
-        return Refuse(QStringLiteral("Camera number must be between 1 and 999999."), kError,
-                      ui::MessageButtons::Ok, [&k] { k.CameraNumber = 1; });
+        return Refuse(
+            QCoreApplication::translate("FrmMain", "Camera number must be between 1 and 999999."),
+            Error(), ui::MessageButtons::Ok, [&k] { k.CameraNumber = 1; });
     }
     k.CameraNumber = ToInt32(value);
     return std::nullopt;
@@ -58,7 +64,9 @@ std::optional<Refusal> CheckMonitorNumber(Quellpad_Support_Func& k, const QStrin
     if (IntPart(value) > 9999 || (!text.isEmpty() && value <= 0)) {
         // Stored before the box is emptied, whose own check then leaves 0.
         k.MonitorNumber = 1;
-        return Refuse(QStringLiteral("Monitor number must be between 1 and 9999."), kError);
+        return Refuse(
+            QCoreApplication::translate("FrmMain", "Monitor number must be between 1 and 9999."),
+            Error());
     }
     k.MonitorNumber = ToInt16(value);
     return std::nullopt;
@@ -71,8 +79,8 @@ std::optional<Refusal> CheckPresetNumber(Quellpad_Support_Func& k, const QString
     }
     const double value = Val(text);
     if (IntPart(value) < 1 || IntPart(value) > 150) {
-        return Refuse(QStringLiteral("Preset numbers range from 1 to 150."), kError,
-                      ui::MessageButtons::OkCancel);
+        return Refuse(QCoreApplication::translate("FrmMain", "Preset numbers range from 1 to 150."),
+                      Error(), ui::MessageButtons::OkCancel);
     }
     k.PresetNumber = ToInt16(value);
     return std::nullopt;
@@ -84,7 +92,9 @@ std::optional<Refusal> CheckMacroNumber(Quellpad_Support_Func& k, const QString&
     }
     const double value = Val(text);
     if (!text.isEmpty() && (IntPart(value) == 0 || value > 9999)) {
-        return Refuse(QStringLiteral("Must be a number between 1 and 9999."), kError);
+        return Refuse(
+            QCoreApplication::translate("FrmMain", "Must be a number between 1 and 9999."),
+            Error());
     }
     k.MacroNumber = ToInt16(value);
     return std::nullopt;
@@ -102,13 +112,14 @@ std::optional<Refusal> CheckAlarmNumber(Quellpad_Support_Func& k, const QString&
         const double value = Val(text);
         if (value > 9999) {
             k.AlarmNumber = 0;
-            return Refuse(
-                QStringLiteral("Alarm numbers must be greater than 0 and less than 9999."));
+            return Refuse(QCoreApplication::translate(
+                "FrmMain", "Alarm numbers must be greater than 0 and less than 9999."));
         }
         k.AlarmNumber = ToInt16(value);
         return std::nullopt;
     }
-    const QString tooLarge = QStringLiteral("Alarm numbers must be less than 9999");
+    const QString tooLarge =
+        QCoreApplication::translate("FrmMain", "Alarm numbers must be less than 9999");
     // An end above 32767 would not fit the range's 16 bits; it is simply above 9999.
     if (range->first > 9999) {
         k.AlarmRangeStart = 0;
@@ -133,32 +144,39 @@ std::optional<Refusal> CheckAuxNumber(Quellpad_Support_Func& k, const QString& t
         return Refuse(message, {}, ui::MessageButtons::Ok, [&k] { k.AuxNumber = 0; });
     };
     if (IsFrameMode(mode) && value > 8) {
-        return refuse(QStringLiteral("In D or P Protocol auxes must\r\nbe less than 9."));
+        return refuse(QCoreApplication::translate(
+            "FrmMain", "In D or P Protocol auxes must\r\nbe less than 9."));
     }
     // "MUX ASCII" sets no limit of its own, but no aux number beyond the switcher's
     // can be held either.
     if (value >= 65001) {
-        return refuse(QStringLiteral("In ASCII Protocol auxes must\r\nbe less than 65000."));
+        return refuse(QCoreApplication::translate(
+            "FrmMain", "In ASCII Protocol auxes must\r\nbe less than 65000."));
     }
     k.AuxNumber = ToInt32(value);
     return std::nullopt;
 }
 
 std::array<QString, kAuxItems> BareAuxCaptions() {
-    return {QStringLiteral("Aux ON"), QStringLiteral("Aux OFF"), QStringLiteral("Toggle Aux"),
-            QStringLiteral("GPI ON"), QStringLiteral("GPI OFF"), QStringLiteral("Toggle GPI")};
+    return {QCoreApplication::translate("FrmMain", "Aux ON"),
+            QCoreApplication::translate("FrmMain", "Aux OFF"),
+            QCoreApplication::translate("FrmMain", "Toggle Aux"),
+            QCoreApplication::translate("FrmMain", "GPI ON"),
+            QCoreApplication::translate("FrmMain", "GPI OFF"),
+            QCoreApplication::translate("FrmMain", "Toggle GPI")};
 }
 
 std::array<QString, kAuxItems> AuxCaptions(const QString& mode, std::int32_t aux) {
     const QString n = QString::number(aux);
-    const std::array<QString, 3> gpi{QStringLiteral("GPI ") + n + QStringLiteral(" On"),
-                                     QStringLiteral("GPI ") + n + QStringLiteral(" Off"),
-                                     QStringLiteral("Toggle GPI ") + n};
+    const std::array<QString, 3> gpi{
+        QCoreApplication::translate("FrmMain", "GPI %1 On").arg(n),
+        QCoreApplication::translate("FrmMain", "GPI %1 Off").arg(n),
+        QCoreApplication::translate("FrmMain", "Toggle GPI %1").arg(n)};
     if (aux <= 8) {
         const bool ascii = mode == kModeAscii;
-        return {QStringLiteral("Aux ") + n + QStringLiteral(" ON"),
-                QStringLiteral("Aux ") + n + QStringLiteral(" OFF"),
-                QStringLiteral("Toggle Aux ") + n,
+        return {QCoreApplication::translate("FrmMain", "Aux %1 ON").arg(n),
+                QCoreApplication::translate("FrmMain", "Aux %1 OFF").arg(n),
+                QCoreApplication::translate("FrmMain", "Toggle Aux %1").arg(n),
                 ascii ? gpi[0] : QString(),
                 ascii ? gpi[1] : QString(),
                 ascii ? gpi[2] : QString()};
@@ -168,20 +186,21 @@ std::array<QString, kAuxItems> AuxCaptions(const QString& mode, std::int32_t aux
     const std::int32_t remainder = aux % 8;
     const QString group = QString::number(aux / 8);
     const QString output = QString::number(remainder == 0 ? 8 : remainder);
-    const QString place = QStringLiteral("GPI ") + group + QStringLiteral(", Aux ") + output;
-    return {place + QStringLiteral(" ON"),
-            place + QStringLiteral(" OFF"),
-            QStringLiteral("Toggle ") + place,
+    return {QCoreApplication::translate("FrmMain", "GPI %1, Aux %2 ON").arg(group, output),
+            QCoreApplication::translate("FrmMain", "GPI %1, Aux %2 OFF").arg(group, output),
+            QCoreApplication::translate("FrmMain", "Toggle GPI %1, Aux %2").arg(group, output),
             gpi[0],
             gpi[1],
             gpi[2]};
 }
 
 std::array<QString, 6> MacroCaptions(std::int16_t macro) {
-    std::array<QString, 6> captions{
-        QStringLiteral("Start Macro"),    QStringLiteral("Halt Macro"),
-        QStringLiteral("Start Sequence"), QStringLiteral("Halt Sequence"),
-        QStringLiteral("Start Tour"),     QStringLiteral("Halt Tour")};
+    std::array<QString, 6> captions{QCoreApplication::translate("FrmMain", "Start Macro"),
+                                    QCoreApplication::translate("FrmMain", "Halt Macro"),
+                                    QCoreApplication::translate("FrmMain", "Start Sequence"),
+                                    QCoreApplication::translate("FrmMain", "Halt Sequence"),
+                                    QCoreApplication::translate("FrmMain", "Start Tour"),
+                                    QCoreApplication::translate("FrmMain", "Halt Tour")};
     if (macro != 0) {
         for (QString& caption : captions) {
             caption += u' ' + QString::number(macro);
