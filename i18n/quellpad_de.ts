@@ -502,6 +502,314 @@
     </message>
 </context>
 <context>
+    <name>FrmAdvancedCommands</name>
+    <message>
+        <source>A value from 0 to 359.99 is expected.</source>
+        <translation>Erwartet wird ein Wert von 0 bis 359,99.</translation>
+    </message>
+    <message>
+        <source>Please enter a value between -180 and 180</source>
+        <translation>Bitte einen Wert zwischen -180 und 180 eingeben</translation>
+    </message>
+    <message>
+        <source>Expected magnification values are from 1 to 350.</source>
+        <translation>Erwartet werden Vergrößerungen von 1 bis 350.</translation>
+    </message>
+    <message>
+        <source>Warning!</source>
+        <translation>Warnung!</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>Please enter the magnification value.</source>
+        <translation>Bitte die Vergrößerung eingeben.</translation>
+    </message>
+    <message>
+        <source>Either Zoom Limit or Set Zoom is empty, please enter the value</source>
+        <translation>Zoomgrenze oder Zoom setzen ist leer, bitte den Wert eingeben</translation>
+    </message>
+    <message>
+        <source>Either Zoom limit&apos;s or Set Zoom&apos;s values is not valid</source>
+        <translation>Der Wert von Zoomgrenze oder Zoom setzen ist ungültig</translation>
+    </message>
+    <message>
+        <source>Values From 0 to 359.99 Expected</source>
+        <translation>Werte von 0 bis 359,99 erwartet</translation>
+    </message>
+    <message>
+        <source>Values From -180 to 180 Expected</source>
+        <translation>Werte von -180 bis 180 erwartet</translation>
+    </message>
+    <message>
+        <source>A Value of 1 to 350 Expected</source>
+        <translation>Ein Wert von 1 bis 350 erwartet</translation>
+    </message>
+</context>
+<context>
+    <name>FrmJoystick</name>
+    <message>
+        <source>Preset %1</source>
+        <translation>Preset %1</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Keine</translation>
+    </message>
+    <message>
+        <source>The joystick&apos;s settings could not be kept: %1.</source>
+        <translation>Die Joystick-Einstellungen konnten nicht gespeichert werden: %1.</translation>
+    </message>
+</context>
+<context>
+    <name>FrmMain</name>
+    <message>
+        <source>Number</source>
+        <translation>Nummer</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>Must be a number between 1 and 254.</source>
+        <translation>Muss eine Zahl zwischen 1 und 254 sein.</translation>
+    </message>
+    <message>
+        <source>Send Camera %1 Title</source>
+        <translation>Titel von Kamera %1 senden</translation>
+    </message>
+    <message>
+        <source>Camera number must be between 1 and 999999.</source>
+        <translation>Die Kameranummer muss zwischen 1 und 999999 liegen.</translation>
+    </message>
+    <message>
+        <source>Monitor number must be between 1 and 9999.</source>
+        <translation>Die Monitornummer muss zwischen 1 und 9999 liegen.</translation>
+    </message>
+    <message>
+        <source>Preset numbers range from 1 to 150.</source>
+        <translation>Presetnummern reichen von 1 bis 150.</translation>
+    </message>
+    <message>
+        <source>Must be a number between 1 and 9999.</source>
+        <translation>Muss eine Zahl zwischen 1 und 9999 sein.</translation>
+    </message>
+    <message>
+        <source>Alarm numbers must be greater than 0 and less than 9999.</source>
+        <translation>Alarmnummern müssen größer als 0 und kleiner als 9999 sein.</translation>
+    </message>
+    <message>
+        <source>Alarm numbers must be less than 9999</source>
+        <translation>Alarmnummern müssen kleiner als 9999 sein</translation>
+    </message>
+    <message>
+        <source>In D or P Protocol auxes must<byte value="xd"/>
+be less than 9.</source>
+        <translation>Im D- oder P-Protokoll müssen Aux-Nummern<byte value="xd"/>
+kleiner als 9 sein.</translation>
+    </message>
+    <message>
+        <source>In ASCII Protocol auxes must<byte value="xd"/>
+be less than 65000.</source>
+        <translation>Im ASCII-Protokoll müssen Aux-Nummern<byte value="xd"/>
+kleiner als 65000 sein.</translation>
+    </message>
+    <message>
+        <source>Aux ON</source>
+        <translation>Aux EIN</translation>
+    </message>
+    <message>
+        <source>Aux OFF</source>
+        <translation>Aux AUS</translation>
+    </message>
+    <message>
+        <source>Toggle Aux</source>
+        <translation>Aux umschalten</translation>
+    </message>
+    <message>
+        <source>GPI ON</source>
+        <translation>GPI EIN</translation>
+    </message>
+    <message>
+        <source>GPI OFF</source>
+        <translation>GPI AUS</translation>
+    </message>
+    <message>
+        <source>Toggle GPI</source>
+        <translation>GPI umschalten</translation>
+    </message>
+    <message>
+        <source>GPI %1 On</source>
+        <translation>GPI %1 ein</translation>
+    </message>
+    <message>
+        <source>GPI %1 Off</source>
+        <translation>GPI %1 aus</translation>
+    </message>
+    <message>
+        <source>Toggle GPI %1</source>
+        <translation>GPI %1 umschalten</translation>
+    </message>
+    <message>
+        <source>Aux %1 ON</source>
+        <translation>Aux %1 EIN</translation>
+    </message>
+    <message>
+        <source>Aux %1 OFF</source>
+        <translation>Aux %1 AUS</translation>
+    </message>
+    <message>
+        <source>Toggle Aux %1</source>
+        <translation>Aux %1 umschalten</translation>
+    </message>
+    <message>
+        <source>GPI %1, Aux %2 ON</source>
+        <translation>GPI %1, Aux %2 EIN</translation>
+    </message>
+    <message>
+        <source>GPI %1, Aux %2 OFF</source>
+        <translation>GPI %1, Aux %2 AUS</translation>
+    </message>
+    <message>
+        <source>Toggle GPI %1, Aux %2</source>
+        <translation>GPI %1, Aux %2 umschalten</translation>
+    </message>
+    <message>
+        <source>Start Macro</source>
+        <translation>Makro starten</translation>
+    </message>
+    <message>
+        <source>Halt Macro</source>
+        <translation>Makro anhalten</translation>
+    </message>
+    <message>
+        <source>Start Sequence</source>
+        <translation>Sequenz starten</translation>
+    </message>
+    <message>
+        <source>Halt Sequence</source>
+        <translation>Sequenz anhalten</translation>
+    </message>
+    <message>
+        <source>Start Tour</source>
+        <translation>Tour starten</translation>
+    </message>
+    <message>
+        <source>Halt Tour</source>
+        <translation>Tour anhalten</translation>
+    </message>
+</context>
+<context>
+    <name>FrmTraffic</name>
+    <message>
+        <source>Text files (*.txt);;CSV files (*.csv)</source>
+        <translation>Textdateien (*.txt);;CSV-Dateien (*.csv)</translation>
+    </message>
+</context>
+<context>
+    <name>FrmTypeCmnds</name>
+    <message>
+        <source><byte value="xd"/>
+Type ASCII bytes and send them by pressing the&quot;Enter&quot; key.  For example; 1Ma would represent<byte value="xd"/>
+the monitor 1 select command.  ASCII command<byte value="xd"/>
+responses will appear below.</source>
+        <translation><byte value="xd"/>
+ASCII-Bytes eingeben und mit der Taste&quot;Enter&quot; senden.  Zum Beispiel steht 1Ma<byte value="xd"/>
+für den Befehl „Monitor 1 wählen“.  Antworten auf<byte value="xd"/>
+ASCII-Befehle erscheinen unten.</translation>
+    </message>
+    <message>
+        <source><byte value="xd"/>
+Type Hexadecimal bytes and send them by pressing the&quot;Enter&quot; key.  For example; FF 01 00 00 00 00 01 would<byte value="xd"/>
+represent the camera 1 stop command in D Protocol.<byte value="xd"/>
+The command response will appear below.</source>
+        <translation><byte value="xd"/>
+Hexadezimale Bytes eingeben und mit der Taste&quot;Enter&quot; senden.  Zum Beispiel steht FF 01 00 00 00 00 01<byte value="xd"/>
+für den Stoppbefehl an Kamera 1 im D-Protokoll.<byte value="xd"/>
+Die Antwort auf den Befehl erscheint unten.</translation>
+    </message>
+</context>
+<context>
+    <name>Gamepad</name>
+    <message>
+        <source>Joystick...</source>
+        <translation>Joystick...</translation>
+    </message>
+    <message>
+        <source>Joystick: unavailable</source>
+        <translation>Joystick: nicht verfügbar</translation>
+    </message>
+    <message>
+        <source>Joystick: </source>
+        <translation>Joystick: </translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>keiner</translation>
+    </message>
+    <message>
+        <source>The SDL library is incomplete.</source>
+        <translation>Die SDL-Bibliothek ist unvollständig.</translation>
+    </message>
+    <message>
+        <source>Joystick %1</source>
+        <translation>Joystick %1</translation>
+    </message>
+</context>
+<context>
+    <name>JoystickSquare</name>
+    <message>
+        <source>Joystick</source>
+        <translation>Joystick</translation>
+    </message>
+    <message>
+        <source>Drag with the left button to pan and tilt: the further from the centre, the faster. A right click latches the knob to the pointer until the next right click.</source>
+        <translation>Mit gedrückter linker Taste ziehen, um zu schwenken und zu neigen: je weiter von der Mitte, desto schneller. Ein Rechtsklick heftet den Knauf an den Zeiger bis zum nächsten Rechtsklick.</translation>
+    </message>
+    <message>
+        <source>Joystick Knob</source>
+        <translation>Joystick-Knauf</translation>
+    </message>
+</context>
+<context>
+    <name>Lens</name>
+    <message>
+        <source>Focus Near</source>
+        <translation>Fokus nah</translation>
+    </message>
+    <message>
+        <source>Focus Far</source>
+        <translation>Fokus fern</translation>
+    </message>
+    <message>
+        <source>Iris Open</source>
+        <translation>Blende auf</translation>
+    </message>
+    <message>
+        <source>Iris Close</source>
+        <translation>Blende zu</translation>
+    </message>
+    <message>
+        <source>Zoom In</source>
+        <translation>Zoom nah</translation>
+    </message>
+    <message>
+        <source>Zoom Out</source>
+        <translation>Zoom weit</translation>
+    </message>
+    <message>
+        <source>%1 On</source>
+        <translation>%1 ein</translation>
+    </message>
+    <message>
+        <source>%1 Off</source>
+        <translation>%1 aus</translation>
+    </message>
+</context>
+<context>
     <name>NetworkLine</name>
     <message>
         <source>the line settings &quot;%1&quot; are not valid</source>
@@ -550,6 +858,194 @@
     <message>
         <source>the network module could not be loaded (%1)</source>
         <translation>das Netzwerkmodul konnte nicht geladen werden (%1)</translation>
+    </message>
+</context>
+<context>
+    <name>Numeric</name>
+    <message>
+        <source>Overflow: %1 does not fit %2.</source>
+        <translation>Überlauf: %1 passt nicht in %2.</translation>
+    </message>
+    <message>
+        <source>a byte (0 to 255)</source>
+        <translation>ein Byte (0 bis 255)</translation>
+    </message>
+    <message>
+        <source>a 16-bit number (-32768 to 32767)</source>
+        <translation>eine 16-Bit-Zahl (-32768 bis 32767)</translation>
+    </message>
+    <message>
+        <source>a 32-bit number</source>
+        <translation>eine 32-Bit-Zahl</translation>
+    </message>
+</context>
+<context>
+    <name>PlainFile</name>
+    <message>
+        <source>%1 at %2 is not a plain file</source>
+        <translation>%1 unter %2 ist keine gewöhnliche Datei</translation>
+    </message>
+    <message>
+        <source>it is not a plain file</source>
+        <translation>es ist keine gewöhnliche Datei</translation>
+    </message>
+</context>
+<context>
+    <name>PortBinding</name>
+    <message>
+        <source>The choice of device for COM %1 could not be kept: %2.</source>
+        <translation>Die Gerätewahl für COM %1 konnte nicht gespeichert werden: %2.</translation>
+    </message>
+    <message>
+        <source>The choice of device for COM %1 could not be kept: %2 could not be written. Check that its folder may be written.</source>
+        <translation>Die Gerätewahl für COM %1 konnte nicht gespeichert werden: %2 ließ sich nicht schreiben. Prüfen Sie, ob in den Ordner geschrieben werden darf.</translation>
+    </message>
+    <message>
+        <source>Choose what COM %1 is bound to: a serial device, the simulated site, or a network server as tcp://host:port or rfc2217://host:port.</source>
+        <translation>Wählen Sie, womit COM %1 verbunden ist: eine serielle Schnittstelle, die simulierte Anlage oder ein Netzwerkserver als tcp://host:port oder rfc2217://host:port.</translation>
+    </message>
+    <message>
+        <source>COM %1: &quot;%2&quot; names no server. Write it as tcp://host:port or rfc2217://host:port, with a port number from 1 to 65535.</source>
+        <translation>COM %1: „%2“ nennt keinen Server. Schreiben Sie tcp://host:port oder rfc2217://host:port mit einer Portnummer von 1 bis 65535.</translation>
+    </message>
+</context>
+<context>
+    <name>PortChoiceBox</name>
+    <message>
+        <source>Simulated site</source>
+        <translation>Simulierte Anlage</translation>
+    </message>
+    <message>
+        <source>Set by %1</source>
+        <translation>Gesetzt durch %1</translation>
+    </message>
+    <message>
+        <source>Chosen here</source>
+        <translation>Hier gewählt</translation>
+    </message>
+    <message>
+        <source>The system&apos;s default</source>
+        <translation>Vorgabe des Systems</translation>
+    </message>
+</context>
+<context>
+    <name>PortControl</name>
+    <message>
+        <source> and </source>
+        <translation> und </translation>
+    </message>
+    <message>
+        <source> did not open; to work without equipment, choose &quot;Simulated site&quot; in Options &gt; Settings...</source>
+        <translation> ließ sich nicht öffnen; um ohne Geräte zu arbeiten, wählen Sie „Simulierte Anlage“ unter Optionen &gt; Einstellungen...</translation>
+    </message>
+    <message>
+        <source>Settings.dat at %1 is not a plain file, so it was neither read nor written. The keyboard starts on its defaults.</source>
+        <translation>Settings.dat unter %1 ist keine gewöhnliche Datei und wurde daher weder gelesen noch geschrieben. Die Tastatur startet mit ihren Vorgaben.</translation>
+    </message>
+    <message>
+        <source>, so it was neither read nor written. The ports and the joystick start on their defaults.</source>
+        <translation>, daher wurde sie weder gelesen noch geschrieben. Die Anschlüsse und der Joystick starten mit ihren Vorgaben.</translation>
+    </message>
+    <message>
+        <source>Settings.dat at %1 could not be read as six plain lines (%2)</source>
+        <translation>Settings.dat unter %1 ließ sich nicht als sechs einfache Zeilen lesen (%2)</translation>
+    </message>
+    <message>
+        <source>. It has been kept as %1, and a new Settings.dat holds the defaults for what could not be read.</source>
+        <translation>. Sie wurde als %1 aufbewahrt, und eine neue Settings.dat enthält die Vorgaben für das, was nicht gelesen werden konnte.</translation>
+    </message>
+    <message>
+        <source>, and %1, so it was left as it is. The keyboard starts on the defaults for what could not be read.</source>
+        <translation>, und %1, daher blieb sie unverändert. Die Tastatur startet mit den Vorgaben für das, was nicht gelesen werden konnte.</translation>
+    </message>
+    <message>
+        <source>Settings.dat holds the mode &quot;%1&quot;, which this keyboard does not know, so no command is sent and replies are dropped. Choose a mode in the Mode menu.</source>
+        <translation>Settings.dat enthält den Modus „%1“, den diese Tastatur nicht kennt; daher wird kein Befehl gesendet und Antworten werden verworfen. Wählen Sie einen Modus im Menü Modus.</translation>
+    </message>
+</context>
+<context>
+    <name>PortErrors</name>
+    <message>
+        <source>%1 could not be opened: there is no such port (%2).</source>
+        <translation>%1 ließ sich nicht öffnen: Diesen Anschluss gibt es nicht (%2).</translation>
+    </message>
+    <message>
+        <source>%1 could not be opened: it is in use by another program (%2).</source>
+        <translation>%1 ließ sich nicht öffnen: Ein anderes Programm benutzt ihn (%2).</translation>
+    </message>
+    <message>
+        <source>%1 could not be opened. %2</source>
+        <translation>%1 ließ sich nicht öffnen. %2</translation>
+    </message>
+    <message>
+        <source>%1 could not be opened: the device is not a serial port (%2).</source>
+        <translation>%1 ließ sich nicht öffnen: Das Gerät ist keine serielle Schnittstelle (%2).</translation>
+    </message>
+    <message>
+        <source>%1 could not be written: %2.</source>
+        <translation>Auf %1 ließ sich nicht schreiben: %2.</translation>
+    </message>
+    <message>
+        <source>%1 stopped working and has been closed: %2.</source>
+        <translation>%1 arbeitet nicht mehr und wurde geschlossen: %2.</translation>
+    </message>
+    <message>
+        <source>COM %1 (%2) is back and has been opened again.</source>
+        <translation>COM %1 (%2) ist wieder da und wurde erneut geöffnet.</translation>
+    </message>
+    <message>
+        <source>the line settings &quot;%1&quot; are not valid</source>
+        <translation>die Leitungseinstellungen „%1“ sind ungültig</translation>
+    </message>
+    <message>
+        <source>the device refused the line settings &quot;%1&quot; (%2)</source>
+        <translation>das Gerät hat die Leitungseinstellungen „%1“ abgelehnt (%2)</translation>
+    </message>
+    <message>
+        <source>COM %1 (%2): the device does not take what is sent to it; %3 bytes wait for it, and what the keyboard sends is dropped until it takes them.</source>
+        <translation>COM %1 (%2): Das Gerät nimmt nicht an, was ihm gesendet wird; %3 Bytes warten darauf, und was die Tastatur sendet, wird verworfen, bis es sie annimmt.</translation>
+    </message>
+    <message>
+        <source>the port is not open</source>
+        <translation>der Anschluss ist nicht geöffnet</translation>
+    </message>
+    <message>
+        <source>COM %1 (%2): the device takes what is sent again.</source>
+        <translation>COM %1 (%2): Das Gerät nimmt wieder an, was gesendet wird.</translation>
+    </message>
+    <message>
+        <source>the device was unplugged or hung up</source>
+        <translation>das Gerät wurde abgezogen oder hat aufgelegt</translation>
+    </message>
+    <message>
+        <source>Access to %1 was refused.</source>
+        <translation>Der Zugriff auf %1 wurde verweigert.</translation>
+    </message>
+    <message>
+        <source> Ask for membership of the group &quot;%1&quot;, which owns it, then log out and in again.</source>
+        <translation> Bitten Sie um Aufnahme in die Gruppe „%1“, der es gehört, und melden Sie sich danach ab und wieder an.</translation>
+    </message>
+    <message>
+        <source> Only its owner, %1, may open it. An administrator can grant access to it, for example with a udev rule that gives it a group to join.</source>
+        <translation> Nur sein Eigentümer, %1, darf es öffnen. Ein Administrator kann Zugriff gewähren, etwa mit einer udev-Regel, die ihm eine Gruppe gibt, der man beitreten kann.</translation>
+    </message>
+    <message>
+        <source> Ask for read and write access to it.</source>
+        <translation> Bitten Sie um Lese- und Schreibzugriff darauf.</translation>
+    </message>
+</context>
+<context>
+    <name>QObject</name>
+    <message>
+        <source>none</source>
+        <translation>keine</translation>
+    </message>
+</context>
+<context>
+    <name>Retransmission</name>
+    <message>
+        <source>Retransmit count must above .05 and less than 61.</source>
+        <translation>Der Wiederholungswert muss über 0,05 und unter 61 liegen.</translation>
     </message>
 </context>
 <context>
@@ -624,6 +1120,37 @@
     <message>
         <source>controller connected</source>
         <translation>Steuerung verbunden</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsFile</name>
+    <message>
+        <source>line %1 is longer than %2 characters</source>
+        <translation>Zeile %1 ist länger als %2 Zeichen</translation>
+    </message>
+    <message>
+        <source>line %1 holds characters that are not plain text</source>
+        <translation>Zeile %1 enthält Zeichen, die kein einfacher Text sind</translation>
+    </message>
+    <message>
+        <source>it cannot be read: %1</source>
+        <translation>sie lässt sich nicht lesen: %1</translation>
+    </message>
+    <message>
+        <source> and was not written.</source>
+        <translation> und wurde nicht geschrieben.</translation>
+    </message>
+    <message>
+        <source>Settings.dat could not be written to %1: %2.</source>
+        <translation>Settings.dat ließ sich nicht nach %1 schreiben: %2.</translation>
+    </message>
+    <message>
+        <source>it could not be kept as %1 (%2)</source>
+        <translation>sie ließ sich nicht als %1 aufbewahren (%2)</translation>
+    </message>
+    <message>
+        <source>Settings.dat.bak to Settings.dat.bak.%1 are all taken</source>
+        <translation>Settings.dat.bak bis Settings.dat.bak.%1 sind alle belegt</translation>
     </message>
 </context>
 <context>
@@ -765,6 +1292,1408 @@
     <message>
         <source>tape ejected</source>
         <translation>Band ausgeworfen</translation>
+    </message>
+</context>
+<context>
+    <name>TrafficLog</name>
+    <message>
+        <source>The traffic %1 &quot;%2&quot; cannot be written: %3.</source>
+        <translation>Die Verkehrs%1 „%2“ lässt sich nicht schreiben: %3.</translation>
+    </message>
+    <message>
+        <source>file</source>
+        <translation>datei</translation>
+    </message>
+    <message>
+        <source>Log started </source>
+        <translation>Protokoll begonnen </translation>
+    </message>
+    <message>
+        <source>Date	</source>
+        <translation>Datum	</translation>
+    </message>
+    <message>
+        <source>log</source>
+        <translation>protokolldatei</translation>
+    </message>
+    <message>
+        <source>The traffic log &quot;%1&quot; cannot be written: %2. Logging has stopped after the last whole row; %3 not written.</source>
+        <translation>Die Verkehrsprotokolldatei „%1“ lässt sich nicht schreiben: %2. Die Aufzeichnung endete nach der letzten vollständigen Zeile; %3 nicht geschrieben.</translation>
+    </message>
+    <message>
+        <source>1 row was</source>
+        <translation>1 Zeile wurde</translation>
+    </message>
+    <message>
+        <source>%1 rows were</source>
+        <translation>%1 Zeilen wurden</translation>
+    </message>
+</context>
+<context>
+    <name>TrafficWords</name>
+    <message>
+        <source>pan position %1°</source>
+        <translation>Schwenkposition %1°</translation>
+    </message>
+    <message>
+        <source>tilt position %1°</source>
+        <translation>Neigeposition %1°</translation>
+    </message>
+    <message>
+        <source>zoom position %1</source>
+        <translation>Zoomposition %1</translation>
+    </message>
+    <message>
+        <source>magnification %1</source>
+        <translation>Vergrößerung %1</translation>
+    </message>
+    <message>
+        <source>camera %1</source>
+        <translation>Kamera %1</translation>
+    </message>
+    <message>
+        <source>switcher</source>
+        <translation>Kreuzschiene</translation>
+    </message>
+    <message>
+        <source>multiplexer</source>
+        <translation>Multiplexer</translation>
+    </message>
+    <message>
+        <source>not decoded: </source>
+        <translation>nicht entschlüsselt: </translation>
+    </message>
+    <message>
+        <source> ← camera %1: </source>
+        <translation> ← Kamera %1: </translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Port</source>
+        <translation>Anschluss</translation>
+    </message>
+    <message>
+        <source>Direction</source>
+        <translation>Richtung</translation>
+    </message>
+    <message>
+        <source>Hex</source>
+        <translation>Hex</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>Meaning</source>
+        <translation>Bedeutung</translation>
+    </message>
+    <message>
+        <source>Listen</source>
+        <translation>Mithören</translation>
+    </message>
+    <message>
+        <source>sent</source>
+        <translation>gesendet</translation>
+    </message>
+    <message>
+        <source>received</source>
+        <translation>empfangen</translation>
+    </message>
+</context>
+<context>
+    <name>frmAbout</name>
+    <message>
+        <source>This application is designed to send the ASCII,<byte value="xd"/>
+Direct D and Direct P Protocols via serial port.<byte value="xd"/>
+To use this application select a mode of operation,<byte value="xd"/>
+a port to use and the proper baud rate/parity<byte value="xd"/>
+settings for your application.</source>
+        <translation>Dieses Programm sendet die Protokolle ASCII,<byte value="xd"/>
+Direct D und Direct P über eine serielle Schnittstelle.<byte value="xd"/>
+Wählen Sie dazu eine Betriebsart,<byte value="xd"/>
+einen Anschluss und die passenden Einstellungen<byte value="xd"/>
+für Baudrate und Parität.</translation>
+    </message>
+    <message>
+        <source>Warning:  Use this software at your own risk.  This<byte value="xd"/>
+application has never been formally tested.  The<byte value="xd"/>
+ASCII commands supported will vary from application<byte value="xd"/>
+to application.</source>
+        <translation>Warnung:  Benutzung auf eigene Gefahr.  Dieses<byte value="xd"/>
+Programm wurde nie formell geprüft.  Welche<byte value="xd"/>
+ASCII-Befehle unterstützt werden, ist von Anlage<byte value="xd"/>
+zu Anlage verschieden.</translation>
+    </message>
+    <message>
+        <source>Quellpad-  Version %1.%2.%3A</source>
+        <translation>Quellpad-  Version %1.%2.%3A</translation>
+    </message>
+</context>
+<context>
+    <name>frmMenuControl</name>
+    <message>
+        <source>Enter menu commands via the arrow keys,<byte value="xd"/>
+the &quot;O&quot; key for iris open, and the &quot;C&quot;<byte value="xd"/>
+key for iris close.  Use the &quot;M&quot; key to<byte value="xd"/>
+obtain access to the menus.</source>
+        <translation>Menübefehle mit den Pfeiltasten eingeben,<byte value="xd"/>
+Taste &quot;O&quot; für Blende auf und Taste &quot;C&quot;<byte value="xd"/>
+für Blende zu.  Mit der Taste &quot;M&quot;<byte value="xd"/>
+gelangen Sie in die Menüs.</translation>
+    </message>
+</context>
+<context>
+    <name>quellpad::FrmAdvancedCommands</name>
+    <message>
+        <source>Set Zero Position</source>
+        <translation>Nullposition setzen</translation>
+    </message>
+    <message>
+        <source>Set</source>
+        <translation>Setzen</translation>
+    </message>
+    <message>
+        <source>Go To Zero Pan</source>
+        <translation>Schwenk-Null anfahren</translation>
+    </message>
+    <message>
+        <source>Go</source>
+        <translation>Anfahren</translation>
+    </message>
+    <message>
+        <source>Query Pan Position</source>
+        <translation>Schwenkposition abfragen</translation>
+    </message>
+    <message>
+        <source>Query</source>
+        <translation>Abfragen</translation>
+    </message>
+    <message>
+        <source>Query Tilt Position</source>
+        <translation>Neigeposition abfragen</translation>
+    </message>
+    <message>
+        <source>Query Zoom Position</source>
+        <translation>Zoomposition abfragen</translation>
+    </message>
+    <message>
+        <source>Query Magnification</source>
+        <translation>Vergrößerung abfragen</translation>
+    </message>
+    <message>
+        <source>Query Device Type</source>
+        <translation>Gerätetyp abfragen</translation>
+    </message>
+    <message>
+        <source>Query Diagnostic Info</source>
+        <translation>Diagnosedaten abfragen</translation>
+    </message>
+    <message>
+        <source>Activate Echo Mode</source>
+        <translation>Echomodus einschalten</translation>
+    </message>
+    <message>
+        <source>Activate</source>
+        <translation>Einschalten</translation>
+    </message>
+    <message>
+        <source>Prepare Download</source>
+        <translation>Download vorbereiten</translation>
+    </message>
+    <message>
+        <source>Prepare</source>
+        <translation>Vorbereiten</translation>
+    </message>
+    <message>
+        <source>Start Download</source>
+        <translation>Download starten</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Starten</translation>
+    </message>
+    <message>
+        <source>Advanced Commands</source>
+        <translation>Erweiterte Befehle</translation>
+    </message>
+    <message>
+        <source>Set Position</source>
+        <translation>Position setzen</translation>
+    </message>
+    <message>
+        <source>Miscellaneous</source>
+        <translation>Sonstiges</translation>
+    </message>
+    <message>
+        <source>Set Zoom</source>
+        <translation>Zoom setzen</translation>
+    </message>
+    <message>
+        <source>Set Pan Position</source>
+        <translation>Schwenkposition setzen</translation>
+    </message>
+    <message>
+        <source>Set </source>
+        <translation>Setzen </translation>
+    </message>
+    <message>
+        <source>Set Tilt Position</source>
+        <translation>Neigeposition setzen</translation>
+    </message>
+    <message>
+        <source>Set Magnification</source>
+        <translation>Vergrößerung setzen</translation>
+    </message>
+    <message>
+        <source>Enter Zoom Limit</source>
+        <translation>Zoomgrenze eingeben</translation>
+    </message>
+    <message>
+        <source>Set Zoom Position</source>
+        <translation>Zoomposition setzen</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+</context>
+<context>
+    <name>quellpad::FrmExtendedCommands</name>
+    <message>
+        <source>Auto Iris Level</source>
+        <translation>Auto-Blende Pegel</translation>
+    </message>
+    <message>
+        <source>Auto Iris Peak</source>
+        <translation>Auto-Blende Spitze</translation>
+    </message>
+    <message>
+        <source>R - Gain</source>
+        <translation>R - Verstärkung</translation>
+    </message>
+    <message>
+        <source>B - Gain</source>
+        <translation>B - Verstärkung</translation>
+    </message>
+    <message>
+        <source>Extended Commands</source>
+        <translation>Zusätzliche Befehle</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>aus</translation>
+    </message>
+    <message>
+        <source>Query</source>
+        <translation>Abfragen</translation>
+    </message>
+    <message>
+        <source>on</source>
+        <translation>ein</translation>
+    </message>
+    <message>
+        <source>Auto Focus</source>
+        <translation>Autofokus</translation>
+    </message>
+    <message>
+        <source>Auto Iris</source>
+        <translation>Auto-Blende</translation>
+    </message>
+    <message>
+        <source>Auto AGC</source>
+        <translation>Auto-AGC</translation>
+    </message>
+    <message>
+        <source>Auto White Balance</source>
+        <translation>Auto-Weißabgleich</translation>
+    </message>
+    <message>
+        <source>Backlight Compensation</source>
+        <translation>Gegenlichtkompensation</translation>
+    </message>
+    <message>
+        <source>Reset Camera to Defaults</source>
+        <translation>Kamera auf Werkseinstellungen</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>Zurücksetzen</translation>
+    </message>
+    <message>
+        <source>%1 down</source>
+        <translation>%1 ab</translation>
+    </message>
+    <message>
+        <source>%1 up</source>
+        <translation>%1 auf</translation>
+    </message>
+    <message>
+        <source>Gain Limit</source>
+        <translation>Verstärkungsgrenze</translation>
+    </message>
+    <message>
+        <source>Gain Limit down</source>
+        <translation>Verstärkungsgrenze ab</translation>
+    </message>
+    <message>
+        <source>Gain Limit up</source>
+        <translation>Verstärkungsgrenze auf</translation>
+    </message>
+    <message>
+        <source>Shutter Speed</source>
+        <translation>Verschlusszeit</translation>
+    </message>
+    <message>
+        <source>NTSC shutter speed</source>
+        <translation>NTSC-Verschlusszeit</translation>
+    </message>
+    <message>
+        <source>PAL shutter speed</source>
+        <translation>PAL-Verschlusszeit</translation>
+    </message>
+    <message>
+        <source>Set</source>
+        <translation>Setzen</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+</context>
+<context>
+    <name>quellpad::FrmJoystick</name>
+    <message>
+        <source>None</source>
+        <translation>Keine</translation>
+    </message>
+    <message>
+        <source>Axis %1</source>
+        <translation>Achse %1</translation>
+    </message>
+    <message>
+        <source>Joystick</source>
+        <translation>Joystick</translation>
+    </message>
+    <message>
+        <source>Stick</source>
+        <translation>Hebel</translation>
+    </message>
+    <message>
+        <source>Invert</source>
+        <translation>Umkehren</translation>
+    </message>
+    <message>
+        <source>&amp;Pan</source>
+        <translation>&amp;Schwenken</translation>
+    </message>
+    <message>
+        <source>&amp;Tilt</source>
+        <translation>&amp;Neigen</translation>
+    </message>
+    <message>
+        <source>&amp;Zoom</source>
+        <translation>&amp;Zoom</translation>
+    </message>
+    <message>
+        <source>%1 Invert</source>
+        <translation>%1 umkehren</translation>
+    </message>
+    <message>
+        <source>&amp;Dead zone</source>
+        <translation>&amp;Totzone</translation>
+    </message>
+    <message>
+        <source>Linear</source>
+        <translation>Linear</translation>
+    </message>
+    <message>
+        <source>Squared</source>
+        <translation>Quadratisch</translation>
+    </message>
+    <message>
+        <source>&amp;Response</source>
+        <translation>&amp;Kennlinie</translation>
+    </message>
+    <message>
+        <source>Buttons</source>
+        <translation>Tasten</translation>
+    </message>
+    <message>
+        <source>Button %1</source>
+        <translation>Taste %1</translation>
+    </message>
+    <message>
+        <source>No joystick connected</source>
+        <translation>Kein Joystick angeschlossen</translation>
+    </message>
+    <message>
+        <source>Controller: </source>
+        <translation>Steuergerät: </translation>
+    </message>
+</context>
+<context>
+    <name>quellpad::FrmLabel</name>
+    <message>
+        <source>Preset/Zone Label or Camera Title</source>
+        <translation>Preset-/Zonenbeschriftung oder Kameratitel</translation>
+    </message>
+    <message>
+        <source>Label</source>
+        <translation>Beschriftung</translation>
+    </message>
+</context>
+<context>
+    <name>quellpad::FrmMain</name>
+    <message>
+        <source>%1 more since the last message, the latest at %2</source>
+        <translation>%1 weitere seit der letzten Meldung, die jüngste um %2</translation>
+    </message>
+    <message>
+        <source>Zone</source>
+        <translation>Zone</translation>
+    </message>
+    <message>
+        <source>ASCII Response</source>
+        <translation>ASCII-Antwort</translation>
+    </message>
+    <message>
+        <source>P Response</source>
+        <translation>P-Antwort</translation>
+    </message>
+    <message>
+        <source>D Response</source>
+        <translation>D-Antwort</translation>
+    </message>
+    <message>
+        <source>Retransmit</source>
+        <translation>Wiederholung</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Settings: %1</source>
+        <translation>Einstellungen: %1</translation>
+    </message>
+    <message>
+        <source>Quellpad - Settings (%1, %2, 8, 1)</source>
+        <translation>Quellpad - Einstellungen (%1, %2, 8, 1)</translation>
+    </message>
+    <message>
+        <source>open</source>
+        <translation>offen</translation>
+    </message>
+    <message>
+        <source>closed</source>
+        <translation>geschlossen</translation>
+    </message>
+    <message>
+        <source>&amp;Options</source>
+        <translation>&amp;Optionen</translation>
+    </message>
+    <message>
+        <source>Settings...</source>
+        <translation>Einstellungen...</translation>
+    </message>
+    <message>
+        <source>Simulated Site...</source>
+        <translation>Simulierte Anlage...</translation>
+    </message>
+    <message>
+        <source>Traffic...</source>
+        <translation>Datenverkehr...</translation>
+    </message>
+    <message>
+        <source>Scan for Receivers...</source>
+        <translation>Empfänger suchen...</translation>
+    </message>
+    <message>
+        <source>Retransmit Timer</source>
+        <translation>Wiederholungstimer</translation>
+    </message>
+    <message>
+        <source>Control Lock</source>
+        <translation>Tastenverriegelung</translation>
+    </message>
+    <message>
+        <source>Arrow/Menu Control</source>
+        <translation>Pfeil-/Menüsteuerung</translation>
+    </message>
+    <message>
+        <source>Type Commands...</source>
+        <translation>Befehle eingeben...</translation>
+    </message>
+    <message>
+        <source>Advanced Commands...</source>
+        <translation>Erweiterte Befehle...</translation>
+    </message>
+    <message>
+        <source>Extended Commands...</source>
+        <translation>Zusätzliche Befehle...</translation>
+    </message>
+    <message>
+        <source>Set Label...</source>
+        <translation>Beschriftung setzen...</translation>
+    </message>
+    <message>
+        <source>Send ASCII Time Update</source>
+        <translation>ASCII-Uhrzeit senden</translation>
+    </message>
+    <message>
+        <source>Send Camera Title</source>
+        <translation>Kameratitel senden</translation>
+    </message>
+    <message>
+        <source>ASCII Command Display</source>
+        <translation>ASCII-Befehlsanzeige</translation>
+    </message>
+    <message>
+        <source>T Protocol Commands</source>
+        <translation>T-Protokoll-Befehle</translation>
+    </message>
+    <message>
+        <source>H Protocol Poll</source>
+        <translation>H-Protokoll-Abfrage</translation>
+    </message>
+    <message>
+        <source>Factory Calibration</source>
+        <translation>Werkskalibrierung</translation>
+    </message>
+    <message>
+        <source>Command Script</source>
+        <translation>Befehlsskript</translation>
+    </message>
+    <message>
+        <source>Log File</source>
+        <translation>Protokolldatei</translation>
+    </message>
+    <message>
+        <source>About Quellpad...</source>
+        <translation>Über Quellpad...</translation>
+    </message>
+    <message>
+        <source>Exit</source>
+        <translation>Beenden</translation>
+    </message>
+    <message>
+        <source>&amp;Mode</source>
+        <translation>&amp;Modus</translation>
+    </message>
+    <message>
+        <source>D Protocol</source>
+        <translation>D-Protokoll</translation>
+    </message>
+    <message>
+        <source>P Protocol</source>
+        <translation>P-Protokoll</translation>
+    </message>
+    <message>
+        <source>H Protocol</source>
+        <translation>H-Protokoll</translation>
+    </message>
+    <message>
+        <source>T Protocol</source>
+        <translation>T-Protokoll</translation>
+    </message>
+    <message>
+        <source>&amp;Aux</source>
+        <translation>&amp;Aux</translation>
+    </message>
+    <message>
+        <source>Mac&amp;ro</source>
+        <translation>Mak&amp;ro</translation>
+    </message>
+    <message>
+        <source>&amp;Cam Lock</source>
+        <translation>&amp;Kamerasperre</translation>
+    </message>
+    <message>
+        <source>Lock Current Camera</source>
+        <translation>Aktuelle Kamera sperren</translation>
+    </message>
+    <message>
+        <source>Unlock Current Camera</source>
+        <translation>Aktuelle Kamera freigeben</translation>
+    </message>
+    <message>
+        <source>Override Camera Lock</source>
+        <translation>Kamerasperre übergehen</translation>
+    </message>
+    <message>
+        <source>Mu&amp;x</source>
+        <translation>Mu&amp;x</translation>
+    </message>
+    <message>
+        <source>Digital Zoom</source>
+        <translation>Digitalzoom</translation>
+    </message>
+    <message>
+        <source>Quad</source>
+        <translation>Viererbild</translation>
+    </message>
+    <message>
+        <source>Nano</source>
+        <translation>Nano</translation>
+    </message>
+    <message>
+        <source>Hex</source>
+        <translation>Hex</translation>
+    </message>
+    <message>
+        <source>Mux Camera</source>
+        <translation>Mux-Kamera</translation>
+    </message>
+    <message>
+        <source>Cam %1</source>
+        <translation>Kam %1</translation>
+    </message>
+    <message>
+        <source>&amp;VCR</source>
+        <translation>&amp;VCR</translation>
+    </message>
+    <message>
+        <source>Eject</source>
+        <translation>Auswerfen</translation>
+    </message>
+    <message>
+        <source>Record</source>
+        <translation>Aufnahme</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Fast Forward</source>
+        <translation>Schneller Vorlauf</translation>
+    </message>
+    <message>
+        <source>Rewind</source>
+        <translation>Rücklauf</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Stopp</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Wiedergabe</translation>
+    </message>
+    <message>
+        <source>Mor&amp;e Commands</source>
+        <translation>W&amp;eitere Befehle</translation>
+    </message>
+    <message>
+        <source>Constant Motion</source>
+        <translation>Dauerbewegung</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Adresse</translation>
+    </message>
+    <message>
+        <source>COM1 Command Sent</source>
+        <translation>COM1 gesendeter Befehl</translation>
+    </message>
+    <message>
+        <source>COM2 Command Sent</source>
+        <translation>COM2 gesendeter Befehl</translation>
+    </message>
+    <message>
+        <source>Seconds between repeats, above .05 and below 61</source>
+        <translation>Sekunden zwischen Wiederholungen, über 0,05 und unter 61</translation>
+    </message>
+    <message>
+        <source>Lens</source>
+        <translation>Objektiv</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Tempo</translation>
+    </message>
+    <message>
+        <source>Preset</source>
+        <translation>Preset</translation>
+    </message>
+    <message>
+        <source>Go</source>
+        <translation>Anfahren</translation>
+    </message>
+    <message>
+        <source>Set</source>
+        <translation>Setzen</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Pattern</source>
+        <translation>Muster</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Start</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>Ende</translation>
+    </message>
+    <message>
+        <source>Run</source>
+        <translation>Abspielen</translation>
+    </message>
+    <message>
+        <source>Aux/GPI</source>
+        <translation>Aux/GPI</translation>
+    </message>
+    <message>
+        <source>Macro</source>
+        <translation>Makro</translation>
+    </message>
+    <message>
+        <source>Zone Start</source>
+        <translation>Zonenanfang</translation>
+    </message>
+    <message>
+        <source>Zone End</source>
+        <translation>Zonenende</translation>
+    </message>
+    <message>
+        <source>Zone Scan On</source>
+        <translation>Zonenscan ein</translation>
+    </message>
+    <message>
+        <source>Zone Scan Off</source>
+        <translation>Zonenscan aus</translation>
+    </message>
+    <message>
+        <source>Send Zone</source>
+        <translation>Zone senden</translation>
+    </message>
+    <message>
+        <source>Camera</source>
+        <translation>Kamera</translation>
+    </message>
+    <message>
+        <source>Prev Cam</source>
+        <translation>Vorige Kam</translation>
+    </message>
+    <message>
+        <source>Next Cam</source>
+        <translation>Nächste Kam</translation>
+    </message>
+    <message>
+        <source>Monitor</source>
+        <translation>Monitor</translation>
+    </message>
+    <message>
+        <source>Alarm</source>
+        <translation>Alarm</translation>
+    </message>
+    <message>
+        <source>One alarm, or a range such as 3..12</source>
+        <translation>Ein Alarm oder ein Bereich wie 3..12</translation>
+    </message>
+    <message>
+        <source>Trigger</source>
+        <translation>Auslösen</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>Zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Prev Alarm</source>
+        <translation>Voriger Alarm</translation>
+    </message>
+    <message>
+        <source>Next Alarm</source>
+        <translation>Nächster Alarm</translation>
+    </message>
+    <message>
+        <source>Camera Commands</source>
+        <translation>Kamerabefehle</translation>
+    </message>
+    <message>
+        <source>Flip</source>
+        <translation>Wenden</translation>
+    </message>
+    <message>
+        <source>Remote Reset</source>
+        <translation>Fern-Reset</translation>
+    </message>
+    <message>
+        <source>Clear Screen</source>
+        <translation>Bild löschen</translation>
+    </message>
+    <message>
+        <source>Zoom Speed</source>
+        <translation>Zoomtempo</translation>
+    </message>
+    <message>
+        <source>Focus Speed</source>
+        <translation>Fokustempo</translation>
+    </message>
+    <message>
+        <source>Send</source>
+        <translation>Senden</translation>
+    </message>
+    <message>
+        <source>Data</source>
+        <translation>Daten</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>Auf</translation>
+    </message>
+    <message>
+        <source>Down</source>
+        <translation>Ab</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>Links</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>Rechts</translation>
+    </message>
+    <message>
+        <source>Wipe</source>
+        <translation>Wischen</translation>
+    </message>
+    <message>
+        <source>Poll</source>
+        <translation>Abfrage</translation>
+    </message>
+    <message>
+        <source>Wipe/</source>
+        <translation>Wischen/</translation>
+    </message>
+    <message>
+        <source>Wash</source>
+        <translation>Waschen</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>Status</translation>
+    </message>
+    <message>
+        <source>Response to ASCII Commands</source>
+        <translation>Antwort auf ASCII-Befehle</translation>
+    </message>
+    <message>
+        <source>Response to D Protocol Commands</source>
+        <translation>Antwort auf Befehle im D-Protokoll</translation>
+    </message>
+    <message>
+        <source>Response to P Protocol Commands</source>
+        <translation>Antwort auf Befehle im P-Protokoll</translation>
+    </message>
+</context>
+<context>
+    <name>quellpad::FrmTypeCmnds</name>
+    <message>
+        <source>Type Commands</source>
+        <translation>Befehle eingeben</translation>
+    </message>
+    <message>
+        <source>Command To Send</source>
+        <translation>Zu sendender Befehl</translation>
+    </message>
+    <message>
+        <source>Command Response</source>
+        <translation>Antwort auf den Befehl</translation>
+    </message>
+    <message>
+        <source>No closing quote found.</source>
+        <translation>Kein schließendes Anführungszeichen gefunden.</translation>
+    </message>
+    <message>
+        <source>Nothing was sent: the line holds characters that are no bytes of this mode.</source>
+        <translation>Nichts wurde gesendet: Die Zeile enthält Zeichen, die in diesem Modus keine Bytes sind.</translation>
+    </message>
+</context>
+<context>
+    <name>quellpad::MenuKeyPicture</name>
+    <message>
+        <source>Right arrow</source>
+        <translation>Pfeil rechts</translation>
+    </message>
+    <message>
+        <source>Left arrow</source>
+        <translation>Pfeil links</translation>
+    </message>
+    <message>
+        <source>Up arrow</source>
+        <translation>Pfeil auf</translation>
+    </message>
+    <message>
+        <source>Down arrow</source>
+        <translation>Pfeil ab</translation>
+    </message>
+    <message>
+        <source>Iris open</source>
+        <translation>Blende auf</translation>
+    </message>
+    <message>
+        <source>Iris close</source>
+        <translation>Blende zu</translation>
+    </message>
+    <message>
+        <source>%1 held</source>
+        <translation>%1 gehalten</translation>
+    </message>
+    <message>
+        <source>Iris Open</source>
+        <translation>Blende auf</translation>
+    </message>
+    <message>
+        <source>Iris Close</source>
+        <translation>Blende zu</translation>
+    </message>
+</context>
+<context>
+    <name>quellpad::frmAbout</name>
+    <message>
+        <source>About %1</source>
+        <translation>Über %1</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>System Info</source>
+        <translation>Systeminfo</translation>
+    </message>
+    <message>
+        <source>System Information Is Unavailable At This Time</source>
+        <translation>Systeminformationen sind zurzeit nicht verfügbar</translation>
+    </message>
+</context>
+<context>
+    <name>quellpad::frmMenuControl</name>
+    <message>
+        <source>Arrow/Menu Control</source>
+        <translation>Pfeil-/Menüsteuerung</translation>
+    </message>
+</context>
+<context>
+    <name>quellpad::frmSettings</name>
+    <message>
+        <source>None</source>
+        <translation>Keine</translation>
+    </message>
+    <message>
+        <source>Odd</source>
+        <translation>Ungerade</translation>
+    </message>
+    <message>
+        <source>Even</source>
+        <translation>Gerade</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Baud Rate</source>
+        <translation>Baudrate</translation>
+    </message>
+    <message>
+        <source>Parity</source>
+        <translation>Parität</translation>
+    </message>
+    <message>
+        <source>Hold RTS High</source>
+        <translation>RTS hoch halten</translation>
+    </message>
+    <message>
+        <source>For use with &quot;port powered&quot; RS-232 to RS-422 converters</source>
+        <translation>Für RS-232-zu-RS-422-Wandler, die aus der Schnittstelle gespeist werden</translation>
+    </message>
+    <message>
+        <source>Devices</source>
+        <translation>Geräte</translation>
+    </message>
+    <message>
+        <source>COM &amp;%1 device:</source>
+        <translation>Gerät für COM &amp;%1:</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Fehler</translation>
+    </message>
+</context>
+<context>
+    <name>quellpad::scan_window::FrmScan</name>
+    <message>
+        <source>Scan for Receivers</source>
+        <translation>Empfänger suchen</translation>
+    </message>
+    <message>
+        <source>&amp;Port:</source>
+        <translation>&amp;Anschluss:</translation>
+    </message>
+    <message>
+        <source>COM 1</source>
+        <translation>COM 1</translation>
+    </message>
+    <message>
+        <source>COM 2</source>
+        <translation>COM 2</translation>
+    </message>
+    <message>
+        <source>&amp;Language:</source>
+        <translation>Sp&amp;rache:</translation>
+    </message>
+    <message>
+        <source>Bauds:</source>
+        <translation>Baudraten:</translation>
+    </message>
+    <message>
+        <source>&amp;From address:</source>
+        <translation>&amp;Von Adresse:</translation>
+    </message>
+    <message>
+        <source>&amp;To address:</source>
+        <translation>&amp;Bis Adresse:</translation>
+    </message>
+    <message>
+        <source>&amp;Wait for an answer (ms):</source>
+        <translation>Auf Antwort &amp;warten (ms):</translation>
+    </message>
+    <message>
+        <source>&amp;Scan</source>
+        <translation>&amp;Suchen</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>Abbre&amp;chen</translation>
+    </message>
+    <message>
+        <source>Scan progress</source>
+        <translation>Fortschritt der Suche</translation>
+    </message>
+    <message>
+        <source>Time left</source>
+        <translation>Restzeit</translation>
+    </message>
+    <message>
+        <source>Receivers that answered</source>
+        <translation>Empfänger, die geantwortet haben</translation>
+    </message>
+    <message>
+        <source>Port</source>
+        <translation>Anschluss</translation>
+    </message>
+    <message>
+        <source>Baud</source>
+        <translation>Baud</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Adresse</translation>
+    </message>
+    <message>
+        <source>Answer time (ms)</source>
+        <translation>Antwortzeit (ms)</translation>
+    </message>
+    <message>
+        <source>Answer</source>
+        <translation>Antwort</translation>
+    </message>
+    <message>
+        <source>Scan sends a pan query to every address of the range on COM %1 (%2), which the keyboard stops using meanwhile; nothing moves, but the line is busy with it.</source>
+        <translation>Die Suche sendet an jede Adresse des Bereichs auf COM %1 (%2) eine Abfrage der Schwenkposition; die Tastatur benutzt den Anschluss so lange nicht. Nichts bewegt sich, aber die Leitung ist damit belegt.</translation>
+    </message>
+    <message>
+        <source>%1 s left</source>
+        <translation>noch %1 s</translation>
+    </message>
+    <message>
+        <source>COM %1</source>
+        <translation>COM %1</translation>
+    </message>
+    <message>
+        <source>Cancelled.</source>
+        <translation>Abgebrochen.</translation>
+    </message>
+    <message>
+        <source>Done.</source>
+        <translation>Fertig.</translation>
+    </message>
+</context>
+<context>
+    <name>quellpad::site_window::CameraView</name>
+    <message>
+        <source>Camera %1</source>
+        <translation>Kamera %1</translation>
+    </message>
+    <message>
+        <source>pan %1, tilt %2, zoom %3x</source>
+        <translation>Schwenk %1, Neigung %2, Zoom %3x</translation>
+    </message>
+    <message>
+        <source>CAM %1</source>
+        <translation>KAM %1</translation>
+    </message>
+    <message>
+        <source>P %1  T %2  %3x</source>
+        <translation>S %1  N %2  %3x</translation>
+    </message>
+</context>
+<context>
+    <name>quellpad::site_window::FrmSimulatedSite</name>
+    <message>
+        <source>Simulated Site</source>
+        <translation>Simulierte Anlage</translation>
+    </message>
+    <message>
+        <source>COM %1</source>
+        <translation>COM %1</translation>
+    </message>
+    <message>
+        <source>No COM port is on the simulated site. Choose &quot;Simulated site&quot; for a COM port in Options &gt; Settings..., or start Quellpad with QUELLPAD_COM1=sim or QUELLPAD_COM2=sim (scripts/run does).</source>
+        <translation>Kein COM-Anschluss ist mit der simulierten Anlage verbunden. Wählen Sie „Simulierte Anlage“ für einen COM-Anschluss unter Optionen &gt; Einstellungen... oder starten Sie Quellpad mit QUELLPAD_COM1=sim oder QUELLPAD_COM2=sim (wie scripts/run).</translation>
+    </message>
+</context>
+<context>
+    <name>quellpad::site_window::SitePanel</name>
+    <message>
+        <source>Camera &amp;addresses:</source>
+        <translation>Kamera&amp;adressen:</translation>
+    </message>
+    <message>
+        <source>Such as 1-8 or 3,17,200; each from 1 to 255</source>
+        <translation>Etwa 1-8 oder 3,17,200; jede von 1 bis 255</translation>
+    </message>
+    <message>
+        <source>&amp;Line settings:</source>
+        <translation>&amp;Leitungseinstellungen:</translation>
+    </message>
+    <message>
+        <source>Baud, parity, data bits, stop bits, such as 4800,n,8,1</source>
+        <translation>Baud, Parität, Datenbits, Stoppbits, etwa 4800,n,8,1</translation>
+    </message>
+    <message>
+        <source>Re&amp;wire</source>
+        <translation>Neu &amp;verdrahten</translation>
+    </message>
+    <message>
+        <source>Switcher (ASCII)</source>
+        <translation>Kreuzschiene (ASCII)</translation>
+    </message>
+    <message>
+        <source>Multiplexer (MUX ASCII)</source>
+        <translation>Multiplexer (MUX ASCII)</translation>
+    </message>
+    <message>
+        <source>Last commands of the &amp;switcher</source>
+        <translation>Letzte Befehle der Kreuz&amp;schiene</translation>
+    </message>
+    <message>
+        <source>Last commands of the &amp;multiplexer</source>
+        <translation>Letzte Befehle des &amp;Multiplexers</translation>
+    </message>
+    <message>
+        <source>Not rewired: &quot;%1&quot; are not camera addresses from 1 to 255.</source>
+        <translation>Nicht neu verdrahtet: „%1“ sind keine Kameraadressen von 1 bis 255.</translation>
+    </message>
+    <message>
+        <source>Not rewired: &quot;%1&quot; are not line settings.</source>
+        <translation>Nicht neu verdrahtet: „%1“ sind keine Leitungseinstellungen.</translation>
+    </message>
+    <message>
+        <source>Rewired: the equipment is at rest.</source>
+        <translation>Neu verdrahtet: Die Geräte stehen still.</translation>
+    </message>
+    <message>
+        <source>Last commands of &amp;camera %1 (click a picture for another)</source>
+        <translation>Letzte Befehle von &amp;Kamera %1 (für eine andere ein Bild anklicken)</translation>
+    </message>
+    <message>
+        <source>Mon %1 ← Cam %2</source>
+        <translation>Mon %1 ← Kam %2</translation>
+    </message>
+    <message>
+        <source> %1 on Mon %2</source>
+        <translation> %1 auf Mon %2</translation>
+    </message>
+    <message>
+        <source>&lt;br&gt;Active alarms: %1&lt;br&gt;Locked cameras: %2&lt;br&gt;Aux on: %3 &amp;nbsp; GPI on: %4</source>
+        <translation>&lt;br&gt;Aktive Alarme: %1&lt;br&gt;Gesperrte Kameras: %2&lt;br&gt;Aux ein: %3 &amp;nbsp; GPI ein: %4</translation>
+    </message>
+    <message>
+        <source>&lt;br&gt;Macro: %1 &amp;nbsp; Tour: %2 &amp;nbsp; Sequences:%3</source>
+        <translation>&lt;br&gt;Makro: %1 &amp;nbsp; Tour: %2 &amp;nbsp; Sequenzen:%3</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>keine</translation>
+    </message>
+    <message>
+        <source> none</source>
+        <translation> keine</translation>
+    </message>
+    <message>
+        <source>&lt;br&gt;Clock set to %1</source>
+        <translation>&lt;br&gt;Uhr gestellt auf %1</translation>
+    </message>
+    <message>
+        <source>Display: %1, camera %2
+VCR: %3</source>
+        <translation>Anzeige: %1, Kamera %2
+VCR: %3</translation>
+    </message>
+</context>
+<context>
+    <name>quellpad::traffic_window::FrmTraffic</name>
+    <message>
+        <source>Traffic</source>
+        <translation>Datenverkehr</translation>
+    </message>
+    <message>
+        <source>Show:</source>
+        <translation>Zeigen:</translation>
+    </message>
+    <message>
+        <source>COM &amp;1</source>
+        <translation>COM &amp;1</translation>
+    </message>
+    <message>
+        <source>COM &amp;2</source>
+        <translation>COM &amp;2</translation>
+    </message>
+    <message>
+        <source>Listen</source>
+        <translation>Mithören</translation>
+    </message>
+    <message>
+        <source>&amp;Sent</source>
+        <translation>&amp;Gesendet</translation>
+    </message>
+    <message>
+        <source>&amp;Received</source>
+        <translation>&amp;Empfangen</translation>
+    </message>
+    <message>
+        <source>&amp;Pause</source>
+        <translation>&amp;Pause</translation>
+    </message>
+    <message>
+        <source>Cl&amp;ear</source>
+        <translation>&amp;Leeren</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>Sa&amp;ve...</source>
+        <translation>&amp;Speichern...</translation>
+    </message>
+    <message>
+        <source>&amp;Log to file...</source>
+        <translation>In &amp;Datei protokollieren...</translation>
+    </message>
+    <message>
+        <source>Traffic rows</source>
+        <translation>Verkehrszeilen</translation>
+    </message>
+    <message>
+        <source>Rows</source>
+        <translation>Zeilen</translation>
+    </message>
+    <message>
+        <source>Log file</source>
+        <translation>Protokolldatei</translation>
+    </message>
+    <message>
+        <source>Logging to %1</source>
+        <translation>Protokoll nach %1</translation>
+    </message>
+    <message>
+        <source>Log Traffic to File</source>
+        <translation>Datenverkehr in Datei protokollieren</translation>
+    </message>
+    <message>
+        <source>Save Traffic</source>
+        <translation>Datenverkehr speichern</translation>
+    </message>
+    <message>
+        <source>%1 rows, %2 dropped%3</source>
+        <translation>%1 Zeilen, %2 verworfen%3</translation>
+    </message>
+    <message>
+        <source> (paused)</source>
+        <translation> (angehalten)</translation>
+    </message>
+</context>
+<context>
+    <name>quellpad::traffic_window::ListenPanel</name>
+    <message>
+        <source>Listen o&amp;n:</source>
+        <translation>Mithören a&amp;n:</translation>
+    </message>
+    <message>
+        <source>/dev/ttyUSB1, tcp://host:port, rfc2217://host:port</source>
+        <translation>/dev/ttyUSB1, tcp://host:port, rfc2217://host:port</translation>
+    </message>
+    <message>
+        <source>Lis&amp;ten</source>
+        <translation>Mi&amp;thören</translation>
+    </message>
+    <message>
+        <source>Copy a&amp;ddresses</source>
+        <translation>Adressen k&amp;opieren</translation>
+    </message>
+    <message>
+        <source>Addresses heard</source>
+        <translation>Gehörte Adressen</translation>
+    </message>
+    <message>
+        <source>Not listening.</source>
+        <translation>Es wird nicht mitgehört.</translation>
+    </message>
+    <message>
+        <source>at %1</source>
+        <translation>mit %1</translation>
+    </message>
+    <message>
+        <source>Garbage under every line setting from 2400 to 19200 baud: no command language decodes what is heard.</source>
+        <translation>Unlesbar bei jeder Leitungseinstellung von 2400 bis 19200 Baud: Keine Befehlssprache entschlüsselt, was zu hören ist.</translation>
+    </message>
+    <message>
+        <source>Still listening%1: %2 valid frames so far.</source>
+        <translation>Höre weiter mit%1: bisher %2 gültige Telegramme.</translation>
+    </message>
+    <message>
+        <source>Garbage%1: no command language decodes what is heard.</source>
+        <translation>Unlesbar%1: Keine Befehlssprache entschlüsselt, was zu hören ist.</translation>
+    </message>
+    <message>
+        <source>Language %1%2; addresses spoken to: %3.</source>
+        <translation>Sprache %1%2; angesprochene Adressen: %3.</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>keine</translation>
     </message>
 </context>
 </TS>

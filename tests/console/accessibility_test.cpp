@@ -405,26 +405,26 @@ QStringList SharedAccessKeys(QWidget* window) {
     return shared;
 }
 
-// English texts of the catalogue whose German reads otherwise.
+// English texts of the catalogue whose German reads otherwise wherever they stand.
 QSet<QString> TranslatedSources() {
     QFile file(QStringLiteral(QUELLPAD_SOURCE_DIR "/i18n/quellpad_de.ts"));
     file.open(QIODevice::ReadOnly);
     QXmlStreamReader xml(&file);
-    QSet<QString> sources;
+    QSet<QString> differing;
+    QSet<QString> alike; // "Start" stays "Start" on the main window, whatever it is elsewhere
     QString source;
     while (!xml.atEnd()) {
         if (!xml.readNextStartElement()) {
             continue;
         }
         if (xml.name() == u"source") {
-            source = xml.readElementText();
+            source = xml.readElementText(QXmlStreamReader::IncludeChildElements);
         } else if (xml.name() == u"translation") {
-            if (xml.readElementText() != source) {
-                sources.insert(source);
-            }
+            const bool same = xml.readElementText(QXmlStreamReader::IncludeChildElements) == source;
+            (same ? alike : differing).insert(source);
         }
     }
-    return sources;
+    return differing - alike;
 }
 
 // A German operator gets every window in German, and each Alt key still reaches one control

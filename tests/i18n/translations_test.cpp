@@ -32,8 +32,11 @@ std::vector<Message> CatalogueOfTheSources(QString& problems) {
         problems = QStringLiteral("the catalogue i18n/quellpad_de.ts cannot be read");
         return {};
     }
-    QStringList arguments = {QStringLiteral("-no-obsolete"), QStringLiteral("-locations"),
-                             QStringLiteral("none"), QStringLiteral("-silent")};
+    // The project's root as include path, as the build gives it: without it a class declared
+    // in a header goes unrecognised and its texts land in the wrong context.
+    QStringList arguments = {QStringLiteral("-I"),           QStringLiteral(QUELLPAD_SOURCE_DIR),
+                             QStringLiteral("-no-obsolete"), QStringLiteral("-locations"),
+                             QStringLiteral("none"),         QStringLiteral("-silent")};
     for (const QString& folderName : QStringLiteral(QUELLPAD_TRANSLATED_FOLDERS).split(u',')) {
         arguments << QStringLiteral(QUELLPAD_SOURCE_DIR "/") + folderName;
     }
@@ -58,15 +61,16 @@ std::vector<Message> CatalogueOfTheSources(QString& problems) {
             continue;
         }
         if (xml.name() == u"name") {
-            context = xml.readElementText();
+            context = xml.readElementText(QXmlStreamReader::IncludeChildElements);
         } else if (xml.name() == u"message") {
             messages.push_back({context, {}, {}, false});
         } else if (xml.name() == u"source") {
-            messages.back().source = xml.readElementText();
+            messages.back().source = xml.readElementText(QXmlStreamReader::IncludeChildElements);
         } else if (xml.name() == u"translation") {
             const QString type = xml.attributes().value(QLatin1String("type")).toString();
             messages.back().finished = type.isEmpty();
-            messages.back().translation = xml.readElementText();
+            messages.back().translation =
+                xml.readElementText(QXmlStreamReader::IncludeChildElements);
         }
     }
     return messages;
