@@ -15,6 +15,7 @@
 #include "dialogs/menu_control.h"
 #include "dialogs/type_commands.h"
 #include "engine/keyboard_state.h"
+#include "i18n/translations.h"
 #include "site_window/frm_simulated_site.h"
 #include "traffic_window/frm_traffic.h"
 #include "ui/palettes.h"
@@ -35,6 +36,8 @@ int main(int argc, char* argv[]) {
     }
     const QByteArray mode(argv[1]);
     const bool everyWindow = mode == "windows";
+    // "dialogs FOLDER": each window the main window opens, saved as FOLDER/<its name>.png.
+    const bool dialogs = mode == "dialogs";
     if (!everyWindow) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
@@ -45,11 +48,15 @@ int main(int argc, char* argv[]) {
         return 1;
     }
     const bool settingsWindow = mode == "settings";
-    const QByteArray shownMode = everyWindow ? QByteArray(argv[2]) : settingsWindow ? "D" : mode;
+    const QByteArray shownMode = everyWindow                   ? QByteArray(argv[2])
+                                 : (settingsWindow || dialogs) ? "D"
+                                                               : mode;
     file.write("9600\r\nn\r\nFalse\r\n1 2\r\n" + shownMode + "\r\nNone\r\n");
     file.close();
 
     QApplication app(argc, argv);
+    // In the language the locale asks for, as the program shows it: LANG=de_DE.UTF-8.
+    quellpad::InstallTranslations();
     if (qEnvironmentVariable("QUELLPAD_SCREENSHOT_PALETTE") == u"dark") {
         QApplication::setPalette(quellpad::ui::DarkPalette());
     }
@@ -76,6 +83,29 @@ int main(int argc, char* argv[]) {
             shown->show();
         }
         return QApplication::exec();
+    }
+    if (dialogs) {
+        quellpad::FrmMain window(keyboard);
+        window.Form_Load();
+        quellpad::LevelAdjusters levels;
+        quellpad::FrmTypeCmnds typed(keyboard, &window);
+        typed.Prepare(keyboard.CurrentMode);
+        quellpad::FrmAdvancedCommands advanced(keyboard, &window);
+        quellpad::FrmExtendedCommands extended(keyboard, levels, &window);
+        quellpad::frmMenuControl menu(keyboard, &window);
+        quellpad::FrmLabel label(keyboard, &window);
+        quellpad::frmAbout about(&window);
+        quellpad::traffic_window::FrmTraffic traffic(keyboard, &window);
+        quellpad::site_window::FrmSimulatedSite site(keyboard, &window);
+        int failed = 0;
+        for (QWidget* shown : std::initializer_list<QWidget*>{&typed, &advanced, &extended, &menu,
+                                                              &label, &about, &traffic, &site}) {
+            shown->show();
+            const QString path = QDir(QString::fromLocal8Bit(argv[2]))
+                                     .filePath(shown->objectName() + QStringLiteral(".png"));
+            failed += shown->grab().save(path) ? 0 : 1;
+        }
+        return failed;
     }
     if (settingsWindow) {
         quellpad::frmSettings window(keyboard);

@@ -1770,11 +1770,11 @@ gelangen Sie in die Menüs.</translation>
     </message>
     <message>
         <source>Retransmit</source>
-        <translation>Wiederholung</translation>
+        <translation>Wiederhol-</translation>
     </message>
     <message>
         <source>Time</source>
-        <translation>Zeit</translation>
+        <translation>intervall</translation>
     </message>
     <message>
         <source>Settings: %1</source>
@@ -2022,7 +2022,7 @@ gelangen Sie in die Menüs.</translation>
     </message>
     <message>
         <source>Go</source>
-        <translation>Anfahren</translation>
+        <translation>Gehe</translation>
     </message>
     <message>
         <source>Set</source>
