@@ -44,6 +44,16 @@ std::string Printable(std::string_view bytes) {
     return out;
 }
 
+// Appended piece by piece: GCC 12 at -O3 misreads "\"" + std::string&& as an overlapping copy.
+std::string Quoted(const std::string& text) {
+    std::string out;
+    out.reserve(text.size() + 2);
+    out += '"';
+    out += text;
+    out += '"';
+    return out;
+}
+
 std::string Hundredths(int value) {
     char text[24];
     std::snprintf(text, sizeof text, "%d.%02d", value / 100, value % 100);
@@ -137,9 +147,8 @@ std::string Command::Describe() const {
     switch (kind) {
     case Kind::Unknown:
         return translate("CommandWords", "unknown ") +
-               (language == Language::D || language == Language::P
-                    ? Hex(bytes)
-                    : "\"" + Printable(bytes) + "\"");
+               (language == Language::D || language == Language::P ? Hex(bytes)
+                                                                   : Quoted(Printable(bytes)));
     case Kind::Motion:
         return DescribeMotion(motion);
     case Kind::SetPreset:

@@ -129,9 +129,15 @@ std::string CameraAddressesText(const std::vector<int>& addresses) {
         while (last + 1 < addresses.size() && addresses[last + 1] == addresses[last] + 1) {
             ++last;
         }
-        text += (text.empty() ? "" : ",") + std::to_string(addresses[i]);
+        // Appended piece by piece: GCC 12 at -O3 misreads "," + std::string&& as an
+        // overlapping copy.
+        if (!text.empty()) {
+            text += ',';
+        }
+        text += std::to_string(addresses[i]);
         if (last > i) {
-            text += (last == i + 1 ? "," : "-") + std::to_string(addresses[last]);
+            text += last == i + 1 ? ',' : '-';
+            text += std::to_string(addresses[last]);
         }
         i = last + 1;
     }

@@ -36,6 +36,16 @@ env -i PATH="$root/usr/bin:/usr/bin:/bin" HOME="$scratch/home" QT_QPA_PLATFORM=o
     fail "quellpad-site is not installed or does not answer --version"
 [ -s "$root/usr/share/man/man1/quellpad-site.1.gz" ] || fail "no manual page for quellpad-site"
 
+# Both programs carry their German and speak it where the locale asks, English elsewhere.
+for program in quellpad quellpad-site; do
+    german=$(LC_ALL=de_DE.UTF-8 "$root/usr/bin/$program" --help 2>&1) || true
+    english=$(LC_ALL=C.UTF-8 "$root/usr/bin/$program" --help 2>&1) || true
+    printf '%s' "$german" | grep -q 'Zeigt diese Hilfe an' ||
+        fail "$program --help is not in German under a German locale"
+    printf '%s' "$english" | grep -q 'Displays this help and exits' ||
+        fail "$program --help is not in English under the C locale"
+done
+
 settings=$scratch/home/.config/Quellpad/Settings.dat
 [ -s "$settings" ] || fail "no Settings.dat in the user's folder ($settings)"
 [ ! -e "$root/usr/bin/Settings.dat" ] || fail "Settings.dat written beside the installed program"
