@@ -5,6 +5,7 @@
 //        (MODE: "D", "P", "ASCII" or "MUX ASCII"; the size is clamped to the window's minimum)
 //        quellpad_screenshot settings OUTPUT.png
 //        quellpad_screenshot windows MODE
+//        quellpad_screenshot dialogs FOLDER   (each window it opens, as FOLDER/<name>.png)
 // QUELLPAD_SCREENSHOT_PALETTE=dark draws it under a dark desktop's palette.
 #include "console/frm_main.h"
 #include "dialogs/about.h"
@@ -36,7 +37,6 @@ int main(int argc, char* argv[]) {
     }
     const QByteArray mode(argv[1]);
     const bool everyWindow = mode == "windows";
-    // "dialogs FOLDER": each window the main window opens, saved as FOLDER/<its name>.png.
     const bool dialogs = mode == "dialogs";
     if (!everyWindow) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -61,10 +61,12 @@ int main(int argc, char* argv[]) {
         QApplication::setPalette(quellpad::ui::DarkPalette());
     }
     quellpad::Quellpad_Support_Func keyboard;
-    if (everyWindow) {
+    if (everyWindow || dialogs) {
         quellpad::FrmMain window(keyboard);
         window.Form_Load();
-        window.show();
+        if (everyWindow) {
+            window.show();
+        }
         quellpad::LevelAdjusters levels;
         quellpad::FrmTypeCmnds typed(keyboard, &window);
         typed.Prepare(keyboard.CurrentMode);
@@ -76,36 +78,19 @@ int main(int argc, char* argv[]) {
         quellpad::frmSettings settingsDialog(keyboard, &window);
         quellpad::traffic_window::FrmTraffic traffic(keyboard, &window);
         quellpad::site_window::FrmSimulatedSite site(keyboard, &window);
+        int failed = 0;
         for (QWidget* shown :
              std::initializer_list<QWidget*>{&typed, &advanced, &extended, &menu, &label, &about,
                                              &settingsDialog, &traffic, &site}) {
             shown->setWindowModality(Qt::NonModal);
             shown->show();
+            if (dialogs) {
+                const QString path = QDir(QString::fromLocal8Bit(argv[2]))
+                                         .filePath(shown->objectName() + QStringLiteral(".png"));
+                failed += shown->grab().save(path) ? 0 : 1;
+            }
         }
-        return QApplication::exec();
-    }
-    if (dialogs) {
-        quellpad::FrmMain window(keyboard);
-        window.Form_Load();
-        quellpad::LevelAdjusters levels;
-        quellpad::FrmTypeCmnds typed(keyboard, &window);
-        typed.Prepare(keyboard.CurrentMode);
-        quellpad::FrmAdvancedCommands advanced(keyboard, &window);
-        quellpad::FrmExtendedCommands extended(keyboard, levels, &window);
-        quellpad::frmMenuControl menu(keyboard, &window);
-        quellpad::FrmLabel label(keyboard, &window);
-        quellpad::frmAbout about(&window);
-        quellpad::traffic_window::FrmTraffic traffic(keyboard, &window);
-        quellpad::site_window::FrmSimulatedSite site(keyboard, &window);
-        int failed = 0;
-        for (QWidget* shown : std::initializer_list<QWidget*>{&typed, &advanced, &extended, &menu,
-                                                              &label, &about, &traffic, &site}) {
-            shown->show();
-            const QString path = QDir(QString::fromLocal8Bit(argv[2]))
-                                     .filePath(shown->objectName() + QStringLiteral(".png"));
-            failed += shown->grab().save(path) ? 0 : 1;
-        }
-        return failed;
+        return dialogs ? failed : QApplication::exec();
     }
     if (settingsWindow) {
         quellpad::frmSettings window(keyboard);
