@@ -1049,6 +1049,14 @@ Die Antwort auf den Befehl erscheint unten.</translation>
     </message>
 </context>
 <context>
+    <name>RowActionName</name>
+    <message>
+        <source>lower case</source>
+        <comment>&quot;lower case&quot; where the words after the first of a phrase are written in lower case, as in English; &quot;as written&quot; otherwise</comment>
+        <translation>as written</translation>
+    </message>
+</context>
+<context>
     <name>Scanner</name>
     <message>
         <source>P receivers answer no query, so a scan in P would find nothing.</source>

@@ -5,6 +5,7 @@
 #include <QAccessible>
 #include <QAction>
 #include <QCheckBox>
+#include <QCoreApplication>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -91,10 +92,17 @@ void SetCaption(QLabel* label, const QString& caption) {
 
 QString RowActionName(const QString& row, const QString& caption) {
     const QString action = caption.trimmed();
-    const QString words = row.startsWith(action, Qt::CaseInsensitive) ? row : row + u' ' + action;
-    // Read as a phrase: "Set pan position", "Auto AGC on".
-    QStringList phrase = words.simplified().split(u' ');
-    for (qsizetype i = 1; i < phrase.size(); ++i) {
+    // The row may name the action already ("Set Pan Position", "Schwenkposition setzen").
+    const bool named = row.split(u' ', Qt::SkipEmptyParts).contains(action, Qt::CaseInsensitive);
+    QStringList phrase = (named ? row : row + u' ' + action).simplified().split(u' ');
+    // Read as a phrase: "Set pan position", "Auto AGC on". A language that writes its nouns
+    // with a capital (German) keeps the captions' own case: its catalogue says so.
+    const bool lowerCase =
+        QCoreApplication::translate(
+            "RowActionName", "lower case",
+            "\"lower case\" where the words after the first of a phrase are "
+            "written in lower case, as in English; \"as written\" otherwise") == u"lower case";
+    for (qsizetype i = 1; lowerCase && i < phrase.size(); ++i) {
         if (phrase[i] != phrase[i].toUpper() || phrase[i].size() == 1) {
             phrase[i] = phrase[i].toLower();
         }

@@ -471,6 +471,20 @@ TEST(RowActionName, SaysTheActionWithWhatItActsOn) {
         EXPECT_EQ(ui::RowActionName(QLatin1String(row), QLatin1String(caption)),
                   QLatin1String(heard));
     }
+    // German keeps its nouns' capitals, and a row that ends on its verb is not said twice.
+    ASSERT_TRUE(InstallTranslations(QLocale(QLocale::German, QLocale::Germany)));
+    const auto english = qScopeGuard([] { RemoveTranslations(); });
+    const std::tuple<QString, QString, QString> german[] = {
+        {QStringLiteral("Schwenkposition setzen"), QStringLiteral("Setzen"),
+         QStringLiteral("Schwenkposition setzen")},
+        {QStringLiteral("Auto-Weißabgleich"), QStringLiteral("ein"),
+         QStringLiteral("Auto-Weißabgleich ein")},
+        {QStringLiteral("Kamera auf Werkseinstellungen"), QStringLiteral("Zurücksetzen"),
+         QStringLiteral("Kamera auf Werkseinstellungen Zurücksetzen")},
+    };
+    for (const auto& [row, caption, heard] : german) {
+        EXPECT_EQ(ui::RowActionName(row, caption), heard);
+    }
 }
 
 } // namespace
