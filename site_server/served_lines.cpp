@@ -159,7 +159,8 @@ void PtyLine::Read() {
 }
 
 void PtyLine::Write(const QByteArray& bytes) {
-    const ssize_t put = connected_ ? ::write(fd_, bytes.constData(), bytes.size()) : 0;
+    const ssize_t put =
+        connected_ ? ::write(fd_, bytes.constData(), static_cast<std::size_t>(bytes.size())) : 0;
     if (put < bytes.size()) {
         // The terminal's buffer is full: the controller does not read.
         peer_->Lost(static_cast<std::size_t>(bytes.size() - std::max<ssize_t>(put, 0)));
