@@ -30,7 +30,7 @@ void AppendOrFail(PlainFileWriter& file, const QString& path, const QString& tex
 
 FileFormat FormatFor(const QString& path, const QString& chosenFilter) {
     return path.endsWith(QLatin1String(".csv"), Qt::CaseInsensitive) ||
-                   chosenFilter.startsWith(QLatin1String("CSV"))
+                   chosenFilter.contains(QLatin1String("(*.csv)")) // in any language
                ? FileFormat::Csv
                : FileFormat::Text;
 }

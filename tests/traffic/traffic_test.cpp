@@ -189,6 +189,9 @@ TEST(TrafficFormat, TextAndCsvLinesHoldTheSevenColumns) {
     EXPECT_EQ(FormatSince(12'345'678), "12345.678");
     EXPECT_EQ(FormatFor(QStringLiteral("a.CSV")), FileFormat::Csv);
     EXPECT_EQ(FormatFor(QStringLiteral("a"), QStringLiteral("CSV files (*.csv)")), FileFormat::Csv);
+    // The filters are translated: a German "Kommagetrennte Werte (*.csv)" chooses CSV too.
+    EXPECT_EQ(FormatFor(QStringLiteral("a"), QStringLiteral("Kommagetrennte Werte (*.csv)")),
+              FileFormat::Csv);
     EXPECT_EQ(FormatFor(QStringLiteral("a.txt")), FileFormat::Text);
 }
 
