@@ -489,16 +489,21 @@
         <translation>Fehler</translation>
     </message>
     <message>
-        <source>
-
-(Changed %1 times while this message was showing.)</source>
-        <translation>
-
-(%1-mal geändert, während diese Meldung angezeigt wurde.)</translation>
-    </message>
-    <message>
         <source>An unexpected error ended the last action.</source>
         <translation>Ein unerwarteter Fehler hat die letzte Aktion beendet.</translation>
+    </message>
+    <message numerus="yes">
+        <source>
+
+(Changed %n times while this message was showing.)</source>
+        <translation>
+            <numerusform>
+
+(%n-mal geändert, während diese Meldung angezeigt wurde.)</numerusform>
+            <numerusform>
+
+(%n-mal geändert, während diese Meldung angezeigt wurde.)</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1086,16 +1091,8 @@ Die Antwort auf den Befehl erscheint unten.</translation>
         <translation>bedient mit %1</translation>
     </message>
     <message>
-        <source>closed; not obeyed: %1 bad or cut-short frames, %2 bytes at other line settings, %3 bytes nobody took, %4 answer bytes not read</source>
-        <translation>geschlossen; nicht befolgt: %1 fehlerhafte oder abgebrochene Telegramme, %2 Bytes mit anderen Leitungseinstellungen, %3 Bytes ohne Abnehmer, %4 nicht gelesene Antwortbytes</translation>
-    </message>
-    <message>
         <source>answer to </source>
         <translation>Antwort auf </translation>
-    </message>
-    <message>
-        <source>not obeyed so far: %1 bad or cut-short frames, %2 bytes at other line settings, %3 bytes nobody took, %4 answer bytes not read</source>
-        <translation>bisher nicht befolgt: %1 fehlerhafte oder abgebrochene Telegramme, %2 Bytes mit anderen Leitungseinstellungen, %3 Bytes ohne Abnehmer, %4 nicht gelesene Antwortbytes</translation>
     </message>
     <message>
         <source>cannot serve the site on %1: %2</source>
@@ -1128,6 +1125,42 @@ Die Antwort auf den Befehl erscheint unten.</translation>
     <message>
         <source>controller connected</source>
         <translation>Steuerung verbunden</translation>
+    </message>
+    <message>
+        <source>closed; not obeyed: %1</source>
+        <translation>geschlossen; nicht befolgt: %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 bad or cut-short frames</source>
+        <translation>
+            <numerusform>%1 fehlerhaftes oder abgebrochenes Telegramm</numerusform>
+            <numerusform>%1 fehlerhafte oder abgebrochene Telegramme</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 bytes at other line settings</source>
+        <translation>
+            <numerusform>%1 Byte mit anderen Leitungseinstellungen</numerusform>
+            <numerusform>%1 Bytes mit anderen Leitungseinstellungen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 bytes nobody took</source>
+        <translation>
+            <numerusform>%1 Byte ohne Abnehmer</numerusform>
+            <numerusform>%1 Bytes ohne Abnehmer</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 answer bytes not read</source>
+        <translation>
+            <numerusform>%1 nicht gelesenes Antwortbyte</numerusform>
+            <numerusform>%1 nicht gelesene Antwortbytes</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>not obeyed so far: %1</source>
+        <translation>bisher nicht befolgt: %1</translation>
     </message>
 </context>
 <context>
@@ -1305,14 +1338,6 @@ Die Antwort auf den Befehl erscheint unten.</translation>
 <context>
     <name>TrafficLog</name>
     <message>
-        <source>The traffic %1 &quot;%2&quot; cannot be written: %3.</source>
-        <translation>Die Verkehrs%1 „%2“ lässt sich nicht schreiben: %3.</translation>
-    </message>
-    <message>
-        <source>file</source>
-        <translation>datei</translation>
-    </message>
-    <message>
         <source>Log started </source>
         <translation>Protokoll begonnen </translation>
     </message>
@@ -1321,20 +1346,19 @@ Die Antwort auf den Befehl erscheint unten.</translation>
         <translation>Datum	</translation>
     </message>
     <message>
-        <source>log</source>
-        <translation>protokolldatei</translation>
+        <source>The traffic file &quot;%1&quot; cannot be written: %2.</source>
+        <translation>Die Verkehrsdatei „%1“ lässt sich nicht schreiben: %2.</translation>
     </message>
     <message>
-        <source>The traffic log &quot;%1&quot; cannot be written: %2. Logging has stopped after the last whole row; %3 not written.</source>
-        <translation>Die Verkehrsprotokolldatei „%1“ lässt sich nicht schreiben: %2. Die Aufzeichnung endete nach der letzten vollständigen Zeile; %3 nicht geschrieben.</translation>
+        <source>The traffic log &quot;%1&quot; cannot be written: %2.</source>
+        <translation>Die Verkehrsprotokolldatei „%1“ lässt sich nicht schreiben: %2.</translation>
     </message>
-    <message>
-        <source>1 row was</source>
-        <translation>1 Zeile wurde</translation>
-    </message>
-    <message>
-        <source>%1 rows were</source>
-        <translation>%1 Zeilen wurden</translation>
+    <message numerus="yes">
+        <source>The traffic log &quot;%1&quot; cannot be written: %2. Logging has stopped after the last whole row; %n rows were not written.</source>
+        <translation>
+            <numerusform>Die Verkehrsprotokolldatei „%1“ lässt sich nicht schreiben: %2. Die Aufzeichnung endete nach der letzten vollständigen Zeile; %n Zeile wurde nicht geschrieben.</numerusform>
+            <numerusform>Die Verkehrsprotokolldatei „%1“ lässt sich nicht schreiben: %2. Die Aufzeichnung endete nach der letzten vollständigen Zeile; %n Zeilen wurden nicht geschrieben.</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -2645,12 +2669,15 @@ VCR: %3</translation>
         <translation>Datenverkehr speichern</translation>
     </message>
     <message>
-        <source>%1 rows, %2 dropped%3</source>
-        <translation>%1 Zeilen, %2 verworfen%3</translation>
-    </message>
-    <message>
         <source> (paused)</source>
         <translation> (angehalten)</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n rows, %1 dropped%2</source>
+        <translation>
+            <numerusform>%n Zeile, %1 verworfen%2</numerusform>
+            <numerusform>%n Zeilen, %1 verworfen%2</numerusform>
+        </translation>
     </message>
 </context>
 <context>

@@ -150,16 +150,9 @@ int main(int argc, char* argv[]) {
     const int status = app->exec();
     view.reset();
     for (const auto& served : lines) {
-        const quellpad::site_server::Rejections rejected = served->Rejected();
         site.Tell(Event::Kind::Line, served->Name(),
-                  QCoreApplication::translate(
-                      "ServedSite", "closed; not obeyed: %1 bad or cut-short frames, %2 bytes at "
-                                    "other line settings, %3 bytes nobody took, %4 answer bytes "
-                                    "not read")
-                      .arg(rejected.badFrames)
-                      .arg(rejected.garbled)
-                      .arg(rejected.ignored)
-                      .arg(rejected.answersLost));
+                  QCoreApplication::translate("ServedSite", "closed; not obeyed: %1")
+                      .arg(quellpad::site_server::RejectionsInWords(served->Rejected())));
     }
     lines.clear();
     return status;

@@ -3,6 +3,9 @@
 #include "served_site.h"
 
 #include <QCoreApplication>
+#include <QStringList>
+
+#include <climits>
 
 #include "protocol/decoders.h"
 #include "traffic/splitter.h"
@@ -33,7 +36,27 @@ QString AnswerMeaning(const protocol::Command& command, const std::string& reply
     return traffic::EquipmentMeaning(traffic::Way::Received, answers.front());
 }
 
+// A count with the form its number takes. A long flood can count past what an int holds;
+// such a number still takes the plural.
+QString Counted(const char* text, std::uint64_t count) {
+    const int form = count > INT_MAX ? INT_MAX : static_cast<int>(count);
+    return QCoreApplication::translate("ServedSite", text, nullptr, form).arg(count);
+}
+
 } // namespace
+
+QString RejectionsInWords(const Rejections& rejected) {
+    return QStringList{
+        Counted(QT_TRANSLATE_N_NOOP("ServedSite", "%1 bad or cut-short frames"),
+                rejected.badFrames),
+        Counted(QT_TRANSLATE_N_NOOP("ServedSite", "%1 bytes at other line settings"),
+                rejected.garbled),
+        Counted(QT_TRANSLATE_N_NOOP("ServedSite", "%1 bytes nobody took"), rejected.ignored),
+        Counted(QT_TRANSLATE_N_NOOP("ServedSite", "%1 answer bytes not read"),
+                rejected.answersLost),
+    }
+        .join(QStringLiteral(", "));
+}
 
 Peer::Peer(ServedSite& site, QString name, QObject* parent)
     : QObject(parent), site_(site), name_(std::move(name)), controller_(site.Format()),
@@ -107,13 +130,8 @@ void Peer::TellRejected(bool now) {
     lastTold_.start();
     told_ = rejected_;
     site_.Tell(Event::Kind::Rejected, name_,
-               QCoreApplication::translate(
-                   "ServedSite", "not obeyed so far: %1 bad or cut-short frames, %2 bytes at other "
-                                 "line settings, %3 bytes nobody took, %4 answer bytes not read")
-                   .arg(rejected_.badFrames)
-                   .arg(rejected_.garbled)
-                   .arg(rejected_.ignored)
-                   .arg(rejected_.answersLost));
+               QCoreApplication::translate("ServedSite", "not obeyed so far: %1")
+                   .arg(RejectionsInWords(rejected_)));
 }
 
 } // namespace quellpad::site_server

@@ -27,6 +27,9 @@ struct Rejections {
     bool operator==(const Rejections&) const = default;
 };
 
+// The four counts in words, each in the form its number takes ("1 bad or cut-short frame").
+QString RejectionsInWords(const Rejections& rejected);
+
 class ServedSite;
 
 // One controller on a served line: its own decoders on the shared equipment, and the

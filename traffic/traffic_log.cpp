@@ -7,20 +7,25 @@ namespace quellpad::traffic {
 
 namespace {
 
-[[noreturn]] void Fail(const QString& what, const QString& path, const QString& reason) {
-    throw TrafficFileError(
-        QCoreApplication::translate("TrafficLog", "The traffic %1 \"%2\" cannot be written: %3.")
-            .arg(what, QDir::toNativeSeparators(path), reason));
+// What cannot be written, told in a whole sentence (a file saved once, or the log).
+constexpr const char* kFileFails =
+    QT_TRANSLATE_NOOP("TrafficLog", "The traffic file \"%1\" cannot be written: %2.");
+constexpr const char* kLogFails =
+    QT_TRANSLATE_NOOP("TrafficLog", "The traffic log \"%1\" cannot be written: %2.");
+
+[[noreturn]] void Fail(const char* sentence, const QString& path, const QString& reason) {
+    throw TrafficFileError(QCoreApplication::translate("TrafficLog", sentence)
+                               .arg(QDir::toNativeSeparators(path), reason));
 }
 
-void OpenOrFail(PlainFileWriter& file, const QString& path, const QString& what) {
+void OpenOrFail(PlainFileWriter& file, const QString& path, const char* what) {
     if (!file.Open(path)) {
         Fail(what, path, file.Reason());
     }
 }
 
 void AppendOrFail(PlainFileWriter& file, const QString& path, const QString& text,
-                  const QString& what) {
+                  const char* what) {
     if (!file.Append(text.toUtf8())) {
         Fail(what, path, file.Reason());
     }
@@ -37,7 +42,7 @@ FileFormat FormatFor(const QString& path, const QString& chosenFilter) {
 
 void SaveRows(const QString& path, FileFormat format, const std::vector<const TrafficRow*>& rows,
               const QString& after) {
-    const QString what = QCoreApplication::translate("TrafficLog", "file");
+    const char* const what = kFileFails;
     PlainFileWriter file;
     OpenOrFail(file, path, what);
     const bool csv = format == FileFormat::Csv;
@@ -67,7 +72,7 @@ QString LogHeader() {
 }
 
 TrafficLogFile::TrafficLogFile(const QString& path, const QString& startLine) : path_(path) {
-    const QString what = QCoreApplication::translate("TrafficLog", "log");
+    const char* const what = kLogFails;
     // An earlier session's log is the operator's record: it is never cut short.
     if (!file_.Open(path_, PlainFileWriter::Keep::Everything)) {
         Fail(what, path_, file_.Reason());
@@ -96,14 +101,13 @@ void TrafficLogFile::Write(const std::vector<TrafficRow>& rows) {
         ++whole;
     }
     file_.Truncate(whole == 0 ? start : rowEnds[whole - 1]);
-    const std::size_t lost = rows.size() - whole;
+    const auto lost = static_cast<int>(rows.size() - whole);
     throw TrafficFileError(
-        QCoreApplication::translate(
-            "TrafficLog", "The traffic log \"%1\" cannot be written: %2. Logging has stopped after "
-                          "the last whole row; %3 not written.")
-            .arg(QDir::toNativeSeparators(path_), file_.Reason(),
-                 lost == 1 ? QCoreApplication::translate("TrafficLog", "1 row was")
-                           : QCoreApplication::translate("TrafficLog", "%1 rows were").arg(lost)));
+        QCoreApplication::translate("TrafficLog",
+                                    "The traffic log \"%1\" cannot be written: %2. Logging has "
+                                    "stopped after the last whole row; %n rows were not written.",
+                                    nullptr, lost)
+            .arg(QDir::toNativeSeparators(path_), file_.Reason()));
 }
 
 } // namespace quellpad::traffic

@@ -257,8 +257,7 @@ void FrmTraffic::ClearButton_Click() {
 }
 
 void FrmTraffic::ShowStatus() {
-    ui::ShowReading(TrafficStatusLabel, tr("%1 rows, %2 dropped%3")
-                                            .arg(model_.rowCount())
+    ui::ShowReading(TrafficStatusLabel, tr("%n rows, %1 dropped%2", nullptr, model_.rowCount())
                                             .arg(model_.Dropped())
                                             .arg(model_.Paused() ? tr(" (paused)") : QString()));
 }

@@ -107,10 +107,10 @@ void ErrorBoundary::ReportAbout(const QString& subject, const QString& message) 
             episode.flapping = true;
             ++episode.changesWhileShown;
             const QString updated =
-                message +
-                QCoreApplication::translate(
-                    "ErrorBoundary", "\n\n(Changed %1 times while this message was showing.)")
-                    .arg(episode.changesWhileShown);
+                message + QCoreApplication::translate(
+                              "ErrorBoundary",
+                              "\n\n(Changed %n times while this message was showing.)", nullptr,
+                              episode.changesWhileShown);
             if (!UpdateShownMessage(subject, updated)) {
                 // Still waiting behind another box: it will show the newest word.
                 Present(owner_, {updated,

@@ -16,20 +16,22 @@
 namespace quellpad::test {
 namespace {
 
+// A text of a catalogue; a text with a count has one translation per form of its number.
 struct Message {
     QString context;
     QString source;
-    QString translation;
+    QStringList translations;
     bool finished = false;
 };
 
-// The catalogue as the sources mark their texts today: a copy brought up to date by lupdate
+// A catalogue as the sources mark their texts today: a copy brought up to date by lupdate
 // exactly as the build's update_translations target does it.
-std::vector<Message> CatalogueOfTheSources(QString& problems) {
+std::vector<Message> CatalogueOfTheSources(const QString& name, QString& problems,
+                                           const QStringList& options = {}) {
     QTemporaryDir folder;
-    const QString copy = folder.filePath(QStringLiteral("quellpad_de.ts"));
-    if (!QFile::copy(QStringLiteral(QUELLPAD_SOURCE_DIR "/i18n/quellpad_de.ts"), copy)) {
-        problems = QStringLiteral("the catalogue i18n/quellpad_de.ts cannot be read");
+    const QString copy = folder.filePath(name);
+    if (!QFile::copy(QStringLiteral(QUELLPAD_SOURCE_DIR "/i18n/") + name, copy)) {
+        problems = QStringLiteral("the catalogue i18n/%1 cannot be read").arg(name);
         return {};
     }
     // The project's root as include path, as the build gives it: without it a class declared
@@ -37,6 +39,7 @@ std::vector<Message> CatalogueOfTheSources(QString& problems) {
     QStringList arguments = {QStringLiteral("-I"),           QStringLiteral(QUELLPAD_SOURCE_DIR),
                              QStringLiteral("-no-obsolete"), QStringLiteral("-locations"),
                              QStringLiteral("none"),         QStringLiteral("-silent")};
+    arguments << options;
     for (const QString& folderName : QStringLiteral(QUELLPAD_TRANSLATED_FOLDERS).split(u',')) {
         arguments << QStringLiteral(QUELLPAD_SOURCE_DIR "/") + folderName;
     }
@@ -67,17 +70,30 @@ std::vector<Message> CatalogueOfTheSources(QString& problems) {
         } else if (xml.name() == u"source") {
             messages.back().source = xml.readElementText(QXmlStreamReader::IncludeChildElements);
         } else if (xml.name() == u"translation") {
-            const QString type = xml.attributes().value(QLatin1String("type")).toString();
-            messages.back().finished = type.isEmpty();
-            messages.back().translation =
-                xml.readElementText(QXmlStreamReader::IncludeChildElements);
+            Message& message = messages.back();
+            message.finished = xml.attributes().value(QLatin1String("type")).isEmpty();
+            // Either the text itself or one <numerusform> per form of the number.
+            QString text;
+            while (
+                !(xml.readNext() == QXmlStreamReader::EndElement && xml.name() == u"translation") &&
+                !xml.atEnd()) {
+                if (xml.isCharacters()) {
+                    text += xml.text();
+                } else if (xml.name() == u"numerusform") {
+                    message.translations
+                        << xml.readElementText(QXmlStreamReader::IncludeChildElements);
+                }
+            }
+            if (message.translations.isEmpty()) {
+                message.translations << text;
+            }
         }
     }
     return messages;
 }
 
 QStringList Placeholders(const QString& text) {
-    static const QRegularExpression placeholder(QStringLiteral("%L?\\d"));
+    static const QRegularExpression placeholder(QStringLiteral("%(L?\\d|n)"));
     QStringList found;
     for (const auto& match : placeholder.globalMatch(text)) {
         found << match.captured();
@@ -91,46 +107,85 @@ bool HasAccessKey(const QString& text) {
     return QString(text).remove(QStringLiteral("&&")).contains(u'&');
 }
 
+// What the catalogue's each translation, or each form of it, must keep of its English.
+using Rule = std::function<bool(const QString& source, const QString& translation)>;
+
+void ExpectEveryTranslationKeeps(const std::vector<Message>& messages,
+                                 const std::vector<std::pair<const char*, Rule>>& rules) {
+    for (const Message& message : messages) {
+        const QString where = message.context + QStringLiteral(": \"") + message.source + u'"';
+        EXPECT_TRUE(message.finished) << where.toStdString() << " is unfinished";
+        for (const QString& translation : message.translations) {
+            for (const auto& [fault, holds] : rules) {
+                EXPECT_TRUE(holds(message.source, translation))
+                    << where.toStdString() << " " << fault << " (\"" << translation.toStdString()
+                    << "\")";
+            }
+        }
+    }
+}
+
 // Every marked text has German that an operator can use in its place: nothing left
 // unfinished, the same values filled in, an access key where the English has one, the
 // same spaces where the text is joined to others, and "..." where it opens a window.
 TEST(Catalogue, EveryMarkedTextHasGermanThatFitsWhereTheEnglishStands) {
     QString problems;
-    const std::vector<Message> messages = CatalogueOfTheSources(problems);
+    const std::vector<Message> messages =
+        CatalogueOfTheSources(QStringLiteral("quellpad_de.ts"), problems);
     EXPECT_TRUE(problems.isEmpty()) << problems.toStdString();
     ASSERT_GT(messages.size(), 500U) << "the catalogue lost its texts";
+    ExpectEveryTranslationKeeps(
+        messages,
+        {{"has no German",
+          [](const QString&, const QString& t) {
+              return !t.isEmpty();
+          }},
+         {"fills in other values",
+          [](const QString& s, const QString& t) {
+              return Placeholders(s) == Placeholders(t);
+          }},
+         {"loses or gains its access key",
+          [](const QString& s, const QString& t) {
+              return HasAccessKey(s) == HasAccessKey(t);
+          }},
+         {"is joined to other words without the English's spaces",
+          [](const QString& s, const QString& t) {
+              return s.startsWith(u' ') == t.startsWith(u' ') &&
+                     s.endsWith(u' ') == t.endsWith(u' ');
+          }},
+         {"no longer says that it opens a window", [](const QString& s, const QString& t) {
+              return !s.endsWith(QStringLiteral("...")) || t.endsWith(QStringLiteral("..."));
+          }}});
+}
 
-    const std::pair<const char*, std::function<bool(const Message&)>> rules[] = {
-        {"has no German",
-         [](const Message& m) {
-             return m.finished && !m.translation.isEmpty();
-         }},
-        {"fills in other values",
-         [](const Message& m) {
-             return Placeholders(m.source) == Placeholders(m.translation);
-         }},
-        {"loses or gains its access key",
-         [](const Message& m) {
-             return HasAccessKey(m.source) == HasAccessKey(m.translation);
-         }},
-        {"is joined to other words without the English's spaces",
-         [](const Message& m) {
-             return m.source.startsWith(u' ') == m.translation.startsWith(u' ') &&
-                    m.source.endsWith(u' ') == m.translation.endsWith(u' ');
-         }},
-        {"no longer says that it opens a window",
-         [](const Message& m) {
-             return !m.source.endsWith(QStringLiteral("...")) ||
-                    m.translation.endsWith(QStringLiteral("..."));
-         }},
-    };
+// A text with a count reads "1 row" and "2 rows" in English too: English has a catalogue
+// of its counts, and every counted text of the sources is in it with both its forms.
+TEST(Catalogue, EveryCountedTextHasItsEnglishSingularAndPlural) {
+    QString problems;
+    const std::vector<Message> messages = CatalogueOfTheSources(
+        QStringLiteral("quellpad_en.ts"), problems, {QStringLiteral("-pluralonly")});
+    EXPECT_TRUE(problems.isEmpty()) << problems.toStdString();
+    ASSERT_GE(messages.size(), 7U) << "the counted texts left the catalogue";
     for (const Message& message : messages) {
-        for (const auto& [fault, holds] : rules) {
-            EXPECT_TRUE(holds(message))
-                << message.context.toStdString() << ": \"" << message.source.toStdString() << "\" "
-                << fault << " (\"" << message.translation.toStdString() << "\")";
-        }
+        ASSERT_EQ(message.translations.size(), 2) << message.source.toStdString();
+        EXPECT_NE(message.translations[0], message.translations[1])
+            << message.source.toStdString() << ": one is said as many";
+        EXPECT_EQ(message.translations[1], message.source) << "the plural is the source";
     }
+    ExpectEveryTranslationKeeps(messages,
+                                {{"fills in other values", [](const QString& s, const QString& t) {
+                                      return Placeholders(s) == Placeholders(t) ||
+                                             Placeholders(t).isEmpty(); // "once" for "%n times"
+                                  }}});
+}
+
+// The traffic window's count of its rows, as it reads in the language installed.
+std::string Rows(int count) {
+    return QCoreApplication::translate("quellpad::traffic_window::FrmTraffic",
+                                       "%n rows, %1 dropped%2", nullptr, count)
+        .arg(0)
+        .arg(QString())
+        .toStdString();
 }
 
 // German for a German locale, wherever it is spoken; English, the language the program is
@@ -152,8 +207,11 @@ TEST(Translations, TheLocaleChoosesTheLanguageOfTextsAndOfCommandWords) {
                   c.german ? QStringLiteral("Zeigt diese Hilfe an und beendet das Programm.")
                            : QStringLiteral("Displays this help and exits."));
         EXPECT_EQ(preset.Describe(), c.german ? "Preset anfahren 5" : "go to preset 5");
+        EXPECT_EQ(Rows(1), c.german ? "1 Zeile, 0 verworfen" : "1 row, 0 dropped");
+        EXPECT_EQ(Rows(2), c.german ? "2 Zeilen, 0 verworfen" : "2 rows, 0 dropped");
         RemoveTranslations();
         EXPECT_EQ(preset.Describe(), "go to preset 5") << "English again once taken back";
+        EXPECT_EQ(Rows(1), "1 row, 0 dropped") << "English keeps its counts";
     }
 }
 

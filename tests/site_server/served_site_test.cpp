@@ -114,6 +114,11 @@ TEST(ServedPeer, ObeysGoodFramesReportsBadOnesAndAnswersAtTheLinePace) {
             EXPECT_TRUE(site.Equipment().Equipment().Camera(3).Moving().Still());
         }
         ASSERT_EQ(told.Of(Event::Kind::Rejected).size(), 1u) << "told at once, not per byte";
+        // Each count in the form its number takes.
+        EXPECT_TRUE(told.Of(Event::Kind::Rejected)[0].meaning.startsWith(
+            c.obeyed ? "not obeyed so far: 1 bad or cut-short frame, 0 bytes at other"
+                     : "not obeyed so far: 0 bad or cut-short frames, 14 bytes at other"))
+            << told.Of(Event::Kind::Rejected)[0].meaning.toStdString();
     }
 }
 

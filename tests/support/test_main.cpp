@@ -1,5 +1,7 @@
 #include "fixtures.h"
 
+#include "i18n/translations.h"
+
 #include <QApplication>
 #include <QFile>
 #include <QTemporaryDir>
@@ -9,7 +11,7 @@
 // Widget tests run on the offscreen platform unless told otherwise (the window manager
 // tests run on a virtual X display), in a configuration folder of their own, never the
 // tester's (remembered windows, a rewired site); messages to the operator are recorded
-// rather than waiting for a click.
+// rather than waiting for a click. The texts are the program's English, counts included.
 int main(int argc, char** argv) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -17,6 +19,7 @@ int main(int argc, char** argv) {
     const QTemporaryDir config;
     qputenv("XDG_CONFIG_HOME", QFile::encodeName(config.path()));
     QApplication app(argc, argv);
+    quellpad::InstallTranslations(QLocale(QLocale::English, QLocale::UnitedStates));
     quellpad::test::RealMessagePresenter() =
         quellpad::ui::SetMessagePresenter([](QWidget*, const quellpad::ui::Message& message) {
             quellpad::test::ShownMessages().append(message);
