@@ -109,7 +109,7 @@ TEST_F(WindowManagerTest, TheWindowAppearsOnceAtItsFinalSize) {
     } sizes;
     window_->installEventFilter(&sizes);
     window_->show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(window_.get()));
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(window_.get(), kExposeWait));
     const QSize final = Settled();
     ASSERT_FALSE(sizes.seen.empty());
     for (const QSize size : sizes.seen) {
@@ -140,7 +140,7 @@ TEST_F(WindowManagerTest, EveryWindowOpensWithinTheScreen) {
     for (const char* name : {"FrmTraffic", "FrmSimulatedSite", "FrmJoystick"}) {
         QWidget* window = window_->findChild<QWidget*>(QLatin1String(name));
         ASSERT_NE(window, nullptr) << name;
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(window)) << name;
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(window, kExposeWait)) << name;
         QTest::qWait(300); // placed and framed by the window manager
         const QRect frame = window->frameGeometry();
         EXPECT_TRUE(screen.contains(frame))

@@ -29,8 +29,11 @@ protected:
         window_ = std::make_unique<FrmMain>(*keyboard_);
         window_->Form_Load();
         window_->show();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(window_.get()));
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(window_.get(), kExposeWait));
     }
+    // Offscreen a window is exposed at once; on a display a window manager maps it, which
+    // takes its time when the whole suite shares the machine's two cores.
+    static constexpr int kExposeWait = 30000;
     void TearDown() override {
         window_.reset();
         KeyboardFixture::TearDown();
