@@ -18,16 +18,16 @@ constexpr const char* kLogFails =
                                .arg(QDir::toNativeSeparators(path), reason));
 }
 
-void OpenOrFail(PlainFileWriter& file, const QString& path, const char* what) {
+void OpenOrFail(PlainFileWriter& file, const QString& path, const char* sentence) {
     if (!file.Open(path)) {
-        Fail(what, path, file.Reason());
+        Fail(sentence, path, file.Reason());
     }
 }
 
 void AppendOrFail(PlainFileWriter& file, const QString& path, const QString& text,
-                  const char* what) {
+                  const char* sentence) {
     if (!file.Append(text.toUtf8())) {
-        Fail(what, path, file.Reason());
+        Fail(sentence, path, file.Reason());
     }
 }
 
@@ -42,9 +42,8 @@ FileFormat FormatFor(const QString& path, const QString& chosenFilter) {
 
 void SaveRows(const QString& path, FileFormat format, const std::vector<const TrafficRow*>& rows,
               const QString& after) {
-    const char* const what = kFileFails;
     PlainFileWriter file;
-    OpenOrFail(file, path, what);
+    OpenOrFail(file, path, kFileFails);
     const bool csv = format == FileFormat::Csv;
     QString text = (csv ? CsvHeader() : TextHeader()) + u'\n';
     for (const TrafficRow* row : rows) {
@@ -53,7 +52,7 @@ void SaveRows(const QString& path, FileFormat format, const std::vector<const Tr
     if (!after.isEmpty()) {
         text += u'\n' + after;
     }
-    AppendOrFail(file, path, text, what);
+    AppendOrFail(file, path, text, kFileFails);
 }
 
 QString LogStartLine(const QDateTime& at, const QStringList& ports) {
@@ -72,12 +71,11 @@ QString LogHeader() {
 }
 
 TrafficLogFile::TrafficLogFile(const QString& path, const QString& startLine) : path_(path) {
-    const char* const what = kLogFails;
     // An earlier session's log is the operator's record: it is never cut short.
     if (!file_.Open(path_, PlainFileWriter::Keep::Everything)) {
-        Fail(what, path_, file_.Reason());
+        Fail(kLogFails, path_, file_.Reason());
     }
-    AppendOrFail(file_, path_, startLine + u'\n' + LogHeader() + u'\n', what);
+    AppendOrFail(file_, path_, startLine + u'\n' + LogHeader() + u'\n', kLogFails);
 }
 
 void TrafficLogFile::Write(const std::vector<TrafficRow>& rows) {
