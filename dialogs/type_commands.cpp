@@ -98,18 +98,26 @@ FrmTypeCmnds::FrmTypeCmnds(Quellpad_Support_Func& keyboard, QWidget* parent)
 void FrmTypeCmnds::Prepare(const QString& mode) {
     mode_ = mode;
     InstructionLabel->setText(TypeCommandsInstruction(mode));
+    ClearResponses();
+}
+
+void FrmTypeCmnds::ClearResponses() {
+    received_.clear();
     CommandResponseTextBox->clear();
 }
 
 void FrmTypeCmnds::AppendResponse(const QString& response) {
     // The box holds one short reply at a time; a long history is of no use here.
     constexpr qsizetype kLimit = 50;
-    const QString box = CommandResponseTextBox->toPlainText();
-    CommandResponseTextBox->setPlainText((box.size() >= kLimit ? QString() : box) + response);
+    if (received_.size() >= kLimit) {
+        received_.clear();
+    }
+    received_ += response;
+    CommandResponseTextBox->setPlainText(received_);
 }
 
 void FrmTypeCmnds::CommandToSendTextBox_Enter() {
-    CommandResponseTextBox->clear();
+    ClearResponses();
     const QString line = CommandToSendTextBox->text();
     CommandToSendTextBox->clear();
     if (!line.isEmpty() && (SentLines().isEmpty() || SentLines().constLast() != line)) {

@@ -39,6 +39,7 @@ protected:
 private:
     void CommandToSendTextBox_Enter();
     void Recall(int step);
+    void ClearResponses();
 
     Quellpad_Support_Func& keyboard_;
     ui::ErrorBoundary boundary_;
@@ -46,6 +47,9 @@ private:
     QLabel* InstructionLabel = nullptr;
     QLineEdit* CommandToSendTextBox = nullptr;
     QPlainTextEdit* CommandResponseTextBox = nullptr;
+    // The replies as they arrived: the box drops their CRs, but the 50-character rule
+    // counts every character received.
+    QString received_;
     // Where Up and Down stand in the lines sent during this run.
     qsizetype recalled_ = 0;
 };
