@@ -182,7 +182,7 @@ void FrmMain::LoadKeyboard() {
     P_Protocol_Menu_Option->setChecked(mode == kModeP);
     ASCII_Menu_Option->setChecked(mode == kModeAscii);
     MUX_ASCII_Option->setChecked(mode == kModeMuxAscii);
-    HernisProtocolOption->setChecked(false);
+    H_Protocol_Option->setChecked(false);
     T_Protocol_Option->setChecked(false);
 
     Com1Option->setChecked(keyboard_.MSComm1().IsOpen());
@@ -220,12 +220,12 @@ void FrmMain::LoadKeyboard() {
 
     ApplyModeControls();
     RaiseTimerResolution();
-    HernisPollTimer->stop();
-    HernisPollTimer->setInterval(0);
+    H_Poll_Timer->stop();
+    H_Poll_Timer->setInterval(0);
     for (QAction* unoffered : unofferedItems_) {
         unoffered->setVisible(false);
     }
-    HernisProtocolOption->setVisible(false);
+    H_Protocol_Option->setVisible(false);
     T_Protocol_Option->setVisible(false);
     UpdatePortBindings();
     settingsPlace_->Show(

@@ -185,7 +185,7 @@ private:
     // Timers.
     QTimer* CommandChangeTimer = nullptr;
     QTimer* RetransmitTimer = nullptr;
-    QTimer* HernisPollTimer = nullptr;
+    QTimer* H_Poll_Timer = nullptr;
 
     // Menus and items.
     QMenu* OptionsMenu = nullptr;
@@ -213,7 +213,7 @@ private:
     QAction* P_Protocol_Menu_Option = nullptr;
     QAction* ASCII_Menu_Option = nullptr;
     QAction* MUX_ASCII_Option = nullptr;
-    QAction* HernisProtocolOption = nullptr;
+    QAction* H_Protocol_Option = nullptr;
     QAction* T_Protocol_Option = nullptr;
     std::array<QAction*, 6> auxItems_{}; // Aux ON, Aux OFF, Toggle Aux, GPI ON, GPI OFF, Toggle GPI
     std::array<QAction*, 6> macroItems_{}; // start and halt of macro, sequence, tour
@@ -276,8 +276,8 @@ private:
     QRadioButton* ZoomSpeedOption = nullptr;
     QRadioButton* FocusSpeedOption = nullptr;
     QPushButton* MiscSendButton = nullptr;
-    QGroupBox* HernisDataFrame = nullptr;
-    QList<QWidget*> hernisControls_; // arrows, wipers and poll: never shown by this keyboard
+    QGroupBox* H_Data_Frame = nullptr;
+    QList<QWidget*> hDataControls_; // arrows, wipers and poll: never shown by this keyboard
 };
 
 } // namespace quellpad

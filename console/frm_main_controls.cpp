@@ -80,7 +80,7 @@ void FrmMain::BuildMenus() {
     ASCII_Menu_Option = ui::MakeItem(ModeMenu, "ASCII_Menu_Option", QStringLiteral("ASCII"), true);
     MUX_ASCII_Option =
         ui::MakeItem(ModeMenu, "MUX_ASCII_Option", QStringLiteral("MUX ASCII"), true);
-    HernisProtocolOption = ui::MakeItem(ModeMenu, "HernisProtocolOption", tr("H Protocol"), true);
+    H_Protocol_Option = ui::MakeItem(ModeMenu, "H_Protocol_Option", tr("H Protocol"), true);
     T_Protocol_Option = ui::MakeItem(ModeMenu, "T_Protocol_Option", tr("T Protocol"), true);
 
     AuxMenu = ui::MakeMenu(this, "AuxMenu", tr("&Aux"));
@@ -313,25 +313,24 @@ void FrmMain::BuildControls() {
     place(MiscSendButton, 10, 140, 150, 26);
 
     // The poll and wiper controls of a protocol this keyboard does not offer.
-    HernisDataFrame = ui::MakeFrame(c, "HernisDataFrame", tr("Data"));
-    place(HernisDataFrame, 400, 264, 170, 120);
-    const char* const hernisNames[] = {"UpArrowCommand",    "DownArrowCommand", "LeftArrowCommand",
-                                       "RightArrowCommand", "WipeButton",       "HernisPollButton"};
-    const char* const hernisCaptions[] = {QT_TR_NOOP("Up"),   QT_TR_NOOP("Down"),
-                                          QT_TR_NOOP("Left"), QT_TR_NOOP("Right"),
-                                          QT_TR_NOOP("Wipe"), QT_TR_NOOP("Poll")};
+    H_Data_Frame = ui::MakeFrame(c, "H_Data_Frame", tr("Data"));
+    place(H_Data_Frame, 400, 264, 170, 120);
+    const char* const dataNames[] = {"UpArrowCommand",    "DownArrowCommand", "LeftArrowCommand",
+                                     "RightArrowCommand", "WipeButton",       "H_Poll_Button"};
+    const char* const dataCaptions[] = {QT_TR_NOOP("Up"),   QT_TR_NOOP("Down"),
+                                        QT_TR_NOOP("Left"), QT_TR_NOOP("Right"),
+                                        QT_TR_NOOP("Wipe"), QT_TR_NOOP("Poll")};
     for (std::size_t i = 0; i < 6; ++i) {
-        QPushButton* control =
-            ui::MakeButton(HernisDataFrame, hernisNames[i], tr(hernisCaptions[i]));
+        QPushButton* control = ui::MakeButton(H_Data_Frame, dataNames[i], tr(dataCaptions[i]));
         place(control, 8 + static_cast<double>(i % 3) * 52, 20 + static_cast<double>(i / 3) * 28,
               48, 24);
-        hernisControls_.append(control);
+        hDataControls_.append(control);
     }
     QPushButton* wipeWash =
-        ui::MakeButton(HernisDataFrame, "WipeWashButton", TwoLines(tr("Wipe/"), tr("Wash")));
+        ui::MakeButton(H_Data_Frame, "WipeWashButton", TwoLines(tr("Wipe/"), tr("Wash")));
     place(wipeWash, 8, 78, 48, 34);
-    hernisControls_.append(wipeWash);
-    hernisControls_.append(HernisDataFrame);
+    hDataControls_.append(wipeWash);
+    hDataControls_.append(H_Data_Frame);
 
     // The joystick: placed by LayOut, centred on the rest point.
     square_ = new JoystickSquare(c);
@@ -354,7 +353,7 @@ void FrmMain::BuildControls() {
 
     CommandChangeTimer = ui::MakeTimer(this, "CommandChangeTimer");
     RetransmitTimer = ui::MakeTimer(this, "RetransmitTimer");
-    HernisPollTimer = ui::MakeTimer(this, "HernisPollTimer");
+    H_Poll_Timer = ui::MakeTimer(this, "H_Poll_Timer");
 
     setMinimumSize(MinimumWindowSize(ui::TwipsPerPixel(this)));
 }

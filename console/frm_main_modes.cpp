@@ -152,12 +152,12 @@ void FrmMain::ApplyModeControls() {
     Show(PresetClearButton, frame);
     Show(ZoneFrame, frame);
     Show(MiscFrame, frame);
-    for (QWidget* hernis : hernisControls_) {
-        Show(hernis, false);
+    for (QWidget* control : hDataControls_) {
+        Show(control, false);
     }
     H_Protocol_Poll->setVisible(false);
     H_Protocol_Poll->setChecked(false);
-    HernisPollTimer->stop();
+    H_Poll_Timer->stop();
 
     if (ascii) {
         AccessResponseLabel->setToolTip(tr("Response to ASCII Commands"));

@@ -307,7 +307,14 @@ TEST_F(MainWindowTest, StartUpFromTheFile) {
     Start("H");
     EXPECT_EQ(keyboard_->CurrentMode, kModeD);
     EXPECT_TRUE(Child<QAction>("D_Protocol_Menu_Option")->isChecked());
-    EXPECT_FALSE(Child<QAction>("HernisProtocolOption")->isVisible());
+    EXPECT_FALSE(Child<QAction>("H_Protocol_Option")->isVisible());
+    // The H mode's controls exist under their names, hidden, and their poll never runs.
+    for (const char* name : {"H_Data_Frame", "UpArrowCommand", "WipeWashButton", "H_Poll_Button"}) {
+        EXPECT_TRUE(Child<QWidget>(name)->isHidden()) << name;
+    }
+    EXPECT_FALSE(Child<QAction>("H_Protocol_Poll")->isVisible());
+    EXPECT_FALSE(Child<QTimer>("H_Poll_Timer")->isActive());
+    EXPECT_EQ(Child<QTimer>("H_Poll_Timer")->interval(), 0);
 }
 
 TEST_F(MainWindowTest, AHeldLensButtonStopsOnlyAtTheReleaseWhereverItLands) {
