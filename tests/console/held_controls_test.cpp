@@ -5,6 +5,7 @@
 #include "protocol/commands.h"
 #include "site/site.h"
 
+#include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
 #include <QProcess>
@@ -211,6 +212,63 @@ TEST_F(HeldControlsTest, AWindowThatTakesTheMouseOrTheProgramsEndStopsWhatIsHeld
             other.kill();
             other.waitForFinished();
         }
+    }
+}
+
+TEST_F(HeldControlsTest, ASessionThatLetsGoOfEverythingPutsNoExtraByteOnTheWire) {
+    // A lens button pressed and let go, a refused value's box, another program's window
+    // focused, the camera's menu with an arrow pressed and let go, and the end of the
+    // program: the bytes the keyboard has always sent, and not one more.
+    const std::pair<const char*, QByteArray> cases[] = {
+        {"D", QByteArray::fromHex("ff010020000021"
+                                  "ff010000000001"
+                                  "ff010003005f63"
+                                  "ff010002200023"
+                                  "ff010000000001")},
+        {"P", QByteArray::fromHex("a00000200000af2f"
+                                  "a00000000000af0f"
+                                  "a0000003005faf53"
+                                  "a00000022000af2d"
+                                  "a00000000000af0f")},
+        {"ASCII", QByteArray("Tasa95^a20Rasa")},
+        {"MUX ASCII", QByteArray()},
+    };
+    for (const auto& [mode, wire] : cases) {
+        SCOPED_TRACE(mode);
+        boxTexts_.clear();
+        StartActive(mode);
+        const bool lensAndMenu = mode != kModeMuxAscii;
+        QByteArray sent;
+        if (lensAndMenu) {
+            QTest::mousePress(Child("ZoomIn"), Qt::LeftButton);
+            sent += com1_.Drain(300);
+            QTest::mouseRelease(Child("ZoomIn"), Qt::LeftButton);
+            sent += com1_.Drain(300);
+        }
+        QTest::keyClicks(Child<QLineEdit>("RetransmitTimeTextBox"), QStringLiteral("61"));
+        EXPECT_EQ(boxTexts_.size(), 1);
+        QProcess other;
+        other.start(QStringLiteral("xmessage"), {QStringLiteral("another program")});
+        EXPECT_TRUE(WaitUntil([&] { return !window_->isActiveWindow(); }, 10000));
+        other.kill();
+        other.waitForFinished();
+        window_->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get(), kExposeWait));
+        if (lensAndMenu) {
+            ASSERT_TRUE(WhileOpen(
+                [&] {
+                    QWidget* focus = QApplication::focusWidget();
+                    QTest::keyClick(focus ? focus : window_.get(), Qt::Key_M, Qt::ShiftModifier);
+                },
+                [&](QDialog& window) {
+                    QTest::keyPress(&window, Qt::Key_Right);
+                    QTest::keyRelease(&window, Qt::Key_Right);
+                }));
+        }
+        sent += com1_.Drain(300);
+        window_->close();
+        sent += com1_.Drain(300);
+        EXPECT_EQ(sent, wire);
     }
 }
 
