@@ -1,7 +1,6 @@
 #include "main_window_fixture.h"
 
 #include "app/end_signals.h"
-#include "dialogs/menu_control.h"
 #include "protocol/commands.h"
 #include "site/site.h"
 
@@ -144,8 +143,6 @@ TEST_F(HeldControlsTest, AWindowThatTakesTheMouseOrTheProgramsEndStopsWhatIsHeld
         {"ASCII", Hold::Latch, Taker::EndSignal},
         {"MUX ASCII", Hold::Drag, Taker::EndSignal},
         {"D", Hold::Nothing, Taker::EndSignal},
-        {"ASCII", Hold::Nothing, Taker::EndSignal},
-        {"MUX ASCII", Hold::Nothing, Taker::EndSignal},
     };
     const bool otherProgram = !QStandardPaths::findExecutable(QStringLiteral("xmessage")).isEmpty();
     std::unique_ptr<PseudoTerminal> com2;
