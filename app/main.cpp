@@ -1,4 +1,5 @@
 #include "app/command_line.h"
+#include "app/end_signals.h"
 #include "app/identity.h"
 #include "console/frm_main.h"
 #include "engine/keyboard_state.h"
@@ -73,6 +74,11 @@ int main(int argc, char* argv[]) {
 
     quellpad::Quellpad_Support_Func keyboard(&MakeLine);
     quellpad::FrmMain window(keyboard);
+    // Ended by the session as by the window's close button: the cameras are stopped first.
+    const quellpad::EndSignals endSignals([&window](int /*signal*/) {
+        window.close();
+        QCoreApplication::quit();
+    });
     window.Form_Load();
 
     if (const QScreen* screen = window.screen()) {

@@ -1,5 +1,6 @@
 #include "dispatcher.h"
 
+#include "console/joystick.h"
 #include "engine/numeric.h"
 
 #include <algorithm>
@@ -18,6 +19,8 @@ constexpr std::uint8_t kZoneStore = 17;
 constexpr std::uint8_t kWriteCharacter = 21;
 constexpr std::uint8_t kZoneEndFinish = 27;
 constexpr std::uint8_t kZoneStartBegin = 29;
+
+const QString kStopAll = QStringLiteral("sa");
 
 void Load(Quellpad_Support_Func& k, std::uint8_t command1, std::uint8_t command2,
           std::uint8_t data1, std::uint8_t data2) {
@@ -39,7 +42,7 @@ bool RegistersUnchanged(const Quellpad_Support_Func& k) {
 }
 
 bool FramePart(Quellpad_Support_Func& k, const DispatchInputs& in) {
-    if (k.PresetSetStep == 0 && k.ZoneRequest == 0 && RegistersUnchanged(k)) {
+    if (!in.resend && k.PresetSetStep == 0 && k.ZoneRequest == 0 && RegistersUnchanged(k)) {
         return false;
     }
     if (k.AuxToggleRequest == 2 || k.AuxToggleRequest == 1) {
@@ -84,13 +87,13 @@ bool AsciiPart(Quellpad_Support_Func& k, const DispatchInputs& in, DispatchOutco
     const bool registersZero = k.Command1 == 0 && k.Command2 == 0 && k.Data1 == 0 && k.Data2 == 0;
     // Releasing the last motion control turns the last motion text into the stop-all.
     if ((!IsNonMotionCommand(k.AsciiCommand) || !k.AnyPortOpen()) && registersZero) {
-        k.AsciiCommand = QStringLiteral("sa");
+        k.AsciiCommand = kStopAll;
     }
     // A range asks for a send only while it has an alarm left, so that the tick which
     // finds it finished does not repeat the last alarm.
     const bool rangeLeft = (k.AlarmTriggerPending || k.AlarmResetPending) &&
                            k.AlarmRangeStart != 0 && k.AlarmRangeStart <= k.AlarmRangeEnd;
-    const bool send = k.GpiToggleRequest != 0 || k.AuxToggleRequest != 0 ||
+    const bool send = in.resend || k.GpiToggleRequest != 0 || k.AuxToggleRequest != 0 ||
                       k.AsciiCommand != k.LastAsciiCommand || rangeLeft;
     if (send) {
         if (k.AlarmRangeStart != 0 && k.AlarmRangeStart <= k.AlarmRangeEnd) {
@@ -180,18 +183,73 @@ DispatchOutcome CommandChangeTick(Quellpad_Support_Func& k, const DispatchInputs
     } else if (k.CurrentMode == kModeAscii) {
         send = AsciiPart(k, in, outcome);
     } else if (k.CurrentMode == kModeMuxAscii) {
-        send = k.AsciiCommand != k.LastAsciiCommand;
+        send = in.resend || k.AsciiCommand != k.LastAsciiCommand;
     }
     if (send) {
-        k.SendCommand();
-        k.LastCommand1 = k.Command1;
-        k.LastCommand2 = k.Command2;
-        k.LastData1 = k.Data1;
-        k.LastData2 = k.Data2;
-        k.LastAsciiCommand = k.AsciiCommand;
+        SendAndRemember(k);
         outcome.sent = true;
     }
     return outcome;
+}
+
+void SendAndRemember(Quellpad_Support_Func& k) {
+    k.SendCommand();
+    k.LastCommand1 = k.Command1;
+    k.LastCommand2 = k.Command2;
+    k.LastData1 = k.Data1;
+    k.LastData2 = k.Data2;
+    k.LastAsciiCommand = k.AsciiCommand;
+}
+
+namespace {
+
+bool RegistersMove(const QString& mode, std::uint8_t command1, std::uint8_t command2,
+                   std::uint8_t data1, std::uint8_t data2) {
+    if (command2 & 0x01) {
+        return false; // a one-shot command: its data are no speeds
+    }
+    // The lens bits of Command1: three in "D", four in "P" (which "ASCII" mirrors).
+    const std::uint8_t lens = mode == kModeD ? 0x07 : 0x0F;
+    return (command1 & lens) != 0 || (command2 & 0xFE) != 0 || data1 != 0 || data2 != 0;
+}
+
+bool AsciiTextMoves(const QString& text) {
+    return text != kStopAll && !IsNonMotionCommand(text);
+}
+
+} // namespace
+
+bool ReceiverMayBeMoving(const Quellpad_Support_Func& k) {
+    const QString& mode = k.CurrentMode;
+    if (!IsFrameMode(mode) && !IsAsciiMode(mode)) {
+        return false; // nothing is ever sent
+    }
+    if (RegistersMove(mode, k.Command1, k.Command2, k.Data1, k.Data2) ||
+        RegistersMove(mode, k.LastCommand1, k.LastCommand2, k.LastData1, k.LastData2)) {
+        return true;
+    }
+    if (mode == kModeAscii) {
+        return AsciiTextMoves(k.AsciiCommand) || AsciiTextMoves(k.LastAsciiCommand);
+    }
+    return mode == kModeMuxAscii && !MuxStopTexts(k.LastAsciiCommand).isEmpty();
+}
+
+bool LoadStop(Quellpad_Support_Func& k) {
+    if (!ReceiverMayBeMoving(k)) {
+        return false;
+    }
+    if (k.CurrentMode == kModeMuxAscii) {
+        // The multiplexer stops each direction on its own, and only those it was told.
+        const QString stops = MuxStopTexts(k.LastAsciiCommand);
+        if (stops.isEmpty()) {
+            return false;
+        }
+        k.AsciiCommand = stops;
+    } else if (k.CurrentMode == kModeAscii) {
+        k.AsciiCommand = kStopAll;
+    }
+    Load(k, 0, 0, 0, 0);
+    return true;
 }
 
 } // namespace quellpad

@@ -18,6 +18,9 @@ struct DispatchInputs {
     bool zoneStartSelected = false;
     bool zoneEndSelected = false;
     QString alarmNumberText;
+    // A port is back that failed while a receiver on it was moving: it is told where the
+    // keyboard stands now, so the tick sends even what has not changed.
+    bool resend = false;
 };
 
 struct DispatchOutcome {
@@ -41,6 +44,19 @@ std::optional<AlarmRange> ReadAlarmRange(const QString& alarmNumberText);
 // Reads an alarm range "a..b" (one to four characters before "..") into
 // AlarmRangeStart and AlarmRangeEnd; any other text changes nothing.
 void ParseAlarmRange(Quellpad_Support_Func& keyboard, const QString& alarmNumberText);
+
+// Whether a receiver may be moving on the keyboard's word: what the tick last sent, or
+// what is loaded now (a control held, a key of the menu control window), is a pan, tilt
+// or lens motion. A one-shot command moves nothing.
+bool ReceiverMayBeMoving(const Quellpad_Support_Func& keyboard);
+
+// Loads the current mode's stop when a receiver may be moving: all four registers 0,
+// with "sa" in "ASCII" and the stop texts of the directions last started in "MUX ASCII".
+// False, with nothing changed, at rest: there is nothing to stop.
+bool LoadStop(Quellpad_Support_Func& keyboard);
+
+// Sends what is loaded and remembers it as sent, as the tick does.
+void SendAndRemember(Quellpad_Support_Func& keyboard);
 
 // One tick of CommandChangeTimer: sends the registers or the ASCII text when they differ
 // from what it last sent, or while a multi-frame sequence runs; at most one send.

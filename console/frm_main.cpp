@@ -24,6 +24,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFileInfo>
 #include <QLabel>
@@ -38,11 +39,19 @@
 #include <QTimer>
 
 #include <cmath>
+#include <utility>
 
 namespace quellpad {
 
 using namespace frm_main_parts;
 using ui::TwoLines;
+
+namespace {
+
+// How long the end of the program waits for the last stop to leave the ports.
+constexpr int kStopLeavesMs = 1000;
+
+} // namespace
 
 FrmMain::FrmMain(Quellpad_Support_Func& keyboard, QWidget* parent)
     : QMainWindow(parent), keyboard_(keyboard), boundary_(this), layout_(kDesignSize) {
@@ -123,6 +132,7 @@ void FrmMain::ConnectHandlers() {
                             latest};
         UpdatePortBindings();
     });
+    WatchForPopups();
     portWatch_ = new PortWatch(keyboard_, this);
     connect(portWatch_, &PortWatch::PortBack, this, &FrmMain::Port_Back);
     for (int number = 1; number <= 2; ++number) {
@@ -261,10 +271,27 @@ void FrmMain::closeEvent(QCloseEvent* event) {
     // Nothing is saved at exit; the ports are released and the timer resolution restored.
     CommandChangeTimer->stop();
     RetransmitTimer->stop();
+    // A receiver keeps moving until it is told to stop, and has no other way to learn that
+    // its keyboard has gone.
+    boundary_.Run("Form_QueryUnload", [&] { StopBeforeEnd(); });
     keyboard_.MSComm1().Close();
     keyboard_.MSComm2().Close();
     RestoreTimerResolution();
     event->accept();
+}
+
+void FrmMain::StopBeforeEnd() {
+    ReleaseHeldControls();
+    if (!LoadStop(keyboard_)) {
+        return; // at rest: nothing to tell anyone
+    }
+    SendAndRemember(keyboard_);
+    const QDeadlineTimer deadline(kStopLeavesMs);
+    for (int number = 1; number <= 2; ++number) {
+        if (keyboard_.Port(number).IsOpen()) {
+            keyboard_.Port(number).WaitUntilSent(deadline);
+        }
+    }
 }
 
 void FrmMain::ExitOption_Click() {
@@ -454,6 +481,11 @@ void FrmMain::ControlLock_Click() {
 void FrmMain::RunModalWindow(QDialog& window, bool pauseTimers,
                              const std::function<void()>& beforeShow) {
     if (pauseTimers) {
+        // The window takes the mouse, and with the dispatcher paused the stop of a held
+        // control would wait for the window to close: it goes out now.
+        if (ReleaseHeldControls()) {
+            CommandChangeTimer_Timer();
+        }
         CommandChangeTimer->stop();
         if (keyboard_.RetransmitOn) {
             RetransmitTimer->stop();
@@ -534,9 +566,10 @@ void FrmMain::AboutOption_Click() {
 // Dispatcher
 
 void FrmMain::CommandChangeTimer_Timer() {
+    const bool resend = std::exchange(resendAtNextTick_, false);
     const DispatchOutcome outcome =
         CommandChangeTick(keyboard_, {ZoneStartOption->isChecked(), ZoneEndOption->isChecked(),
-                                      AlarmNumberTextBox->text()});
+                                      AlarmNumberTextBox->text(), resend});
     if (outcome.newInterval) {
         CommandChangeTimer->setInterval(*outcome.newInterval);
     }
@@ -572,6 +605,9 @@ void FrmMain::MSComm_OnComm(int number, int eventCode) {
 }
 
 void FrmMain::Port_LineFailed(int number, const QString& message) {
+    // Before the message box, which lets go of the held controls: the stop that follows
+    // reaches only the ports still open.
+    movingAtFailure_[static_cast<std::size_t>(number - 1)] = ReceiverMayBeMoving(keyboard_);
     // The port stays enabled in Settings.dat: it is reopened when its device comes back.
     (number == 1 ? Com1Option : Com2Option)->setChecked(false);
     (number == 1 ? COM1CommandLabel : COM2CommandLabel)->clear();
@@ -581,6 +617,10 @@ void FrmMain::Port_LineFailed(int number, const QString& message) {
 }
 
 void FrmMain::Port_Back(int number, const QString& message) {
+    // Its receiver may have missed the stop while the line was down.
+    if (std::exchange(movingAtFailure_[static_cast<std::size_t>(number - 1)], false)) {
+        resendAtNextTick_ = true;
+    }
     (number == 1 ? Com1Option : Com2Option)->setChecked(true);
     UpdatePortBindings();
     boundary_.ReportAbout(PortSubject(number), message);

@@ -62,12 +62,24 @@ public:
     JoystickGeometry CurrentJoystickGeometry() const;
 
 protected:
+    bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
     void LoadKeyboard();
+    // Lets go of every control the operator holds or has latched, as if the mouse button
+    // had come up: the knob back at rest, the held lens buttons off. The dispatcher sends
+    // the stop at its next tick. A window that takes the mouse (a modal box, another
+    // program's window, a popup) means the release may never arrive.
+    // Whether anything was held.
+    bool ReleaseHeldControls();
+    // At the end of the program: every open port gets the current mode's stop, and the
+    // bytes are given time to leave, when a receiver may still be moving.
+    void StopBeforeEnd();
+    // Every popup that opens lets go of the held controls.
+    void WatchForPopups();
     void BuildMenus();
     void BuildControls();
     void ConnectHandlers();
@@ -165,6 +177,12 @@ private:
     ui::ErrorBoundary boundary_;
     ui::ProportionalLayout layout_;
     JoystickState joystick_;
+    // The lens buttons whose left button is down now (press and hold only).
+    std::array<bool, 6> lensHeld_{};
+    // Per port: it failed while a receiver may have been moving, and when it comes back
+    // it is told where the keyboard stands.
+    std::array<bool, 2> movingAtFailure_{};
+    bool resendAtNextTick_ = false;
     QPointer<FrmTypeCmnds> typeCommands_;
     PortWatch* portWatch_ = nullptr;
 

@@ -3,10 +3,13 @@
 #include "console/joystick_widgets.h"
 #include "ui/controls.h"
 
+#include <QApplication>
 #include <QMouseEvent>
 #include <QPushButton>
 
 #include <cmath>
+#include <functional>
+#include <utility>
 
 namespace quellpad {
 
@@ -26,7 +29,32 @@ int ButtonCode(Qt::MouseButtons buttons) {
     return code;
 }
 
+// Tells when a popup (a menu, a list) opens anywhere in the program: it takes the pointer
+// from whatever the operator holds.
+class PopupWatch : public QObject {
+public:
+    PopupWatch(QObject* parent, std::function<void()> opened)
+        : QObject(parent), opened_(std::move(opened)) {}
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Show && watched->isWidgetType() &&
+            static_cast<QWidget*>(watched)->windowType() == Qt::Popup) {
+            opened_();
+        }
+        return false;
+    }
+
+private:
+    std::function<void()> opened_;
+};
+
 } // namespace
+
+void FrmMain::WatchForPopups() {
+    qApp->installEventFilter(new PopupWatch(
+        this, [this] { boundary_.Run("Form_Deactivate", [&] { ReleaseHeldControls(); }); }));
+}
 
 QPushButton* FrmMain::LensControl(LensButton button) const {
     return lensButtons_[static_cast<std::size_t>(button)];
@@ -71,11 +99,44 @@ void FrmMain::LensButton_MouseEvent(LensButton button, const QEvent& event) {
     if (static_cast<const QMouseEvent&>(event).button() != Qt::LeftButton) {
         return;
     }
+    bool& held = lensHeld_[static_cast<std::size_t>(button)];
     if (type == QEvent::MouseButtonRelease) {
-        boundary_.Run("Lens_MouseUp", [&] { Lens_MouseUp(button); });
+        // A button let go of already (a window took the mouse) has nothing left to stop.
+        if (held) {
+            held = false;
+            boundary_.Run("Lens_MouseUp", [&] { Lens_MouseUp(button); });
+        }
     } else {
+        held = !keyboard_.ControlLockOn;
         boundary_.Run("Lens_MouseDown", [&] { Lens_MouseDown(button); });
     }
+}
+
+bool FrmMain::ReleaseHeldControls() {
+    joystick_.JoystickLatched = false;
+    bool released = ReleaseJoystick(keyboard_, joystick_);
+    if (released) {
+        CentreJoystickBall();
+    }
+    for (const LensButton button : kLensButtons) {
+        bool& held = lensHeld_[static_cast<std::size_t>(button)];
+        if (held) {
+            held = false;
+            LensControl(button)->setDown(false);
+            Lens_MouseUp(button);
+            released = true;
+        }
+    }
+    return released;
+}
+
+bool FrmMain::event(QEvent* event) {
+    // Another window took the mouse and the keys: the release of a held control would go
+    // to it, or nowhere.
+    if (event->type() == QEvent::WindowBlocked || event->type() == QEvent::WindowDeactivate) {
+        boundary_.Run("Form_Deactivate", [&] { ReleaseHeldControls(); });
+    }
+    return QMainWindow::event(event);
 }
 
 // ---------------------------------------------------------------------------------------
@@ -159,6 +220,9 @@ bool FrmMain::eventFilter(QObject* watched, QEvent* event) {
     boundary_.Run("Form_Mouse", [&] {
         if (type == QEvent::MouseButtonPress) {
             Form_MouseDown(ButtonCode(mouse->button()), point);
+        } else if (type == QEvent::MouseMove && joystick_.JoystickDragging &&
+                   !joystick_.JoystickLatched && mouse->buttons() == Qt::NoButton) {
+            Form_MouseUp(); // the release went elsewhere while the pointer was taken
         } else if (type == QEvent::MouseMove) {
             Form_MouseMove(ButtonCode(mouse->buttons()), point);
         } else {

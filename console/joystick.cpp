@@ -36,6 +36,10 @@ const std::array<Direction, 4> kDirections{{
      QLatin1String("~dUm")},
 }};
 
+// Left, right, up, down: the order in which a release stops the directions.
+const std::array<const Direction*, 4> kReleaseOrder{&kDirections[0], &kDirections[1],
+                                                    &kDirections[3], &kDirections[2]};
+
 } // namespace
 
 int JoystickSpeed(double distance, double halfSize, double deadSize, double scale) {
@@ -144,14 +148,23 @@ bool ReleaseJoystick(Quellpad_Support_Func& k, JoystickState& state) {
     k.Data2 = 0;
     if (k.CurrentMode == kModeMuxAscii) {
         k.AsciiCommand.clear();
-        for (const Direction* d :
-             {&kDirections[0], &kDirections[1], &kDirections[3], &kDirections[2]}) {
+        for (const Direction* d : kReleaseOrder) {
             if (k.LastAsciiCommand.contains(d->mux)) {
                 k.AsciiCommand += d->muxStop;
             }
         }
     }
     return true;
+}
+
+QString MuxStopTexts(const QString& sent) {
+    QString stops;
+    for (const Direction* d : kReleaseOrder) {
+        if (sent.contains(d->mux) && !sent.contains(d->muxStop)) {
+            stops += d->muxStop;
+        }
+    }
+    return stops;
 }
 
 } // namespace quellpad

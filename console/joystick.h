@@ -45,4 +45,8 @@ bool UpdateJoystick(Quellpad_Support_Func& keyboard, JoystickState& state, int b
 // to be centred.
 bool ReleaseJoystick(Quellpad_Support_Func& keyboard, JoystickState& state);
 
+// The "MUX ASCII" stop texts of the directions that `sent` starts and does not stop, in
+// the order a release sends them; "" when it moves nothing.
+QString MuxStopTexts(const QString& sent);
+
 } // namespace quellpad

@@ -285,11 +285,28 @@ void frmMenuControl::keyReleaseEvent(QKeyEvent* event) {
     event->accept();
 }
 
+bool frmMenuControl::event(QEvent* event) {
+    // Another window took the keys: the release of the held key would go to it, or
+    // nowhere, and the camera would go on moving.
+    if ((event->type() == QEvent::WindowBlocked || event->type() == QEvent::WindowDeactivate) &&
+        held_ != MenuKey::None) {
+        boundary_.Run("Form_Deactivate", [&] { Form_KeyUp(held_); });
+    }
+    return QDialog::event(event);
+}
+
 void frmMenuControl::Form_KeyDown(MenuKey key) {
+    const bool wasHeld = keyboard_.MenuKeyHeld;
     Apply(MenuKeyDown(keyboard_, key));
+    if (!wasHeld && keyboard_.MenuKeyHeld) {
+        held_ = key;
+    }
 }
 
 void frmMenuControl::Form_KeyUp(MenuKey key) {
+    if (keyboard_.MenuKeyHeld && key != MenuKey::None) {
+        held_ = MenuKey::None;
+    }
     Apply(MenuKeyUp(keyboard_, key));
 }
 

@@ -63,6 +63,7 @@ public:
     explicit frmMenuControl(Quellpad_Support_Func& keyboard, QWidget* parent = nullptr);
 
 protected:
+    bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
@@ -75,6 +76,8 @@ private:
 
     Quellpad_Support_Func& keyboard_;
     ui::ErrorBoundary boundary_;
+    // The key whose release ends the hold, while one is held.
+    MenuKey held_ = MenuKey::None;
     QLabel* InstructionsLabel = nullptr;
     // Off and On picture of Right, Left, Up, Down, IrisOpen, IrisClose.
     std::array<std::array<MenuKeyPicture*, 2>, 6> pictures_{};

@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QStringList>
+#include <QThread>
 #include <QTimer>
 
 #include <cerrno>
@@ -14,6 +15,7 @@
 #ifndef Q_OS_WIN
 #include <grp.h>
 #include <pwd.h>
+#include <sys/ioctl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #endif
@@ -217,6 +219,23 @@ void SerialDevice::Output(std::uint8_t byte) {
                                                             : PortFailure::WriteFailed,
                         reason);
     }
+}
+
+void SerialDevice::WaitUntilSent(QDeadlineTimer deadline) {
+    // First out of the port's own buffer into the driver, then out of the driver's
+    // buffer onto the wire, which at a slow rate takes a noticeable time.
+    while (port_.isOpen() && port_.bytesToWrite() > 0 && !deadline.hasExpired()) {
+        if (!port_.waitForBytesWritten(static_cast<int>(deadline.remainingTime()))) {
+            return;
+        }
+    }
+#ifdef TIOCOUTQ
+    int left = 0;
+    while (port_.isOpen() && ioctl(static_cast<int>(port_.handle()), TIOCOUTQ, &left) == 0 &&
+           left > 0 && !deadline.hasExpired()) {
+        QThread::msleep(5);
+    }
+#endif
 }
 
 void SerialDevice::OnWritten() {

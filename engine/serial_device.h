@@ -61,6 +61,7 @@ public:
     bool IsOpen() const override;
     void Output(std::uint8_t byte) override;
     QByteArray Input() override;
+    void WaitUntilSent(QDeadlineTimer deadline) override;
 
     // Bytes received and not yet taken by Input().
     qsizetype BytesWaiting() const { return received_.size(); }

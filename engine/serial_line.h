@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QDeadlineTimer>
 #include <QObject>
 #include <QString>
 
@@ -48,6 +49,10 @@ public:
     virtual void Output(std::uint8_t byte) = 0;
     // The bytes waiting, up to the input length.
     virtual QByteArray Input() = 0;
+    // Waits until what was written has left the line, or the deadline has passed: the
+    // last command before the port closes is to reach the equipment. A line that hands
+    // its bytes on at once has nothing to wait for.
+    virtual void WaitUntilSent(QDeadlineTimer /*deadline*/) {}
 
 signals:
     // A communications event; kDataReceived when bytes are waiting for Input().

@@ -2,6 +2,9 @@
 
 #include "console/dispatcher.h"
 
+#include <array>
+#include <tuple>
+
 namespace quellpad::test {
 namespace {
 
@@ -12,6 +15,51 @@ TEST(NonMotionCommand, LabelsAndNonMotionTextsAreLeftAlone) {
         {"3Ea", true},  {"95^a", true},  {"20Ra15Da", false}};
     for (const auto& [text, nonMotion] : cases) {
         EXPECT_EQ(IsNonMotionCommand(QString::fromLatin1(text)), nonMotion) << text;
+    }
+}
+
+// The stop the end of the program sends: one for whatever the receiver was last told or is
+// about to be told that moves, nothing at rest or after a one-shot command.
+TEST(LastStop, OnlyWhatMayStillMoveIsStopped) {
+    struct Case {
+        const char* mode;
+        std::array<std::uint8_t, 4> registers;
+        std::array<std::uint8_t, 4> lastSent;
+        const char* text;
+        const char* lastText;
+        bool stops;
+        const char* stopText;
+    };
+    const Case cases[] = {
+        {"D", {0, 0, 0, 0}, {0, 0, 0, 0}, "", "", false, ""},
+        {"D", {0, 0, 0, 0}, {0, 0x02, 30, 0}, "", "", true, ""},    // released, stop not sent yet
+        {"D", {0x01, 0, 0, 0}, {0x01, 0, 0, 0}, "", "", true, ""},  // focus near held
+        {"D", {0x88, 0, 0, 0}, {0x88, 0, 0, 0}, "", "", false, ""}, // camera on: no motion
+        {"P", {0, 7, 0, 3}, {0, 7, 0, 3}, "", "", false, ""},       // a preset call
+        {"P", {0x08, 0, 0, 0}, {0, 0, 0, 0}, "", "", true, ""},     // iris close held
+        {"ASCII", {0, 0, 0, 0}, {0, 0, 0, 0}, "sa", "sa", false, "sa"},
+        {"ASCII", {0, 0, 0, 0}, {0, 0, 0, 0}, "1Ma", "1Ma", false, "1Ma"},
+        {"ASCII", {0, 0x02, 32, 0}, {0, 0, 0, 0}, "20Ra", "20Ra", true, "sa"}, // a menu arrow
+        {"MUX ASCII", {0, 0, 0, 0}, {0, 0, 0, 0}, "~dRm", "~dRm", false, "~dRm"},
+        {"MUX ASCII", {0, 0, 20, 15}, {0, 0, 20, 15}, "dLmdDm", "dLmdDm", true, "~dLm~dDm"},
+        {"MUX ASCII", {0, 0, 20, 0}, {0, 0, 20, 0}, "~dLmdRm", "~dLmdRm", true, "~dRm"},
+        {"MUX ASCII", {0, 0, 20, 0}, {0, 0, 0, 0}, "dRm", "", false, "dRm"}, // never sent
+    };
+    Quellpad_Support_Func k;
+    for (const Case& c : cases) {
+        SCOPED_TRACE(::testing::Message() << c.mode << " " << c.text << " " << c.lastText);
+        k.CurrentMode = QString::fromLatin1(c.mode);
+        std::tie(k.Command1, k.Command2, k.Data1, k.Data2) =
+            std::tuple(c.registers[0], c.registers[1], c.registers[2], c.registers[3]);
+        std::tie(k.LastCommand1, k.LastCommand2, k.LastData1, k.LastData2) =
+            std::tuple(c.lastSent[0], c.lastSent[1], c.lastSent[2], c.lastSent[3]);
+        k.AsciiCommand = QString::fromLatin1(c.text);
+        k.LastAsciiCommand = QString::fromLatin1(c.lastText);
+        EXPECT_EQ(LoadStop(k), c.stops);
+        EXPECT_EQ(k.AsciiCommand, QString::fromLatin1(c.stopText));
+        if (c.stops) {
+            EXPECT_EQ(std::tuple(k.Command1, k.Command2, k.Data1, k.Data2), std::tuple(0, 0, 0, 0));
+        }
     }
 }
 
