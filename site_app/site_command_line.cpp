@@ -11,6 +11,9 @@ namespace {
 
 const QString kPty = QStringLiteral("pty");
 const QString kListen = QStringLiteral("listen");
+const QString kMaxClients = QStringLiteral("max-clients");
+// More clients than this would run out of the file descriptors a process has by default.
+constexpr int kMostMaxClients = 1000;
 const QString kLine = QStringLiteral("line");
 const QString kCameras = QStringLiteral("cameras");
 const QString kSwitcher = QStringLiteral("switcher");
@@ -38,6 +41,16 @@ void Describe(QCommandLineParser& parser) {
                                      "Serve raw bytes on this TCP port, to several controllers at "
                                      "once; may be given more than once."),
          QStringLiteral("[host:]port")});
+    parser.addOption(
+        {kMaxClients,
+         QCoreApplication::translate(
+             "SiteCommandLine",
+             "TCP clients served at once on each --listen port (default %1). When all are "
+             "served, a new client takes the place of one that has sent nothing for %2 s, or is "
+             "turned away, which is told once.")
+             .arg(site_server::TcpLine::kMostClients)
+             .arg(site_server::TcpLine::kIdleMs / 1000),
+         QStringLiteral("count")});
     parser.addOption({kLine,
                       QCoreApplication::translate(
                           "SiteCommandLine", "The line settings the equipment listens at (default "
@@ -101,6 +114,16 @@ SiteCommandLine ParseSiteCommandLine(const QStringList& arguments) {
                     .arg(text));
         }
         line.listen.push_back(listen);
+    }
+    if (parser.isSet(kMaxClients)) {
+        bool ok = false;
+        line.maxClients = parser.value(kMaxClients).toInt(&ok);
+        if (!ok || line.maxClients < 1 || line.maxClients > kMostMaxClients) {
+            return refuse(QCoreApplication::translate(
+                              "SiteCommandLine", "'%1' is not a number of clients from 1 to %2.")
+                              .arg(parser.value(kMaxClients))
+                              .arg(kMostMaxClients));
+        }
     }
     if (line.devices.isEmpty() && !line.pty && line.listen.empty()) {
         return refuse(QCoreApplication::translate(
