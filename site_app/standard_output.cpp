@@ -113,12 +113,12 @@ void StandardOutput::TellDropped(bool atEnd) {
     }
     const QString text =
         atEnd ? QCoreApplication::translate("ServedSite",
-                                            "%1 lines of output dropped in all: standard output "
-                                            "was read too slowly")
+                                            "output lines dropped because standard output was "
+                                            "read too slowly: %1 in all")
                     .arg(dropped_)
               : QCoreApplication::translate("ServedSite",
-                                            "%1 lines of output dropped: standard output is read "
-                                            "too slowly (%2 in all)")
+                                            "output lines dropped because standard output is "
+                                            "read too slowly: %1 since last told, %2 in all")
                     .arg(droppedUntold_)
                     .arg(dropped_);
     droppedUntold_ = 0;

@@ -398,9 +398,9 @@ void TcpLine::Accept(int fd) {
                 site_.Tell(Event::Kind::Line, name,
                            QCoreApplication::translate(
                                "ServedSite",
-                               "turned away: %1 controllers are served already and none has "
-                               "been quiet for %2 s; more are turned away without a word until "
-                               "there is room")
+                               "turned away: the port is full (--max-clients %1) and no "
+                               "client has been quiet for %2 s; more are turned away without a "
+                               "word until there is room")
                                .arg(mostClients_)
                                .arg(idleMs_ / 1000));
             }

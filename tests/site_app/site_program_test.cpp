@@ -178,7 +178,7 @@ TEST(SiteProgramOutput, AReaderThatStallsNeverHoldsUpServing) {
     const QStringList lines = QString::fromUtf8(out).split('\n', Qt::SkipEmptyParts);
     EXPECT_TRUE(AllJson(lines));
     EXPECT_TRUE(lines.last().contains("closed; not obeyed")) << lines.last().toStdString();
-    EXPECT_TRUE(QString::fromUtf8(site.readAllStandardError()).contains("lines of output dropped"));
+    EXPECT_TRUE(QString::fromUtf8(site.readAllStandardError()).contains("output lines dropped"));
 }
 
 // Each way of being told to stop, in the middle of a flood: every line closes, the output

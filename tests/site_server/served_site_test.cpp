@@ -363,7 +363,8 @@ TEST(ServedTcpLine, ANewClientTakesAQuietOnesPlaceOrIsTurnedAwayWithOneWord) {
               1);
     EXPECT_EQ(std::count_if(words.begin(), words.end(),
                             [](const Event& event) {
-                                return event.meaning.startsWith("turned away: 2 controllers");
+                                return event.meaning.startsWith(
+                                    "turned away: the port is full (--max-clients 2)");
                             }),
               1);
 }
