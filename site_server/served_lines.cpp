@@ -242,11 +242,8 @@ TcpClient::TcpClient(ServedSite& site, int fd, const QString& name, QObject* par
     : QObject(parent), fd_(fd), peer_(std::make_unique<Peer>(site, name)),
       reader_(fd, QSocketNotifier::Read), writer_(fd, QSocketNotifier::Write) {
     ::fcntl(fd_, F_SETFL, ::fcntl(fd_, F_GETFL) | O_NONBLOCK);
-    // The kernel holds no more for the client than a serial controller could ever use,
-    // each way: a flood waits on the client's side of the wire.
-    const int buffer = static_cast<int>(kReadChunk) * 4;
-    ::setsockopt(fd_, SOL_SOCKET, SO_RCVBUF, &buffer, sizeof buffer);
-    ::setsockopt(fd_, SOL_SOCKET, SO_SNDBUF, &buffer, sizeof buffer);
+    ::setsockopt(fd_, SOL_SOCKET, SO_RCVBUF, &kSocketBuffer, sizeof kSocketBuffer);
+    ::setsockopt(fd_, SOL_SOCKET, SO_SNDBUF, &kSocketBuffer, sizeof kSocketBuffer);
     heard_.start();
     writer_.setEnabled(false);
     connect(&reader_, &QSocketNotifier::activated, this, &TcpClient::Read);
