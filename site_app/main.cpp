@@ -111,6 +111,11 @@ int main(int argc, char* argv[]) {
     quellpad::site_server::ServedSite site(line.wiring, line.format);
     QObject::connect(&site, &quellpad::site_server::ServedSite::Told,
                      [&line, &output, &closing](const Event& event) {
+                         if (output.Full() && !closing) {
+                             // A flood into a reader that has fallen behind costs no words.
+                             output.Skip();
+                             return;
+                         }
                          output.Print(line.json ? quellpad::site_server::EventJson(event)
                                                 : quellpad::site_server::EventText(event),
                                       closing);

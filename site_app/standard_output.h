@@ -31,6 +31,10 @@ public:
 
     // One line, without its line end. A closing line may use the closing room.
     void Print(const QString& line, bool closing = false);
+    // The backlog is full: a line told now would be dropped, and need not be written out.
+    bool Full() const { return closed_ || backlog_.size() >= kBacklog; }
+    // A line dropped without being written out, because the backlog is Full().
+    void Skip() { Drop(1); }
     // Writes what waits for at most `ms` milliseconds, drops the rest, and says how many
     // lines were dropped in all.
     void Finish(int ms);
