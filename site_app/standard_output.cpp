@@ -55,6 +55,7 @@ void StandardOutput::Print(const QString& line, bool closing) {
         return;
     }
     backlog_ += bytes;
+    closingBytes_ += closing ? bytes.size() : 0;
     // What a burst of events tells leaves in one write once the burst is dealt with, yet
     // without delay for a reader waiting on a line.
     if (!flushing_ && !writable_.isEnabled()) {
@@ -79,7 +80,9 @@ void StandardOutput::Flush() {
         }
         const ssize_t put = ::write(fd_, backlog_.constData(), static_cast<std::size_t>(size));
         if (put > 0) {
+            partial_ = backlog_.at(static_cast<qsizetype>(put) - 1) != '\n';
             backlog_.remove(0, put);
+            closingBytes_ = std::min(closingBytes_, backlog_.size());
             continue;
         }
         if (put < 0 && errno == EINTR) {
@@ -132,14 +135,25 @@ void StandardOutput::Finish(int ms) {
     QElapsedTimer clock;
     clock.start();
     writable_.setEnabled(false);
-    while (!backlog_.isEmpty() && !closed_ && clock.elapsed() < ms) {
-        pollfd look{fd_, POLLOUT, 0};
-        if (::poll(&look, 1, static_cast<int>(ms - clock.elapsed())) <= 0) {
-            continue;
+    const auto writeUntil = [&](qint64 until) {
+        while (!backlog_.isEmpty() && !closed_ && clock.elapsed() < until) {
+            pollfd look{fd_, POLLOUT, 0};
+            if (::poll(&look, 1, static_cast<int>(until - clock.elapsed())) > 0) {
+                Flush();
+                writable_.setEnabled(false);
+            }
         }
-        Flush();
-        writable_.setEnabled(false);
+    };
+    writeUntil(ms / 2);
+    if (backlog_.size() > closingBytes_) {
+        // The reader is too slow for all of it: the closing lines go first, what came before
+        // them is dropped, bar the rest of a line already begun.
+        const qsizetype begun = partial_ ? backlog_.indexOf('\n') + 1 : 0;
+        const qsizetype from = std::max(begun, backlog_.size() - closingBytes_);
+        dropped_ += static_cast<std::uint64_t>(backlog_.mid(begun, from - begun).count('\n'));
+        backlog_.remove(begun, from - begun);
     }
+    writeUntil(ms);
     tell_.stop();
     dropped_ += static_cast<std::uint64_t>(backlog_.count('\n'));
     backlog_.clear();

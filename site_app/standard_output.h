@@ -35,8 +35,9 @@ public:
     bool Full() const { return closed_ || backlog_.size() >= kBacklog; }
     // A line dropped without being written out, because the backlog is Full().
     void Skip() { Drop(1); }
-    // Writes what waits for at most `ms` milliseconds, drops the rest, and says how many
-    // lines were dropped in all.
+    // Writes what waits for at most `ms` milliseconds, the closing lines before any others
+    // that are still waiting halfway through, drops the rest, and says how many lines were
+    // dropped in all.
     void Finish(int ms);
     std::uint64_t Dropped() const { return dropped_; }
 
@@ -50,6 +51,10 @@ private:
     int flags_;
     int errorFlags_;
     QByteArray backlog_;
+    // The closing lines at the end of the backlog, which the end keeps over the others.
+    qsizetype closingBytes_ = 0;
+    // The backlog starts with the rest of a line partly written.
+    bool partial_ = false;
     QSocketNotifier writable_;
     bool flushing_ = false;
     // The reader has gone: everything from now on is dropped.

@@ -160,18 +160,20 @@ TEST(SiteProgramOutput, AReaderThatStallsNeverHoldsUpServing) {
     QElapsedTimer clock;
     clock.start();
     ::kill(static_cast<pid_t>(site.processId()), SIGTERM);
-    // The reader wakes up and takes what is left.
+    // The reader wakes up, but reads at a trickle (200 kB/s) that cannot take the backlog
+    // within the time the end allows: the closing lines still come out.
     QByteArray out;
     WaitUntil(
         [&] {
-            char buffer[65536];
+            char buffer[4096];
             const ssize_t got = ::read(pipe[0], buffer, sizeof buffer);
             out.append(buffer, std::max<ssize_t>(got, 0));
+            ::usleep(20000);
             return got == 0;
         },
-        5000);
+        10000);
     ::close(pipe[0]);
-    ASSERT_TRUE(site.waitForFinished(5000));
+    ASSERT_TRUE(site.state() == QProcess::NotRunning || site.waitForFinished(5000));
     std::cout << "answered alone in " << quiet << " ms, beside a flood into a stalled reader in "
               << flooded << " ms; ended " << clock.elapsed() << " ms after SIGTERM\n";
     EXPECT_EQ(site.exitCode(), 0);
