@@ -1224,10 +1224,6 @@ Die Antwort auf den Befehl erscheint unten.</translation>
 <context>
     <name>SiteCommandLine</name>
     <message>
-        <source>Serves Quellpad&apos;s simulated CCTV site (dome cameras in &quot;D&quot; and &quot;P&quot;, a switcher in &quot;ASCII&quot;, a multiplexer in &quot;MUX ASCII&quot;) to any controller on serial devices, a pseudo-terminal or TCP ports, all lines on the same equipment.</source>
-        <translation>Bedient die simulierte CCTV-Anlage von Quellpad (Domekameras in „D“ und „P“, eine Kreuzschiene in „ASCII“, ein Multiplexer in „MUX ASCII“) für jede Steuerung über serielle Schnittstellen, ein Pseudo-Terminal oder TCP-Ports, alle Leitungen an denselben Geräten.</translation>
-    </message>
-    <message>
         <source>Displays this help and exits.</source>
         <translation>Zeigt diese Hilfe an und beendet das Programm.</translation>
     </message>
@@ -1294,6 +1290,10 @@ Die Antwort auf den Befehl erscheint unten.</translation>
     <message>
         <source>&apos;%1&apos; is not a number of clients from 1 to %2.</source>
         <translation>„%1“ ist keine Anzahl von Clients von 1 bis %2.</translation>
+    </message>
+    <message>
+        <source>Serves Quellpad&apos;s simulated CCTV site (dome cameras in &quot;D&quot; and &quot;P&quot;, a switcher in &quot;ASCII&quot;, a multiplexer in &quot;MUX ASCII&quot;) to any controller on serial devices, a pseudo-terminal or TCP ports, all lines on the same equipment. Every event is one line of standard output; lines its reader has not taken yet wait in a backlog of %1 kB, and while that is full new lines are dropped whole and counted on standard error.</source>
+        <translation>Bedient die simulierte CCTV-Anlage von Quellpad (Domekameras in „D“ und „P“, eine Kreuzschiene in „ASCII“, ein Multiplexer in „MUX ASCII“) für jede Steuerung über serielle Schnittstellen, ein Pseudo-Terminal oder TCP-Ports, alle Leitungen an denselben Geräten. Jedes Ereignis ist eine Zeile der Standardausgabe; Zeilen, die ihr Leser noch nicht abgenommen hat, warten in einem Rückstau von %1 kB, und solange dieser voll ist, werden neue Zeilen ganz verworfen und auf der Standardfehlerausgabe gezählt.</translation>
     </message>
 </context>
 <context>

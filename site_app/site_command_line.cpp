@@ -1,5 +1,6 @@
 #include "site_app/site_command_line.h"
 
+#include "site_app/standard_output.h"
 #include "site_server/served_lines.h"
 
 #include <QCommandLineParser>
@@ -22,11 +23,17 @@ const QString kJson = QStringLiteral("json");
 const QString kView = QStringLiteral("view");
 
 void Describe(QCommandLineParser& parser) {
-    parser.setApplicationDescription(QCoreApplication::translate(
-        "SiteCommandLine",
-        "Serves Quellpad's simulated CCTV site (dome cameras in \"D\" and \"P\", a switcher in "
-        "\"ASCII\", a multiplexer in \"MUX ASCII\") to any controller on serial devices, a "
-        "pseudo-terminal or TCP ports, all lines on the same equipment."));
+    parser.setApplicationDescription(
+        QCoreApplication::translate(
+            "SiteCommandLine",
+            "Serves Quellpad's simulated CCTV site (dome cameras in \"D\" and \"P\", a switcher in "
+            "\"ASCII\", a multiplexer in \"MUX ASCII\") to any controller on serial devices, a "
+            "pseudo-terminal or TCP ports, all lines on the same equipment. Every event is one "
+            "line "
+            "of standard output; lines its reader has not taken yet wait in a backlog of %1 kB, "
+            "and "
+            "while that is full new lines are dropped whole and counted on standard error.")
+            .arg(StandardOutput::kBacklog / 1024));
     parser.addOption(
         {{QStringLiteral("h"), QStringLiteral("help")},
          QCoreApplication::translate("SiteCommandLine", "Displays this help and exits.")});

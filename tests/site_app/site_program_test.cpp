@@ -349,6 +349,7 @@ TEST(SiteProgramArguments, HelpVersionAndRefusalsAnswerOnTheTerminal) {
     const Case cases[] = {
         {{"--help"}, 0, "--listen <[host:]port>", ""},
         {{"--help"}, 0, "--max-clients <count>", ""},
+        {{"--help"}, 0, "backlog of 256 kB", ""},
         {{"--listen", "4001", "--max-clients", "0"},
          2,
          "",
