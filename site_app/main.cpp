@@ -135,6 +135,7 @@ int main(int argc, char* argv[]) {
                 site, listen.host, listen.port, line.maxClients));
         }
     } catch (const quellpad::QuellpadError& error) {
+        output.Finish(kClosingMs);
         std::fprintf(stderr, "quellpad-site: %s\n", qPrintable(error.Message()));
         return 1;
     }
