@@ -5,7 +5,7 @@ a well-behaved controller beside them on the pseudo-terminal querying camera 1 e
 the well-behaved controller's answer latency (p50, p99) and missed answers, and the time
 the program takes to end on SIGTERM.
 
-Usage: site_flood.py PROGRAM [SECONDS]"""
+Usage: site_flood.py PROGRAM [SECONDS [SCENARIO]]  (SCENARIO: part of a scenario's name)"""
 
 import os
 import random
@@ -217,8 +217,10 @@ def main():
           "the pseudo-terminal at 2400 baud")
     print(f"{'scenario':34} {'RSS start':>6} {'peak':>6} {'end':>6}    {'CPU':>6}   "
           f"{'p50':>6} {'p99':>6}    missed  SIGTERM")
+    only = sys.argv[3] if len(sys.argv) > 3 else ""
     for name, start in scenarios:
-        run(program, name, seconds, start)
+        if only in name:
+            run(program, name, seconds, start)
 
 
 if __name__ == "__main__":
