@@ -44,6 +44,7 @@ void Detector::Feed(std::span<const std::uint8_t> bytes, std::vector<Heard>& out
         }
         replyScratch_.clear();
         replies_.Feed(one, replyScratch_);
+        bool frameEnded = false;
         for (const Language language : kLanguageOrder) {
             scratch_.clear();
             protocol::Decoder& decoder = *decoders_[IndexOf(language)];
@@ -52,6 +53,7 @@ void Detector::Feed(std::span<const std::uint8_t> bytes, std::vector<Heard>& out
             decoder.Feed(one, scratch_);
             if (language == Language::D || language == Language::P) {
                 Track(IndexOf(language), bytes[i], wasInFrame, rejected, out);
+                frameEnded = frameEnded || !scratch_.empty();
             }
             for (const protocol::Command& command : scratch_) {
                 // A position answer is as long as a D frame and checks the same way: the
@@ -65,6 +67,11 @@ void Detector::Feed(std::span<const std::uint8_t> bytes, std::vector<Heard>& out
                     out.push_back(heard);
                 }
             }
+        }
+        if (frameEnded) {
+            // A frame is whole at its length: the byte after it starts the next text.
+            decoders_[IndexOf(Language::Ascii)]->FrameEnded();
+            decoders_[IndexOf(Language::MuxAscii)]->FrameEnded();
         }
         if (!replyScratch_.empty()) {
             lastReplyEnd_ = bytes_;

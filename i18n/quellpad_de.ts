@@ -1119,10 +1119,6 @@ Die Antwort auf den Befehl erscheint unten.</translation>
         <translation>das Gerät ist wieder da</translation>
     </message>
     <message>
-        <source>turned away: %1 controllers are served already</source>
-        <translation>abgewiesen: es werden bereits %1 Steuerungen bedient</translation>
-    </message>
-    <message>
         <source>controller connected</source>
         <translation>Steuerung verbunden</translation>
     </message>
@@ -1161,6 +1157,22 @@ Die Antwort auf den Befehl erscheint unten.</translation>
     <message>
         <source>not obeyed so far: %1</source>
         <translation>bisher nicht befolgt: %1</translation>
+    </message>
+    <message>
+        <source>closed to make room: sent nothing for %1 s</source>
+        <translation>geschlossen, um Platz zu schaffen: %1 s lang nichts gesendet</translation>
+    </message>
+    <message>
+        <source>output lines dropped because standard output was read too slowly: %1 in all</source>
+        <translation>Ausgabezeilen verworfen, weil die Standardausgabe zu langsam gelesen wurde: %1 insgesamt</translation>
+    </message>
+    <message>
+        <source>output lines dropped because standard output is read too slowly: %1 since last told, %2 in all</source>
+        <translation>Ausgabezeilen verworfen, weil die Standardausgabe zu langsam gelesen wird: %1 seit der letzten Meldung, %2 insgesamt</translation>
+    </message>
+    <message>
+        <source>turned away: the port is full (--max-clients %1) and no client has been quiet for %2 s; more are turned away without a word until there is room</source>
+        <translation>abgewiesen: der Port ist voll (--max-clients %1) und kein Client war %2 s lang still; weitere werden ohne Meldung abgewiesen, bis wieder Platz ist</translation>
     </message>
 </context>
 <context>
@@ -1211,10 +1223,6 @@ Die Antwort auf den Befehl erscheint unten.</translation>
 </context>
 <context>
     <name>SiteCommandLine</name>
-    <message>
-        <source>Serves Quellpad&apos;s simulated CCTV site (dome cameras in &quot;D&quot; and &quot;P&quot;, a switcher in &quot;ASCII&quot;, a multiplexer in &quot;MUX ASCII&quot;) to any controller on serial devices, a pseudo-terminal or TCP ports, all lines on the same equipment.</source>
-        <translation>Bedient die simulierte CCTV-Anlage von Quellpad (Domekameras in „D“ und „P“, eine Kreuzschiene in „ASCII“, ein Multiplexer in „MUX ASCII“) für jede Steuerung über serielle Schnittstellen, ein Pseudo-Terminal oder TCP-Ports, alle Leitungen an denselben Geräten.</translation>
-    </message>
     <message>
         <source>Displays this help and exits.</source>
         <translation>Zeigt diese Hilfe an und beendet das Programm.</translation>
@@ -1274,6 +1282,18 @@ Die Antwort auf den Befehl erscheint unten.</translation>
     <message>
         <source>&apos;%1&apos; are not camera addresses from 1 to 255 (such as 1-8 or 3,17,200).</source>
         <translation>„%1“ sind keine Kameraadressen von 1 bis 255 (etwa 1-8 oder 3,17,200).</translation>
+    </message>
+    <message>
+        <source>TCP clients served at once on each --listen port (default %1). When all are served, a new client takes the place of one that has sent nothing for %2 s, or is turned away, which is told once.</source>
+        <translation>So viele TCP-Clients werden je --listen-Port gleichzeitig bedient (Vorgabe %1). Sind alle Plätze belegt, nimmt ein neuer Client den Platz eines Clients ein, der %2 s lang nichts gesendet hat, oder wird abgewiesen; das wird einmal gemeldet.</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is not a number of clients from 1 to %2.</source>
+        <translation>„%1“ ist keine Anzahl von Clients von 1 bis %2.</translation>
+    </message>
+    <message>
+        <source>Serves Quellpad&apos;s simulated CCTV site (dome cameras in &quot;D&quot; and &quot;P&quot;, a switcher in &quot;ASCII&quot;, a multiplexer in &quot;MUX ASCII&quot;) to any controller on serial devices, a pseudo-terminal or TCP ports, all lines on the same equipment. Every event is one line of standard output; lines its reader has not taken yet wait in a backlog of %1 kB, and while that is full new lines are dropped whole and counted on standard error.</source>
+        <translation>Bedient die simulierte CCTV-Anlage von Quellpad (Domekameras in „D“ und „P“, eine Kreuzschiene in „ASCII“, ein Multiplexer in „MUX ASCII“) für jede Steuerung über serielle Schnittstellen, ein Pseudo-Terminal oder TCP-Ports, alle Leitungen an denselben Geräten. Jedes Ereignis ist eine Zeile der Standardausgabe; Zeilen, die ihr Leser noch nicht abgenommen hat, warten in einem Rückstau von %1 kB, und solange dieser voll ist, werden neue Zeilen ganz verworfen und auf der Standardfehlerausgabe gezählt.</translation>
     </message>
 </context>
 <context>

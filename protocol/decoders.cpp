@@ -388,6 +388,14 @@ void AsciiDecoder::Drop() {
     pendingBytes_.clear();
 }
 
+void AsciiDecoder::FrameEnded() {
+    // Not counted as a lost text: these bytes were never one.
+    skipping_ = false;
+    text_.clear();
+    pending_.clear();
+    pendingBytes_.clear();
+}
+
 void AsciiDecoder::Finish(std::vector<Command>& out) {
     const char end = text_.back();
     const Language owner = end == 'a' ? Language::Ascii : Language::MuxAscii;

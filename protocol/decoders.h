@@ -26,6 +26,10 @@ public:
     }
     // Part of a frame has been heard and the rest is awaited.
     virtual bool InFrame() const { return false; }
+    // On a wire that also carries D and P frames: a frame that checks has just ended with
+    // the last byte fed. Its printable bytes are no text, and the byte after it starts
+    // afresh, as a frame is whole at its length. Only the text decoders care.
+    virtual void FrameEnded() {}
     // Frames or texts thrown away so far.
     std::size_t Rejected() const { return rejected_; }
 
@@ -75,6 +79,7 @@ public:
     explicit AsciiDecoder(Language language);
     using Decoder::Feed;
     void Feed(std::span<const std::uint8_t> bytes, std::vector<Command>& out) override;
+    void FrameEnded() override;
 
     // Longest text kept while waiting for its end.
     static constexpr std::size_t kMaxText = 40;

@@ -21,6 +21,12 @@ bool Pacer::Send(const std::string& bytes, double byteSeconds) {
         sending_.clear();
         sent_ = 0;
         sendingSince_ = clock_.nsecsElapsed();
+    } else if (sent_ > 0) {
+        // What has left is forgotten, so that a line kept busy for good holds no more than
+        // what waits: the rest starts where the bytes that left ended.
+        sendingSince_ += static_cast<qint64>(static_cast<double>(sent_) * byteNs_);
+        sending_.erase(0, sent_);
+        sent_ = 0;
     }
     byteNs_ = byteSeconds * 1e9;
     sending_ += bytes;

@@ -23,6 +23,8 @@ public:
     bool Send(const std::string& bytes, double byteSeconds);
     // Forgets what was on its way.
     void Clear();
+    // Bytes held, whether on their way or waiting: never more than the limit.
+    std::size_t Held() const { return sending_.size(); }
 
 signals:
     void Arrived(const QByteArray& bytes);

@@ -198,6 +198,7 @@ std::string Site::Hear(Ear& ear, std::span<const std::uint8_t> bytes, std::vecto
         // A text that ends inside a D or P frame is made of the frame's own bytes: the
         // switcher and the multiplexer on a shared wire let it pass.
         const bool inFrame = framing || !decoded.empty() || ear.d.InFrame() || ear.p.InFrame();
+        const bool frameEnded = !decoded.empty();
         for (const protocol::Command& command : decoded) {
             const std::size_t from = reply.size();
             if (ToCamera(command, reply)) {
@@ -221,6 +222,12 @@ std::string Site::Hear(Ear& ear, std::span<const std::uint8_t> bytes, std::vecto
                 multiplexer_.Apply(command);
                 obey(command, reply.size());
             }
+        }
+        if (frameEnded) {
+            // The frame's printable bytes (its check byte above all) are no text: the
+            // byte after the frame starts the next one.
+            ear.ascii.FrameEnded();
+            ear.mux.FrameEnded();
         }
     }
     ++version_;

@@ -1,4 +1,5 @@
 #include "site_app/site_command_line.h"
+#include "site_app/standard_output.h"
 #include "site_server/served_lines.h"
 #include "site_window/frm_simulated_site.h"
 
@@ -22,9 +23,13 @@ namespace {
 using quellpad::site_app::SiteCommandLine;
 using quellpad::site_server::Event;
 
-// Ctrl+C and SIGTERM end the event loop, so that every line is closed as on a normal
-// exit: no pseudo-terminal, port or listening socket is left behind.
+// Ctrl+C, SIGTERM and SIGHUP end the event loop, so that every line is closed as on a
+// normal exit: no pseudo-terminal, port or listening socket is left behind, and the output
+// ends with whole lines and the closing counts.
 int signalPipe[2] = {-1, -1};
+
+// How long the output's last lines may wait for their reader at the end.
+constexpr int kClosingMs = 500;
 
 void OnSignal(int /*signal*/) {
     const char byte = 1;
@@ -32,7 +37,9 @@ void OnSignal(int /*signal*/) {
 }
 
 void QuitOnSignals(QCoreApplication& app) {
-    if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, signalPipe) != 0) {
+    // A reader of standard output that goes away is told by a failed write, not a signal.
+    std::signal(SIGPIPE, SIG_IGN);
+    if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0, signalPipe) != 0) {
         return;
     }
     auto* notifier = new QSocketNotifier(signalPipe[0], QSocketNotifier::Read, &app);
@@ -47,21 +54,7 @@ void QuitOnSignals(QCoreApplication& app) {
     action.sa_flags = SA_RESTART;
     sigaction(SIGINT, &action, nullptr);
     sigaction(SIGTERM, &action, nullptr);
-}
-
-void PrintLine(const QString& text) {
-    std::fputs(qPrintable(text), stdout);
-    std::fputc('\n', stdout);
-    // What a burst of bytes told leaves in one write once the burst is dealt with, yet
-    // without delay for a reader waiting on a line.
-    static bool flushing = false;
-    if (!flushing) {
-        flushing = true;
-        QTimer::singleShot(0, [] {
-            std::fflush(stdout);
-            flushing = false;
-        });
-    }
+    sigaction(SIGHUP, &action, nullptr);
 }
 
 // The Simulated Site window on the served equipment.
@@ -105,7 +98,7 @@ int main(int argc, char* argv[]) {
         std::fputs(qPrintable(quellpad::site_app::SiteCommandLineHelp()), stdout);
         return 0;
     case SiteCommandLine::Action::ShowVersion:
-        PrintLine(quellpad::site_app::SiteVersionText());
+        std::fputs(qPrintable(quellpad::site_app::SiteVersionText() + u'\n'), stdout);
         return 0;
     case SiteCommandLine::Action::Refuse:
         std::fprintf(stderr, "quellpad-site: %s\n", qPrintable(line.error));
@@ -113,26 +106,36 @@ int main(int argc, char* argv[]) {
     case SiteCommandLine::Action::Serve:
         break;
     }
+    quellpad::site_app::StandardOutput output(STDOUT_FILENO, STDERR_FILENO);
+    bool closing = false;
     quellpad::site_server::ServedSite site(line.wiring, line.format);
-    QObject::connect(&site, &quellpad::site_server::ServedSite::Told, [&line](const Event& event) {
-        PrintLine(line.json ? quellpad::site_server::EventJson(event)
-                            : quellpad::site_server::EventText(event));
-    });
+    QObject::connect(&site, &quellpad::site_server::ServedSite::Told,
+                     [&line, &output, &closing](const Event& event) {
+                         if (output.Full() && !closing) {
+                             // A flood into a reader that has fallen behind costs no words.
+                             output.Skip();
+                             return;
+                         }
+                         output.Print(line.json ? quellpad::site_server::EventJson(event)
+                                                : quellpad::site_server::EventText(event),
+                                      closing);
+                     });
     std::vector<std::unique_ptr<quellpad::site_server::ServedLine>> lines;
     try {
         if (line.pty) {
             lines.push_back(std::make_unique<quellpad::site_server::PtyLine>(site));
             // The path first and alone, for a test or a script to open.
-            PrintLine(lines.back()->Name());
+            output.Print(lines.back()->Name());
         }
         for (const QString& device : line.devices) {
             lines.push_back(std::make_unique<quellpad::site_server::DeviceLine>(site, device));
         }
         for (const SiteCommandLine::Listen& listen : line.listen) {
-            lines.push_back(
-                std::make_unique<quellpad::site_server::TcpLine>(site, listen.host, listen.port));
+            lines.push_back(std::make_unique<quellpad::site_server::TcpLine>(
+                site, listen.host, listen.port, line.maxClients));
         }
     } catch (const quellpad::QuellpadError& error) {
+        output.Finish(kClosingMs);
         std::fprintf(stderr, "quellpad-site: %s\n", qPrintable(error.Message()));
         return 1;
     }
@@ -149,11 +152,15 @@ int main(int argc, char* argv[]) {
     }
     const int status = app->exec();
     view.reset();
+    closing = true;
     for (const auto& served : lines) {
         site.Tell(Event::Kind::Line, served->Name(),
                   QCoreApplication::translate("ServedSite", "closed; not obeyed: %1")
                       .arg(quellpad::site_server::RejectionsInWords(served->Rejected())));
     }
     lines.clear();
+    // Whatever the reader takes within half a second; the program ends within a second
+    // whatever the load.
+    output.Finish(kClosingMs);
     return status;
 }

@@ -1,5 +1,6 @@
 #include "site_app/site_command_line.h"
 
+#include "site_app/standard_output.h"
 #include "site_server/served_lines.h"
 
 #include <QCommandLineParser>
@@ -11,6 +12,9 @@ namespace {
 
 const QString kPty = QStringLiteral("pty");
 const QString kListen = QStringLiteral("listen");
+const QString kMaxClients = QStringLiteral("max-clients");
+// More clients than this would run out of the file descriptors a process has by default.
+constexpr int kMostMaxClients = 1000;
 const QString kLine = QStringLiteral("line");
 const QString kCameras = QStringLiteral("cameras");
 const QString kSwitcher = QStringLiteral("switcher");
@@ -19,11 +23,17 @@ const QString kJson = QStringLiteral("json");
 const QString kView = QStringLiteral("view");
 
 void Describe(QCommandLineParser& parser) {
-    parser.setApplicationDescription(QCoreApplication::translate(
-        "SiteCommandLine",
-        "Serves Quellpad's simulated CCTV site (dome cameras in \"D\" and \"P\", a switcher in "
-        "\"ASCII\", a multiplexer in \"MUX ASCII\") to any controller on serial devices, a "
-        "pseudo-terminal or TCP ports, all lines on the same equipment."));
+    parser.setApplicationDescription(
+        QCoreApplication::translate(
+            "SiteCommandLine",
+            "Serves Quellpad's simulated CCTV site (dome cameras in \"D\" and \"P\", a switcher in "
+            "\"ASCII\", a multiplexer in \"MUX ASCII\") to any controller on serial devices, a "
+            "pseudo-terminal or TCP ports, all lines on the same equipment. Every event is one "
+            "line "
+            "of standard output; lines its reader has not taken yet wait in a backlog of %1 kB, "
+            "and "
+            "while that is full new lines are dropped whole and counted on standard error.")
+            .arg(StandardOutput::kBacklog / 1024));
     parser.addOption(
         {{QStringLiteral("h"), QStringLiteral("help")},
          QCoreApplication::translate("SiteCommandLine", "Displays this help and exits.")});
@@ -38,6 +48,16 @@ void Describe(QCommandLineParser& parser) {
                                      "Serve raw bytes on this TCP port, to several controllers at "
                                      "once; may be given more than once."),
          QStringLiteral("[host:]port")});
+    parser.addOption(
+        {kMaxClients,
+         QCoreApplication::translate(
+             "SiteCommandLine",
+             "TCP clients served at once on each --listen port (default %1). When all are "
+             "served, a new client takes the place of one that has sent nothing for %2 s, or is "
+             "turned away, which is told once.")
+             .arg(site_server::TcpLine::kMostClients)
+             .arg(site_server::TcpLine::kIdleMs / 1000),
+         QStringLiteral("count")});
     parser.addOption({kLine,
                       QCoreApplication::translate(
                           "SiteCommandLine", "The line settings the equipment listens at (default "
@@ -101,6 +121,16 @@ SiteCommandLine ParseSiteCommandLine(const QStringList& arguments) {
                     .arg(text));
         }
         line.listen.push_back(listen);
+    }
+    if (parser.isSet(kMaxClients)) {
+        bool ok = false;
+        line.maxClients = parser.value(kMaxClients).toInt(&ok);
+        if (!ok || line.maxClients < 1 || line.maxClients > kMostMaxClients) {
+            return refuse(QCoreApplication::translate(
+                              "SiteCommandLine", "'%1' is not a number of clients from 1 to %2.")
+                              .arg(parser.value(kMaxClients))
+                              .arg(kMostMaxClients));
+        }
     }
     if (line.devices.isEmpty() && !line.pty && line.listen.empty()) {
         return refuse(QCoreApplication::translate(

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "site/simulated_line.h"
+#include "site_server/served_lines.h"
 
 #include <QHostAddress>
 #include <QString>
@@ -23,6 +24,8 @@ struct SiteCommandLine {
         quint16 port = 0;
     };
     std::vector<Listen> listen;
+    // TCP clients served at once on each --listen port.
+    int maxClients = site_server::TcpLine::kMostClients;
     site::LineFormat format;
     site::Site::Wiring wiring;
     bool json = false;

@@ -110,6 +110,11 @@ void Peer::Hear(std::span<const std::uint8_t> bytes) {
     }
 }
 
+void Peer::Forget() {
+    ear_ = site::Site::Ear{};
+    pacer_.Clear();
+}
+
 void Peer::Lost(std::size_t bytes) {
     rejected_.answersLost += bytes;
     TellRejected(false);

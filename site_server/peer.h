@@ -54,6 +54,11 @@ public:
     const Rejections& Rejected() const { return rejected_; }
     // Answers the transport could not hand on: the controller does not read.
     void Lost(std::size_t bytes);
+    // The controller has gone: its half-typed input and the answers still on their way
+    // are dropped, so that the next controller on the line starts clean.
+    void Forget();
+    // Answers are still on their way to the controller.
+    bool Owing() const { return pacer_.Held() > 0; }
     // Tells the operator what was thrown away since it was last told, at most once a
     // second while it goes on, and at once when `now` is set.
     void TellRejected(bool now);

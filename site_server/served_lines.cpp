@@ -4,12 +4,14 @@
 #include "engine/serial_device.h"
 
 #include <QCoreApplication>
-#include <QTcpSocket>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
+#include <netinet/in.h>
 #include <poll.h>
+#include <sys/socket.h>
 #include <termios.h>
 #include <unistd.h>
 
@@ -131,6 +133,16 @@ void PtyLine::Reconnected(bool connected) {
                        .arg(site::LineFormatText(peer_->ControllerFormat())));
     } else {
         idle_.start();
+        // What the controller left half typed and the answers it did not read are its own:
+        // the next controller starts clean. The terminal keeps unread bytes across a close,
+        // so they are flushed from the controller's side.
+        peer_->Forget();
+        const int side =
+            ::open(path_.toLocal8Bit().constData(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
+        if (side >= 0) {
+            tcflush(side, TCIFLUSH);
+            ::close(side);
+        }
         peer_->TellRejected(true);
         site_.Tell(Event::Kind::Line, path_,
                    QCoreApplication::translate("ServedSite", "controller left"));
@@ -226,9 +238,110 @@ void DeviceLine::Retry() {
                QCoreApplication::translate("ServedSite", "the device is back"));
 }
 
-TcpLine::TcpLine(ServedSite& site, const QHostAddress& host, quint16 port, QObject* parent)
-    : ServedLine(parent), site_(site) {
-    connect(&server_, &QTcpServer::newConnection, this, &TcpLine::Accept);
+TcpClient::TcpClient(ServedSite& site, int fd, const QString& name, QObject* parent)
+    : QObject(parent), fd_(fd), peer_(std::make_unique<Peer>(site, name)),
+      reader_(fd, QSocketNotifier::Read), writer_(fd, QSocketNotifier::Write) {
+    ::fcntl(fd_, F_SETFL, ::fcntl(fd_, F_GETFL) | O_NONBLOCK);
+    ::setsockopt(fd_, SOL_SOCKET, SO_RCVBUF, &kSocketBuffer, sizeof kSocketBuffer);
+    ::setsockopt(fd_, SOL_SOCKET, SO_SNDBUF, &kSocketBuffer, sizeof kSocketBuffer);
+    heard_.start();
+    writer_.setEnabled(false);
+    connect(&reader_, &QSocketNotifier::activated, this, &TcpClient::Read);
+    connect(&writer_, &QSocketNotifier::activated, this, &TcpClient::Flush);
+    connect(peer_.get(), &Peer::Write, this, &TcpClient::Write);
+    owing_.setInterval(kIdleLookMs);
+    connect(&owing_, &QTimer::timeout, this, &TcpClient::Check);
+}
+
+TcpClient::~TcpClient() {
+    reader_.setEnabled(false);
+    writer_.setEnabled(false);
+    ::close(fd_);
+}
+
+void TcpClient::Read() {
+    // One chunk a turn: the notifier calls again while more waits, after every other
+    // line has had its turn.
+    std::uint8_t buffer[kReadChunk];
+    const ssize_t got = ::recv(fd_, buffer, sizeof buffer, 0);
+    if (got < 0 && (errno == EAGAIN || errno == EWOULDBLOCK || errno == EINTR)) {
+        return;
+    }
+    if (got < 0) {
+        Drop(); // reset
+        return;
+    }
+    if (got == 0) {
+        // The client sends no more (it may still read): what it is owed still goes out.
+        finished_ = true;
+        reader_.setEnabled(false);
+        owing_.start();
+        Check();
+        return;
+    }
+    heard_.start();
+    peer_->Hear({buffer, static_cast<std::size_t>(got)});
+}
+
+void TcpClient::Write(const QByteArray& bytes) {
+    if (gone_) {
+        return;
+    }
+    if (unsent_.size() + bytes.size() > kUnreadLimit) {
+        peer_->Lost(static_cast<std::size_t>(bytes.size()));
+        return;
+    }
+    unsent_ += bytes;
+    Flush();
+}
+
+void TcpClient::Flush() {
+    while (!unsent_.isEmpty()) {
+        const ssize_t put =
+            ::send(fd_, unsent_.constData(), static_cast<std::size_t>(unsent_.size()),
+                   MSG_DONTWAIT | MSG_NOSIGNAL);
+        if (put < 0 && (errno == EAGAIN || errno == EWOULDBLOCK)) {
+            break;
+        }
+        if (put < 0 && errno == EINTR) {
+            continue;
+        }
+        if (put < 0) {
+            // The client closed its receiving side too.
+            peer_->Lost(static_cast<std::size_t>(unsent_.size()));
+            unsent_.clear();
+            Drop();
+            return;
+        }
+        unsent_.remove(0, put);
+    }
+    writer_.setEnabled(!unsent_.isEmpty());
+}
+
+void TcpClient::Check() {
+    if (finished_ && unsent_.isEmpty() && !peer_->Owing()) {
+        Drop();
+    }
+}
+
+void TcpClient::Drop() {
+    if (gone_) {
+        return;
+    }
+    gone_ = true;
+    reader_.setEnabled(false);
+    writer_.setEnabled(false);
+    owing_.stop();
+    peer_->Forget();
+    emit Gone();
+}
+
+TcpLine::TcpLine(ServedSite& site, const QHostAddress& host, quint16 port, int mostClients,
+                 qint64 idleMs, QObject* parent)
+    : ServedLine(parent), site_(site), mostClients_(std::max(1, mostClients)), idleMs_(idleMs) {
+    server_.accepted = [this](int fd) {
+        Accept(fd);
+    };
     if (!server_.listen(host, port)) {
         CannotServe(QStringLiteral("TCP %1:%2").arg(host.toString()).arg(port),
                     server_.errorString());
@@ -236,7 +349,7 @@ TcpLine::TcpLine(ServedSite& site, const QHostAddress& host, quint16 port, QObje
 }
 
 TcpLine::~TcpLine() {
-    peers_.clear();
+    clients_.clear();
     server_.close();
 }
 
@@ -246,8 +359,8 @@ QString TcpLine::Name() const {
 
 Rejections TcpLine::Rejected() const {
     Rejections all = gone_;
-    for (const auto& peer : peers_) {
-        const Rejections& some = peer->Rejected();
+    for (const auto& client : clients_) {
+        const Rejections& some = client->Controller().Rejected();
         all.garbled += some.garbled;
         all.badFrames += some.badFrames;
         all.ignored += some.ignored;
@@ -256,53 +369,73 @@ Rejections TcpLine::Rejected() const {
     return all;
 }
 
-void TcpLine::Accept() {
-    while (QTcpSocket* socket = server_.nextPendingConnection()) {
-        const QString name = QStringLiteral("tcp %1 from %2:%3")
-                                 .arg(Port())
-                                 .arg(socket->peerAddress().toString())
-                                 .arg(socket->peerPort());
-        if (peers_.size() >= kMostClients) {
-            site_.Tell(Event::Kind::Line, name,
-                       QCoreApplication::translate("ServedSite",
-                                                   "turned away: %1 controllers are served already")
-                           .arg(kMostClients));
-            socket->abort();
-            socket->deleteLater();
-            continue;
-        }
-        socket->setParent(this);
-        peers_.push_back(std::make_unique<Peer>(site_, name));
-        Peer* peer = peers_.back().get();
-        site_.Tell(Event::Kind::Line, name,
-                   QCoreApplication::translate("ServedSite", "controller connected"));
-        connect(peer, &Peer::Write, socket, [socket, peer](const QByteArray& bytes) {
-            if (socket->bytesToWrite() > kUnreadLimit) {
-                peer->Lost(static_cast<std::size_t>(bytes.size()));
-                return;
-            }
-            socket->write(bytes);
-        });
-        connect(socket, &QTcpSocket::readyRead, peer, [socket, peer] {
-            while (socket->bytesAvailable() > 0) {
-                const QByteArray bytes = socket->read(kReadChunk);
-                peer->Hear(protocol::AsBytes(
-                    std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size()))));
-            }
-        });
-        connect(socket, &QTcpSocket::disconnected, this, [this, socket, peer, name] {
-            peer->TellRejected(true);
-            const Rejections& some = peer->Rejected();
-            gone_.garbled += some.garbled;
-            gone_.badFrames += some.badFrames;
-            gone_.ignored += some.ignored;
-            gone_.answersLost += some.answersLost;
-            site_.Tell(Event::Kind::Line, name,
-                       QCoreApplication::translate("ServedSite", "controller left"));
-            std::erase_if(peers_, [peer](const auto& held) { return held.get() == peer; });
-            socket->deleteLater();
-        });
+void TcpLine::Accept(int fd) {
+    sockaddr_storage address{};
+    socklen_t length = sizeof address;
+    QHostAddress from;
+    quint16 fromPort = 0;
+    if (::getpeername(fd, reinterpret_cast<sockaddr*>(&address), &length) == 0) {
+        from.setAddress(reinterpret_cast<const sockaddr*>(&address));
+        fromPort = address.ss_family == AF_INET6
+                       ? ntohs(reinterpret_cast<const sockaddr_in6*>(&address)->sin6_port)
+                       : ntohs(reinterpret_cast<const sockaddr_in*>(&address)->sin_port);
     }
+    const QString name =
+        QStringLiteral("tcp %1 from %2:%3").arg(Port()).arg(from.toString()).arg(fromPort);
+    if (clients_.size() >= static_cast<std::size_t>(mostClients_)) {
+        // The client that has been quiet longest gives way, if it has been quiet long enough.
+        const auto quietest =
+            std::max_element(clients_.begin(), clients_.end(), [](const auto& a, const auto& b) {
+                return a->IdleMs() < b->IdleMs();
+            });
+        if ((*quietest)->IdleMs() < idleMs_) {
+            ::close(fd);
+            if (!toldFull_) {
+                toldFull_ = true;
+                site_.Tell(Event::Kind::Line, name,
+                           QCoreApplication::translate(
+                               "ServedSite",
+                               "turned away: the port is full (--max-clients %1) and no "
+                               "client has been quiet for %2 s; more are turned away without a "
+                               "word until there is room")
+                               .arg(mostClients_)
+                               .arg(idleMs_ / 1000));
+            }
+            return;
+        }
+        TcpClient* idle = quietest->get();
+        site_.Tell(
+            Event::Kind::Line, idle->Controller().Name(),
+            QCoreApplication::translate("ServedSite", "closed to make room: sent nothing for %1 s")
+                .arg(idle->IdleMs() / 1000));
+        Forget(idle);
+    }
+    toldFull_ = false;
+    clients_.push_back(std::make_unique<TcpClient>(site_, fd, name));
+    TcpClient* client = clients_.back().get();
+    site_.Tell(Event::Kind::Line, name,
+               QCoreApplication::translate("ServedSite", "controller connected"));
+    connect(client, &TcpClient::Gone, this, [this, client] { Forget(client); });
+}
+
+void TcpLine::Forget(TcpClient* client) {
+    const auto held = std::find_if(clients_.begin(), clients_.end(),
+                                   [client](const auto& one) { return one.get() == client; });
+    if (held == clients_.end()) {
+        return;
+    }
+    Peer& peer = client->Controller();
+    peer.TellRejected(true);
+    const Rejections& some = peer.Rejected();
+    gone_.garbled += some.garbled;
+    gone_.badFrames += some.badFrames;
+    gone_.ignored += some.ignored;
+    gone_.answersLost += some.answersLost;
+    site_.Tell(Event::Kind::Line, peer.Name(),
+               QCoreApplication::translate("ServedSite", "controller left"));
+    // Gone may be what is running now: the client goes once it has returned.
+    held->release()->deleteLater();
+    clients_.erase(held);
 }
 
 bool ParseListenAddress(const QString& text, QHostAddress& host, quint16& port) {

@@ -10,14 +10,21 @@
 #include <QTcpServer>
 #include <QTimer>
 
+#include <QElapsedTimer>
+
+#include <functional>
 #include <memory>
 #include <vector>
 
 namespace quellpad::site_server {
 
-// Most bytes taken from a line at once, so that a flood on one line leaves the others
-// served in between.
-inline constexpr qint64 kReadChunk = 4096;
+// Most bytes taken from a line in one turn of the event loop, so that a flood on one line
+// leaves the others served in between: still forty times what the fastest serial line
+// carries in the time a quiet turn takes.
+inline constexpr qint64 kReadChunk = 512;
+// What the kernel holds for a TCP client each way, beyond which a flood waits on the
+// client's side of the wire.
+inline constexpr int kSocketBuffer = 16 * 1024;
 
 // A line the site is served on. Opening fails with a typed error naming the line and
 // the reason; afterwards the line looks after itself (a controller leaving, a device
@@ -85,31 +92,90 @@ private:
     QTimer retry_;
 };
 
+// One controller on a TCP port, on a socket of its own: read a chunk at a time, one chunk
+// a turn of the event loop, and written without ever blocking. A client that shuts down its
+// sending side is still answered until everything owed to it has left, then closed.
+class TcpClient final : public QObject {
+    Q_OBJECT
+public:
+    // Answers queued for a client that does not read, beyond which they are lost.
+    static constexpr qint64 kUnreadLimit = 64 * 1024;
+
+    // Takes over the connected socket `fd`.
+    TcpClient(ServedSite& site, int fd, const QString& name, QObject* parent = nullptr);
+    ~TcpClient() override;
+    Peer& Controller() { return *peer_; }
+    // Milliseconds since the client last sent a byte, or since it connected.
+    qint64 IdleMs() const { return heard_.elapsed(); }
+
+signals:
+    // The client closed or reset its connection, or was answered in full after it stopped
+    // sending: it is to be forgotten.
+    void Gone();
+
+private:
+    void Read();
+    void Write(const QByteArray& bytes);
+    void Flush();
+    void Check();
+    void Drop();
+
+    int fd_;
+    std::unique_ptr<Peer> peer_;
+    QSocketNotifier reader_;
+    QSocketNotifier writer_;
+    QByteArray unsent_;
+    QElapsedTimer heard_;
+    // The client sends no more; it is closed once nothing is owed to it.
+    bool finished_ = false;
+    QTimer owing_;
+    bool gone_ = false;
+};
+
 // A TCP port listening for controllers, raw bytes both ways. Each client has its own
 // decoders and its own answers, all on the one equipment; a client that leaves is
-// forgotten.
+// forgotten. When `mostClients` are served, a new client takes the place of one that has
+// sent nothing for `idleMs`, or is turned away.
 class TcpLine final : public ServedLine {
     Q_OBJECT
 public:
-    // Answers queued in the socket beyond this for a client that does not read are lost.
-    static constexpr qint64 kUnreadLimit = 64 * 1024;
-    // Clients served at once; more are turned away with a word.
+    // Clients served at once unless the installer says otherwise (--max-clients).
     static constexpr int kMostClients = 32;
+    // A client that has sent nothing for this long gives way to a new one when the port
+    // serves all it may.
+    static constexpr qint64 kIdleMs = 60'000;
 
     // Throws PortError when the port cannot be listened on.
-    TcpLine(ServedSite& site, const QHostAddress& host, quint16 port, QObject* parent = nullptr);
+    TcpLine(ServedSite& site, const QHostAddress& host, quint16 port,
+            int mostClients = kMostClients, qint64 idleMs = kIdleMs, QObject* parent = nullptr);
     ~TcpLine() override;
     QString Name() const override;
     Rejections Rejected() const override;
     quint16 Port() const { return server_.serverPort(); }
+    int Clients() const { return static_cast<int>(clients_.size()); }
 
 private:
-    void Accept();
+    // Hands each accepted connection over as a bare socket, which TcpClient serves.
+    class Listener final : public QTcpServer {
+    public:
+        std::function<void(int)> accepted;
+
+    protected:
+        void incomingConnection(qintptr fd) override { accepted(static_cast<int>(fd)); }
+    };
+
+    void Accept(int fd);
+    void Forget(TcpClient* client);
 
     ServedSite& site_;
-    QTcpServer server_;
+    Listener server_;
+    int mostClients_;
+    qint64 idleMs_;
+    // The operator has been told that clients are turned away; told again only once
+    // there was room in between.
+    bool toldFull_ = false;
     Rejections gone_;
-    std::vector<std::unique_ptr<Peer>> peers_;
+    std::vector<std::unique_ptr<TcpClient>> clients_;
 };
 
 // "[HOST:]PORT" as --listen takes it; false when it is not one.

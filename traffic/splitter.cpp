@@ -59,6 +59,7 @@ Splitter::Splitter(std::optional<Language> language, Way way) : language_(langua
 
 void Splitter::Restart() {
     decoders_.clear();
+    frames_.clear();
     if (!language_) {
         return;
     }
@@ -79,6 +80,8 @@ void Splitter::Restart() {
         // texts: both languages are read whichever mode is chosen.
         decoders_.push_back(std::make_unique<protocol::AsciiDecoder>(Language::Ascii));
         decoders_.push_back(std::make_unique<protocol::AsciiDecoder>(Language::MuxAscii));
+        frames_.push_back(std::make_unique<protocol::DFrameDecoder>());
+        frames_.push_back(std::make_unique<protocol::PFrameDecoder>());
         break;
     }
 }
@@ -86,6 +89,12 @@ void Splitter::Restart() {
 void Splitter::Feed(std::span<const std::uint8_t> bytes, std::vector<Piece>& out) {
     for (std::size_t i = 0; i < bytes.size(); ++i) {
         held_ += static_cast<char>(bytes[i]);
+        bool frameEnded = false;
+        for (const auto& frame : frames_) {
+            decoded_.clear();
+            frame->Feed(bytes.subspan(i, 1), decoded_);
+            frameEnded = frameEnded || !decoded_.empty();
+        }
         // One byte at a time, so that the commands of the two ASCII decoders come out in
         // the order they ended on the wire.
         for (const auto& decoder : decoders_) {
@@ -93,6 +102,9 @@ void Splitter::Feed(std::span<const std::uint8_t> bytes, std::vector<Piece>& out
             decoder->Feed(bytes.subspan(i, 1), decoded_);
             for (const Command& command : decoded_) {
                 Take(command, out);
+            }
+            if (frameEnded) {
+                decoder->FrameEnded();
             }
         }
         if (held_.size() > kMostHeld) {

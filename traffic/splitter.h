@@ -49,6 +49,9 @@ private:
     std::optional<protocol::Language> language_;
     Way way_;
     std::vector<std::unique_ptr<protocol::Decoder>> decoders_;
+    // In the text languages, the D and P frames on a shared wire, read only to know where
+    // they end: the byte after a frame starts the next text.
+    std::vector<std::unique_ptr<protocol::Decoder>> frames_;
     std::vector<protocol::Command> decoded_;
     std::string held_;
 };

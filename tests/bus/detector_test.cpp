@@ -3,6 +3,7 @@
 #include "bus/address_table.h"
 #include "bus/detector.h"
 #include "site/simulated_line.h"
+#include "traffic/splitter.h"
 
 #include <QFile>
 
@@ -107,6 +108,61 @@ TEST(Detector, ChangesItsMindOnlyOnEvidence) {
     // The bus turns to P for good: that is evidence.
     FeedSplit(detector, Traffic(Language::P, 40), 5);
     EXPECT_EQ(detector.Spoken(), Language::P);
+}
+
+// A frame is whole at its length: a switcher text right after it is read from its own first
+// byte, whatever the frame's last byte, by the site's switcher, the traffic monitor and a
+// listen line alike.
+TEST(SharedWire, ATextRightAfterAFrameIsReadFromItsOwnFirstByte) {
+    struct Case {
+        const char* what;
+        std::string bytes;
+        int monitor;
+    };
+    const Case cases[] = {
+        {"D frame ending in 'R'", BuildDFrame(1, 0, 0x51, 0, 0) + "5Ma", 5},
+        {"P frame ending in '-'", BuildPFrame(1, 0, 0x02, 0x20, 0) + "3Ma", 3},
+    };
+    ASSERT_EQ(cases[0].bytes[6], 'R');
+    ASSERT_EQ(cases[1].bytes[7], '-');
+    const auto monitorOf = [](const protocol::Command& command) {
+        return command.kind == protocol::Kind::SelectMonitor ? command.number : 0;
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        for (const std::size_t chunk : {std::size_t{1}, c.bytes.size()}) {
+            site::Site site;
+            site::Site::Ear ear;
+            std::vector<site::Site::Obeyed> obeyed;
+            for (std::size_t at = 0; at < c.bytes.size(); at += chunk) {
+                site.Hear(ear, AsBytes(c.bytes).subspan(at, std::min(chunk, c.bytes.size() - at)),
+                          &obeyed);
+            }
+            EXPECT_EQ(site.Switcher().SelectedMonitor(), c.monitor);
+
+            traffic::Splitter splitter(Language::Ascii, traffic::Way::Sent);
+            std::vector<traffic::Piece> pieces;
+            for (std::size_t at = 0; at < c.bytes.size(); at += chunk) {
+                splitter.Feed(AsBytes(c.bytes).subspan(at, std::min(chunk, c.bytes.size() - at)),
+                              pieces);
+            }
+            splitter.Flush(pieces);
+            std::int64_t split = 0;
+            for (const traffic::Piece& piece : pieces) {
+                split = piece.command ? monitorOf(*piece.command) : split;
+            }
+            EXPECT_EQ(split, c.monitor);
+
+            Detector detector;
+            std::vector<bus::Heard> heard;
+            detector.Feed(AsBytes(c.bytes), heard);
+            std::int64_t listened = 0;
+            for (const bus::Heard& one : heard) {
+                listened = monitorOf(one.command) != 0 ? monitorOf(one.command) : listened;
+            }
+            EXPECT_EQ(listened, c.monitor);
+        }
+    }
 }
 
 TEST(Detector, FindsTheWorkingSettingsAmongTheCandidates) {

@@ -10,6 +10,7 @@ namespace {
 
 using protocol::AsBytes;
 using protocol::BuildDFrame;
+using protocol::BuildDReply;
 using protocol::BuildPFrame;
 using site::Site;
 
@@ -184,6 +185,34 @@ TEST(SimulatedLineTest, GarbleIsNeverAStartByteNorPrintable) {
             EXPECT_TRUE(g >= 0x80 && g != 0xFF && g != 0xA0) << byte;
             EXPECT_EQ(g, site::Garble(static_cast<std::uint8_t>(byte), line, equipment));
         }
+    }
+}
+
+// A controller that keeps its line busy for good, never letting it drain: what the pacer
+// holds stays within its limit at every moment, on the keyboard's simulated line (gathered
+// every 4 ms) and on a served line (every 10 ms) alike.
+TEST(PacerTest, ALineNeverDrainedHoldsNoMoreThanItsLimit) {
+    constexpr std::size_t kLimit = 4096;
+    constexpr double kByteSeconds = 10.0 / 115200;
+    for (const int deliveryMs : {4, 10}) {
+        SCOPED_TRACE(deliveryMs);
+        site::Pacer pacer(deliveryMs, kLimit);
+        std::size_t arrived = 0;
+        QObject::connect(&pacer, &site::Pacer::Arrived,
+                         [&](const QByteArray& bytes) { arrived += bytes.size(); });
+        const std::string answer = BuildDReply(1, 0x59, 0x1234);
+        std::size_t most = 0;
+        // Topped up to the limit all along, until twice the limit has left.
+        WaitUntil(
+            [&] {
+                while (pacer.Send(answer, kByteSeconds)) {
+                }
+                most = std::max(most, pacer.Held());
+                return arrived > 2 * kLimit;
+            },
+            20000);
+        EXPECT_GT(arrived, 2 * kLimit);
+        EXPECT_LE(most, kLimit);
     }
 }
 

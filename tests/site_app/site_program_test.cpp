@@ -3,6 +3,7 @@
 
 #include "netline/network_line.h"
 
+#include <QElapsedTimer>
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -10,7 +11,13 @@
 #include <QSerialPort>
 #include <QTcpSocket>
 
+#include <atomic>
 #include <csignal>
+#include <fcntl.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <thread>
+#include <unistd.h>
 
 namespace quellpad::test {
 namespace {
@@ -59,6 +66,147 @@ private:
 };
 
 class SiteProgramTest : public KeyboardFixture {};
+
+// A client on its own thread sending switcher texts to a TCP port as fast as it takes them,
+// each one a line of output.
+class Flood {
+public:
+    explicit Flood(quint16 port) {
+        fd_ = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+        sockaddr_in to{};
+        to.sin_family = AF_INET;
+        to.sin_port = htons(port);
+        to.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        if (::connect(fd_, reinterpret_cast<const sockaddr*>(&to), sizeof to) != 0) {
+            return;
+        }
+        const timeval wait{0, 100000};
+        ::setsockopt(fd_, SOL_SOCKET, SO_SNDTIMEO, &wait, sizeof wait);
+        thread_ = std::thread([this] {
+            std::string texts;
+            while (texts.size() < 30000) {
+                texts += "1Ma";
+            }
+            while (flooding_ && (::send(fd_, texts.data(), texts.size(), MSG_NOSIGNAL) >= 0 ||
+                                 errno == EAGAIN)) {
+            }
+        });
+    }
+    ~Flood() {
+        flooding_ = false;
+        if (thread_.joinable()) {
+            thread_.join();
+        }
+        ::close(fd_);
+    }
+
+private:
+    int fd_ = -1;
+    std::atomic<bool> flooding_{true};
+    std::thread thread_;
+};
+
+// Milliseconds until a pan query is answered; far beyond the test's patience when it is not.
+qint64 AnswerMs(QTcpSocket& client) {
+    QElapsedTimer clock;
+    clock.start();
+    client.readAll();
+    client.write(QByteArray::fromHex("ff010051000052"));
+    QByteArray answer;
+    WaitUntil(
+        [&] {
+            answer += client.readAll();
+            return answer.size() >= 7;
+        },
+        5000);
+    return answer.size() >= 7 ? clock.elapsed() : 1'000'000;
+}
+
+// Whether every line is one whole JSON object.
+bool AllJson(const QStringList& lines) {
+    return std::all_of(lines.begin(), lines.end(), [](const QString& line) {
+        return QJsonDocument::fromJson(line.toUtf8()).isObject();
+    });
+}
+
+// Standard output piped into a reader that stops reading: the lines it cannot take are
+// dropped whole and counted on standard error, every controller is still answered, and
+// the program still ends at once when told to.
+TEST(SiteProgramOutput, AReaderThatStallsNeverHoldsUpServing) {
+    int pipe[2] = {-1, -1};
+    ASSERT_EQ(::pipe2(pipe, O_CLOEXEC), 0);
+    ::fcntl(pipe[1], F_SETPIPE_SZ, 4096);
+    const quint16 port = FreeLoopbackPort();
+    QProcess site;
+    site.setProgram(QStringLiteral(QUELLPAD_SITE_PROGRAM));
+    site.setArguments({"--listen", QStringLiteral("127.0.0.1:%1").arg(port), "--json"});
+    site.setChildProcessModifier([fd = pipe[1]] { ::dup2(fd, STDOUT_FILENO); });
+    site.start();
+    ::close(pipe[1]);
+    ASSERT_TRUE(WaitUntil([&] { return LoopbackListening(port); }));
+    QTcpSocket polite;
+    polite.connectToHost(QHostAddress::LocalHost, port);
+    ASSERT_TRUE(polite.waitForConnected(2000));
+    const qint64 quiet = AnswerMs(polite);
+    qint64 flooded = 0;
+    {
+        Flood flood(port);
+        WaitUntil([] { return false; }, 500);
+        for (int i = 0; i < 5; ++i) {
+            flooded = std::max(flooded, AnswerMs(polite));
+        }
+    }
+    EXPECT_LT(flooded, quiet + 2000) << "alone: " << quiet << " ms";
+    QElapsedTimer clock;
+    clock.start();
+    ::kill(static_cast<pid_t>(site.processId()), SIGTERM);
+    // The reader wakes up, but reads at a trickle (200 kB/s) that cannot take the backlog
+    // within the time the end allows: the closing lines still come out.
+    QByteArray out;
+    WaitUntil(
+        [&] {
+            char buffer[4096];
+            const ssize_t got = ::read(pipe[0], buffer, sizeof buffer);
+            out.append(buffer, std::max<ssize_t>(got, 0));
+            ::usleep(20000);
+            return got == 0;
+        },
+        10000);
+    ::close(pipe[0]);
+    ASSERT_TRUE(site.state() == QProcess::NotRunning || site.waitForFinished(5000));
+    std::cout << "answered alone in " << quiet << " ms, beside a flood into a stalled reader in "
+              << flooded << " ms; ended " << clock.elapsed() << " ms after SIGTERM\n";
+    EXPECT_EQ(site.exitCode(), 0);
+    const QStringList lines = QString::fromUtf8(out).split('\n', Qt::SkipEmptyParts);
+    EXPECT_TRUE(AllJson(lines));
+    EXPECT_TRUE(lines.last().contains("closed; not obeyed")) << lines.last().toStdString();
+    EXPECT_TRUE(QString::fromUtf8(site.readAllStandardError()).contains("output lines dropped"));
+}
+
+// Each way of being told to stop, in the middle of a flood: every line closes, the output
+// ends with whole lines and the closing counts, and the program is gone at once.
+TEST(SiteProgramEnd, HangupTerminateAndInterruptEachCloseEveryLineAtOnce) {
+    for (const int signal : {SIGHUP, SIGTERM, SIGINT}) {
+        SCOPED_TRACE(signal);
+        const quint16 port = FreeLoopbackPort();
+        SiteProgram site({"--pty", "--json", "--listen", QStringLiteral("127.0.0.1:%1").arg(port)});
+        const QString pty = site.PtyPath();
+        ASSERT_TRUE(WaitUntil([&] { return LoopbackListening(port); }));
+        Flood flood(port);
+        WaitUntil([] { return false; }, 500);
+        QElapsedTimer clock;
+        clock.start();
+        ::kill(static_cast<pid_t>(site.Process().processId()), signal);
+        ASSERT_TRUE(site.Process().waitForFinished(5000));
+        std::cout << "ended " << clock.elapsed() << " ms after signal " << signal << "\n";
+        EXPECT_EQ(site.Process().exitStatus(), QProcess::NormalExit);
+        EXPECT_EQ(site.Process().exitCode(), 0);
+        EXPECT_FALSE(QFile::exists(pty));
+        EXPECT_TRUE(AllJson(site.Lines().mid(1)));
+        EXPECT_TRUE(site.Lines().last().contains("closed; not obeyed"))
+            << site.Lines().last().toStdString();
+    }
+}
 
 // The keyboard on the served pseudo-terminal, as on any serial device.
 TEST_F(SiteProgramTest, TheKeyboardOnTheServedPtyPansCameraThreeRightAndStops) {
@@ -200,6 +348,12 @@ TEST(SiteProgramArguments, HelpVersionAndRefusalsAnswerOnTheTerminal) {
     };
     const Case cases[] = {
         {{"--help"}, 0, "--listen <[host:]port>", ""},
+        {{"--help"}, 0, "--max-clients <count>", ""},
+        {{"--help"}, 0, "backlog of 256 kB", ""},
+        {{"--listen", "4001", "--max-clients", "0"},
+         2,
+         "",
+         "quellpad-site: '0' is not a number of clients from 1 to 1000.\n"},
         {{"--version"}, 0, "quellpad-site ", ""},
         {{"--pty", "--bogus"}, 2, "", "quellpad-site: Unknown option 'bogus'.\n"},
         {{},

@@ -8,6 +8,14 @@
 #include <QTcpSocket>
 #include <QTemporaryDir>
 
+#include <atomic>
+#include <fcntl.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <termios.h>
+#include <thread>
+#include <unistd.h>
+
 namespace quellpad::test {
 namespace {
 
@@ -161,6 +169,204 @@ TEST(ServedTcpLine, HostileClientsAreCountedAndBoundedWhileAnotherIsServed) {
     EXPECT_GT(rejected.badFrames, 0u);
     EXPECT_GT(rejected.ignored, static_cast<std::uint64_t>(endless.size()));
     EXPECT_EQ(rejected.garbled, 0u);
+}
+
+// A bare client socket on the loopback, which can half-close as nc -N and socat do.
+class RawClient {
+public:
+    explicit RawClient(quint16 port) {
+        fd_ = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+        sockaddr_in to{};
+        to.sin_family = AF_INET;
+        to.sin_port = htons(port);
+        to.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        connected_ = ::connect(fd_, reinterpret_cast<const sockaddr*>(&to), sizeof to) == 0;
+        ::fcntl(fd_, F_SETFL, O_NONBLOCK);
+    }
+    ~RawClient() { ::close(fd_); }
+    bool Connected() const { return connected_; }
+    int Fd() const { return fd_; }
+    void Send(const std::string& bytes) const {
+        [[maybe_unused]] const ssize_t put = ::send(fd_, bytes.data(), bytes.size(), MSG_NOSIGNAL);
+    }
+    // What arrived until `count` bytes or the end of the stream, running the event loop.
+    QByteArray Receive(int count, int timeoutMs = 3000) {
+        WaitUntil(
+            [&] {
+                char buffer[4096];
+                const ssize_t got = ::recv(fd_, buffer, sizeof buffer, 0);
+                if (got > 0) {
+                    received_.append(buffer, got);
+                }
+                ended_ = ended_ || got == 0 || (got < 0 && errno != EAGAIN);
+                return received_.size() >= count || ended_;
+            },
+            timeoutMs);
+        return received_;
+    }
+    bool Ended() const { return ended_; }
+
+private:
+    int fd_ = -1;
+    bool connected_ = false;
+    bool ended_ = false;
+    QByteArray received_;
+};
+
+// The time a query takes to be answered, in milliseconds, the event loop running.
+qint64 AnswerMs(QTcpSocket& client, const std::string& query) {
+    QElapsedTimer clock;
+    clock.start();
+    client.readAll();
+    client.write(Bytes(query));
+    QByteArray answer;
+    WaitUntil(
+        [&] {
+            answer += client.readAll();
+            return answer.size() >= 7;
+        },
+        5000);
+    return answer.size() >= 7 ? clock.elapsed() : 1'000'000;
+}
+
+// A client flooding its socket with switcher texts as fast as the kernel takes them is
+// read a chunk at a time, in turn with the others: the polite client beside it is answered
+// much as when it is alone.
+TEST(ServedTcpLine, AFloodingClientLeavesThePoliteOneAnsweredInTurn) {
+    ServedSite site({}, {});
+    site_server::TcpLine line(site, QHostAddress::LocalHost, 0);
+    QTcpSocket polite;
+    polite.connectToHost(QHostAddress::LocalHost, line.Port());
+    ASSERT_TRUE(polite.waitForConnected(2000));
+    const std::string query = BuildDFrame(1, 0, 0x51, 0, 0);
+    qint64 quiet = 0;
+    for (int i = 0; i < 3; ++i) {
+        quiet = std::max(quiet, AnswerMs(polite, query));
+    }
+    RawClient flooder(line.Port());
+    ASSERT_TRUE(flooder.Connected());
+    std::atomic<bool> flooding{true};
+    std::thread flood([&] {
+        std::string texts;
+        while (texts.size() < 60000) {
+            texts += "1Ma";
+        }
+        while (flooding) {
+            if (::send(flooder.Fd(), texts.data(), texts.size(), MSG_NOSIGNAL) < 0) {
+                std::this_thread::sleep_for(std::chrono::milliseconds(1));
+            }
+        }
+    });
+    WaitUntil([] { return false; }, 300);
+    qint64 flooded = 0;
+    for (int i = 0; i < 5; ++i) {
+        flooded = std::max(flooded, AnswerMs(polite, query));
+    }
+    flooding = false;
+    flood.join();
+    // Far outside what a chunk a turn costs; the flood read whole took seconds.
+    EXPECT_LT(flooded, quiet + 1000) << "alone: " << quiet << " ms";
+    std::cout << "answer alone: " << quiet << " ms, beside a flood: " << flooded << " ms\n";
+}
+
+// Two ways a controller leaves, and what the line does about it: a TCP client that stops
+// sending is still answered, then closed; a controller that closes the pseudo-terminal
+// leaves nothing to the next one.
+TEST(ServedLines, AControllerThatStopsSendingIsAnsweredAndTheNextStartsClean) {
+    ServedSite site({}, {});
+    Told told(site);
+    const std::string query = BuildDFrame(1, 0, 0x51, 0, 0);
+
+    site_server::TcpLine tcp(site, QHostAddress::LocalHost, 0);
+    RawClient halfClosed(tcp.Port());
+    ASSERT_TRUE(halfClosed.Connected());
+    halfClosed.Send(query);
+    ::shutdown(halfClosed.Fd(), SHUT_WR);
+    EXPECT_EQ(halfClosed.Receive(7).left(4), QByteArray::fromHex("ff010059"));
+    EXPECT_TRUE(WaitUntil([&] { return halfClosed.Receive(8).size() == 7 && halfClosed.Ended(); }))
+        << "closed once answered";
+    EXPECT_TRUE(WaitUntil([&] { return tcp.Clients() == 0; }));
+
+    site_server::PtyLine pty(site);
+    const QByteArray path = pty.Name().toLocal8Bit();
+    const auto open = [&] {
+        const int fd = ::open(path.constData(), O_RDWR | O_NOCTTY | O_NONBLOCK);
+        termios settings{};
+        tcgetattr(fd, &settings);
+        cfmakeraw(&settings);
+        cfsetspeed(&settings, B2400);
+        tcsetattr(fd, TCSANOW, &settings);
+        return fd;
+    };
+    const int first = open();
+    // Queries whose answers it never reads, and a monitor number it never ends.
+    std::string bytes;
+    for (int i = 0; i < 20; ++i) {
+        bytes += query;
+    }
+    bytes += "12";
+    ASSERT_EQ(::write(first, bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
+    ASSERT_TRUE(WaitUntil([&] { return told.Of(Event::Kind::Answer).size() >= 5; }));
+    ::close(first);
+    ASSERT_TRUE(WaitUntil(
+        [&] { return !told.events.empty() && told.events.back().meaning == "controller left"; }));
+    const int second = open();
+    ::write(second, "1Ma", 3);
+    QByteArray unasked;
+    WaitUntil(
+        [&] {
+            char buffer[4096];
+            const ssize_t got = ::read(second, buffer, sizeof buffer);
+            if (got > 0) {
+                unasked.append(buffer, got);
+            }
+            return false;
+        },
+        500);
+    ::close(second);
+    EXPECT_EQ(unasked.toHex().toStdString(), "") << "answers meant for the first controller";
+    const auto commands = told.Of(Event::Kind::Command);
+    ASSERT_FALSE(commands.empty());
+    EXPECT_EQ(commands.back().meaning, "switcher: monitor 1");
+}
+
+// The port serves as many clients as it may; a new client takes the place of one that has
+// been quiet long enough, or is turned away, and the operator is told that once.
+TEST(ServedTcpLine, ANewClientTakesAQuietOnesPlaceOrIsTurnedAwayWithOneWord) {
+    ServedSite site({}, {});
+    Told told(site);
+    site_server::TcpLine line(site, QHostAddress::LocalHost, 0, 2, 300);
+    const std::string query = BuildDFrame(1, 0, 0x51, 0, 0);
+    RawClient talking(line.Port());
+    RawClient quiet(line.Port());
+    ASSERT_TRUE(WaitUntil([&] { return line.Clients() == 2; }));
+    WaitUntil([] { return false; }, 400);
+    talking.Send(query);
+    ASSERT_EQ(talking.Receive(7).size(), 7);
+    RawClient newcomer(line.Port());
+    ASSERT_TRUE(newcomer.Connected());
+    newcomer.Send(query);
+    EXPECT_EQ(newcomer.Receive(7).size(), 7) << "served in the quiet one's place";
+    EXPECT_TRUE(WaitUntil([&] { return quiet.Receive(1).isEmpty() && quiet.Ended(); }));
+
+    // Nobody has been quiet long enough: the next clients are turned away.
+    RawClient refused(line.Port());
+    RawClient alsoRefused(line.Port());
+    EXPECT_TRUE(WaitUntil([&] { return refused.Receive(1).isEmpty() && refused.Ended(); }));
+    EXPECT_TRUE(WaitUntil([&] { return alsoRefused.Receive(1).isEmpty() && alsoRefused.Ended(); }));
+    EXPECT_EQ(line.Clients(), 2);
+    const auto words = told.Of(Event::Kind::Line);
+    EXPECT_EQ(std::count_if(words.begin(), words.end(),
+                            [](const Event& event) {
+                                return event.meaning.startsWith("closed to make room");
+                            }),
+              1);
+    EXPECT_EQ(std::count_if(words.begin(), words.end(),
+                            [](const Event& event) {
+                                return event.meaning.startsWith(
+                                    "turned away: the port is full (--max-clients 2)");
+                            }),
+              1);
 }
 
 // A USB adapter pulled out and plugged in again under its stable name.
