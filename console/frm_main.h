@@ -81,6 +81,9 @@ private:
                   std::function<void()> then = {});
     void LayOut();
     void PlaceJoystick();
+    // The window's outer size as the joystick's rest point takes it: its own, without the
+    // window manager's frame.
+    QSize OuterSize() const;
 
     // Options menu.
     void Com1Option_Click();

@@ -367,10 +367,11 @@ void FrmMain::LayOut() {
 
 void FrmMain::PlaceJoystick() {
     // The square is centred on the knob's rest point, half the window's outer size, so that
-    // the speed rule measures from the square's centre. The outer size can change without
-    // the client area changing (a window manager adding its frame), so this is checked
-    // again at every press.
-    const QSize outer = frameGeometry().size();
+    // the speed rule measures from the square's centre. The outer size is the window's own
+    // (menus and status bar included, the window manager's frame not): the frame arrives
+    // after the window is shown and changes no size the keyboard is told of, so a rest
+    // point taken from it would move under a knob already drawn.
+    const QSize outer = OuterSize();
     const double scale = std::min(layout_.ScaleX(), layout_.ScaleY());
     const int side = static_cast<int>(std::lround(kSquareSide * scale));
     const int ballSide = static_cast<int>(std::lround(kBallSide * scale));

@@ -92,7 +92,7 @@ QPointF FrmMain::FromTwips(QPointF twips) const {
 JoystickGeometry FrmMain::CurrentJoystickGeometry() const {
     const double twips = ui::TwipsPerPixel(this);
     const QRect square = square_->geometry();
-    const QSize outer = frameGeometry().size();
+    const QSize outer = OuterSize();
     return {square.x() * twips,      square.y() * twips,    square.width() * twips,
             square.height() * twips, outer.width() * twips, outer.height() * twips};
 }
@@ -107,8 +107,11 @@ void FrmMain::CentreJoystickBall() {
     PlaceBallAt(JoystickRestPoint(CurrentJoystickGeometry()));
 }
 
+QSize FrmMain::OuterSize() const {
+    return size();
+}
+
 void FrmMain::Form_MouseDown(int button, QPointF canvasPoint) {
-    PlaceJoystick();
     Form_MouseMove(button, canvasPoint);
 }
 
@@ -121,7 +124,6 @@ void FrmMain::Form_MouseMove(int buttons, QPointF canvasPoint) {
 }
 
 void FrmMain::DriveJoystick(JoystickState& state, QPointF twips) {
-    PlaceJoystick();
     if (UpdateJoystick(keyboard_, state, kLeftButton, twips.x(), twips.y(),
                        CurrentJoystickGeometry())) {
         PlaceBallAt(twips);

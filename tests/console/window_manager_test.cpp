@@ -8,7 +8,9 @@
 #include <QApplication>
 #include <QListWidget>
 #include <QScreen>
+#include <QSignalSpy>
 #include <QTest>
+#include <QTimer>
 #include <QWindow>
 
 #include <vector>
@@ -78,6 +80,43 @@ TEST_F(WindowManagerTest, MaximisingAndResizingNeverChangeTheListsChoice) {
     com1_.Drain(250);
     QTest::mouseClick(Child("StartPatternButton"), Qt::LeftButton);
     EXPECT_EQ(com1_.Read(7), QByteArray::fromHex("ff01001f000020")) << "start pattern 0";
+}
+
+// The frame a window manager puts round the window arrives after the window is shown; the
+// knob is drawn at rest before it, and the operator presses it as it is drawn.
+TEST_F(WindowManagerTest, APressOnTheKnobAtRestSendsNothingAndASidewaysDragNoTilt) {
+    Start("D");
+    Settled();
+    QWidget* square = Child("Joystick_Square");
+    QWidget* ball = Child("Joystick_Ball");
+    const QRect drawn = square->geometry();
+    const QPoint knob = square->mapFrom(ball->parentWidget(), ball->geometry().center());
+    QSignalSpy ticks(Child<QTimer>("CommandChangeTimer"), &QTimer::timeout);
+    const auto sentOverTicks = [&](int count) {
+        ticks.clear();
+        QByteArray sent;
+        WaitUntil([&] {
+            sent += com1_.Drain();
+            return ticks.count() >= count;
+        });
+        return sent + com1_.Drain();
+    };
+    sentOverTicks(2);
+
+    QTest::mousePress(square, Qt::LeftButton, {}, knob);
+    EXPECT_EQ(square->geometry(), drawn)
+        << "the square stays where it was drawn, " << At().toStdString();
+    EXPECT_EQ(sentOverTicks(3), QByteArray())
+        << "pressed at the knob's centre, " << At().toStdString();
+    for (int right = 4; right <= 40; right += 4) {
+        MoveInSquare(knob + QPoint(right, 0), Qt::LeftButton);
+    }
+    const QByteArray pan = com1_.Read(7);
+    ASSERT_EQ(pan.size(), 7) << At().toStdString();
+    EXPECT_EQ(std::uint8_t(pan[3]), 0x02) << "pan right alone " << pan.toHex(' ').toStdString();
+    EXPECT_EQ(std::uint8_t(pan[5]), 0x00) << "no tilt speed " << pan.toHex(' ').toStdString();
+    QTest::mouseRelease(square, Qt::LeftButton, {}, knob + QPoint(40, 0));
+    EXPECT_EQ(com1_.Read(7), QByteArray::fromHex("ff010000000001")) << "the stop";
 }
 
 TEST_F(WindowManagerTest, TheWindowRefusesASizeBelowTheKeyboardsSmallest) {
