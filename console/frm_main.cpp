@@ -94,6 +94,7 @@ void FrmMain::ConnectHandlers() {
     connect(CommandChangeTimer, &QTimer::timeout, this, [this] {
         boundary_.Run("CommandChangeTimer_Timer", [&] { CommandChangeTimer_Timer(); });
     });
+    connect(ComPresenceTimer, &QTimer::timeout, this, &FrmMain::EnableComItems);
     connect(RetransmitTimer, &QTimer::timeout, this,
             [this] { boundary_.Run("RetransmitTimer_Timer", [&] { RetransmitTimer_Timer(); }); });
     connect(RetransmitTimeTextBox, &QLineEdit::textChanged, this, [this] {
@@ -242,9 +243,7 @@ void FrmMain::LoadKeyboard() {
     }
     // Beside what the ports are bound to, until a port opens, closes or is bound anew
     // (UpdatePortBindings clears it).
-    const StatusNotice closed = ClosedAtStartNotice(started.closedPorts);
-    startNotice_->Show(closed.text, closed.detail);
-    startNotice_->setVisible(!closed.text.isEmpty());
+    ShowNotice(ClosedAtStartNotice(started.closedPorts));
 }
 
 void FrmMain::resizeEvent(QResizeEvent* event) {
@@ -293,8 +292,7 @@ void FrmMain::UpdatePortBindings() {
     portBindings_->Show(parts.join(QStringLiteral("    ")), alerts.join(u'\n'));
     startNotice_->Show({});
     startNotice_->hide();
-    Com1Option->setToolTip(keyboard_.MSComm1().Device());
-    Com2Option->setToolTip(keyboard_.MSComm2().Device());
+    EnableComItems();
 }
 
 // ---------------------------------------------------------------------------------------
@@ -583,7 +581,13 @@ void FrmMain::Port_LineFailed(int number, const QString& message) {
 void FrmMain::Port_Back(int number, const QString& message) {
     (number == 1 ? Com1Option : Com2Option)->setChecked(true);
     UpdatePortBindings();
-    boundary_.ReportAbout(PortSubject(number), message);
+    // Good news does not stop the operator: it is read, and heard, in the status bar.
+    ShowNotice({message, {}});
+}
+
+void FrmMain::ShowNotice(const StatusNotice& notice) {
+    startNotice_->Show(notice.text, notice.detail);
+    startNotice_->setVisible(!notice.text.isEmpty());
 }
 
 } // namespace quellpad

@@ -4,6 +4,7 @@
 #include "console/lens.h"
 #include "console/targets.h"
 #include "engine/keyboard_state.h"
+#include "engine/port_control.h"
 #include "ui/error_boundary.h"
 #include "ui/proportional_layout.h"
 
@@ -154,8 +155,12 @@ private:
                         const std::function<void()>& beforeShow = {});
     void UpdateWindowTitle();
     void UpdatePortBindings();
-    // The COM items can be chosen for the ports listed in AvailablePorts.
+    // The COM items can be chosen for the ports listed in AvailablePorts, a port being
+    // listed as soon as its device is there; a greyed one says why in its tool tip.
     void EnableComItems();
+    // A line of news beside the ports' bindings, announced to a screen reader; an empty
+    // text takes it away.
+    void ShowNotice(const StatusNotice& notice);
     QPushButton* LensControl(LensButton button) const;
 
     Quellpad_Support_Func& keyboard_;
@@ -189,6 +194,8 @@ private:
     QTimer* CommandChangeTimer = nullptr;
     QTimer* RetransmitTimer = nullptr;
     QTimer* HernisPollTimer = nullptr;
+    // Looks, while a COM item is greyed for want of its device, for the device to appear.
+    QTimer* ComPresenceTimer = nullptr;
 
     // Menus and items.
     QMenu* OptionsMenu = nullptr;

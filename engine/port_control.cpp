@@ -2,6 +2,8 @@
 
 #include "errors.h"
 #include "plain_file.h"
+#include "port_binding.h"
+#include "port_watch.h"
 #include "settings_file.h"
 
 #include <QCoreApplication>
@@ -85,6 +87,24 @@ void RebindPort(Quellpad_Support_Func& keyboard, int portNumber) {
     if (Enabled(keyboard, portNumber)) {
         port.Open();
     }
+}
+
+bool ListPortsNowPresent(Quellpad_Support_Func& keyboard) {
+    bool added = false;
+    for (int number = 1; number <= 2; ++number) {
+        const QString device = keyboard.Port(number).Device();
+        // Only a device path can be seen to be there without opening it.
+        if (keyboard.AvailablePorts.contains(PortDigit(number)) || !device.startsWith(u'/') ||
+            !DevicePresent(device)) {
+            continue;
+        }
+        const bool com1 = number == 1 || keyboard.AvailablePorts.contains(u'1');
+        const bool com2 = number == 2 || keyboard.AvailablePorts.contains(u'2');
+        keyboard.AvailablePorts =
+            (com1 ? QStringLiteral("1") : QString()) + (com2 ? QStringLiteral(" 2") : QString());
+        added = true;
+    }
+    return added;
 }
 
 void ResetKeyboardState(Quellpad_Support_Func& k) {

@@ -25,6 +25,11 @@ void ApplyLineSettings(Quellpad_Support_Func& keyboard);
 // raises PortError; the port is then bound and closed, and stays enabled.
 void RebindPort(Quellpad_Support_Func& keyboard, int portNumber);
 
+// Lists in AvailablePorts each port bound to a device that is there now but was not when
+// the ports were detected (an adapter plugged in after the first start): its COM item is
+// offered from then on. Whether a port was added.
+bool ListPortsNowPresent(Quellpad_Support_Func& keyboard);
+
 // The reset of the shared state at start-up, before Settings.dat is read.
 void ResetKeyboardState(Quellpad_Support_Func& keyboard);
 
