@@ -538,6 +538,16 @@ void FrmMain::CommandChangeTimer_Timer() {
     if (outcome.newInterval) {
         CommandChangeTimer->setInterval(*outcome.newInterval);
     }
+    // A control used while no port is open moves nothing: the first time, the operator is
+    // told why and what to do, once.
+    const bool command = keyboard_.Command1 != 0 || keyboard_.Command2 != 0 ||
+                         keyboard_.Data1 != 0 || keyboard_.Data2 != 0 ||
+                         (IsAsciiMode(keyboard_.CurrentMode) && !keyboard_.AsciiCommand.isEmpty() &&
+                          keyboard_.AsciiCommand != u"sa");
+    if (outcome.sent && command && !toldNothingOpen_ && !keyboard_.AnyPortOpen()) {
+        toldNothingOpen_ = true;
+        ShowNotice(NothingOpenNotice(keyboard_));
+    }
 }
 
 // ---------------------------------------------------------------------------------------

@@ -175,6 +175,8 @@ private:
     JoystickState joystick_;
     QPointer<FrmTypeCmnds> typeCommands_;
     PortWatch* portWatch_ = nullptr;
+    // Whether the operator has been told that a command went nowhere for want of an open port.
+    bool toldNothingOpen_ = false;
 
     QWidget* canvas_ = nullptr;
     JoystickSquare* square_ = nullptr;

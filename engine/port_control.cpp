@@ -131,15 +131,60 @@ StatusNotice ClosedAtStartNotice(const QList<PortError>& failures) {
     }
     QStringList ports;
     QStringList reasons;
+    QString variable; // of the first port the environment or the command line binds
     for (const PortError& failure : failures) {
         ports << QStringLiteral("COM %1 (%2)").arg(failure.PortNumber()).arg(failure.Device());
         reasons << failure.Message();
+        if (variable.isEmpty() &&
+            ResolvePortBinding(failure.PortNumber()).source == BindingSource::Environment) {
+            variable = BindingVariable(failure.PortNumber());
+        }
     }
-    return {ports.join(QCoreApplication::translate("PortControl", " and ")) +
-                QCoreApplication::translate(
-                    "PortControl", " did not open; to work without equipment, choose \"Simulated "
-                                   "site\" in Options > Settings..."),
+    // The settings window cannot change a binding the environment made: the advice is
+    // where the binding was made.
+    const QString advice =
+        variable.isEmpty()
+            ? QCoreApplication::translate("PortControl",
+                                          " did not open; to work without equipment, choose "
+                                          "\"Simulated site\" in Options > Settings...")
+            : QCoreApplication::translate("PortControl",
+                                          " did not open. Bound by %1 or the command line; to "
+                                          "work without equipment, start with %1=sim")
+                  .arg(variable);
+    return {ports.join(QCoreApplication::translate("PortControl", " and ")) + advice,
             reasons.join(u'\n')};
+}
+
+StatusNotice NothingOpenNotice(const Quellpad_Support_Func& keyboard) {
+    QStringList closed;
+    QList<int> offered;
+    for (int number = 1; number <= 2; ++number) {
+        const SerialLine& port = keyboard.Port(number);
+        if (port.IsOpen()) {
+            return {};
+        }
+        closed << QStringLiteral("COM %1 (%2)").arg(number).arg(port.Device());
+        if (keyboard.AvailablePorts.contains(PortDigit(number))) {
+            offered << number;
+        }
+    }
+    const QString nothing =
+        QCoreApplication::translate("PortControl", "Nothing was sent: %1 and %2 are closed; ")
+            .arg(closed[0], closed[1]);
+    if (offered.size() == 1) {
+        return {nothing + QCoreApplication::translate("PortControl",
+                                                      "open COM %1 in the Options menu.")
+                              .arg(offered[0]),
+                {}};
+    }
+    if (offered.size() == 2) {
+        return {nothing + QCoreApplication::translate(
+                              "PortControl", "open COM 1 or COM 2 in the Options menu."),
+                {}};
+    }
+    return {nothing + QCoreApplication::translate(
+                          "PortControl", "bind one to a device in Options > Settings..."),
+            {}};
 }
 
 QStringList StartKeyboard(Quellpad_Support_Func& k) {

@@ -59,6 +59,9 @@ struct StatusNotice {
 // The status bar's notice of the enabled ports that would not open at start-up; empty
 // when all did.
 StatusNotice ClosedAtStartNotice(const QList<PortError>& failures);
+// The status bar's notice when the operator's command went nowhere because no port is
+// open: which are closed and how to open one. Empty while a port is open.
+StatusNotice NothingOpenNotice(const Quellpad_Support_Func& keyboard);
 
 // Raises the system timer resolution to 1 ms, and restores it, where the platform has
 // such a setting (elsewhere timers are already this fine).
