@@ -377,6 +377,7 @@ void FrmMain::Settings_Menu_Option_Click() {
     frmSettings window(keyboard_, this);
     connect(&window, &frmSettings::Saved, this, [this] {
         UpdateWindowTitle();
+        lookForPorts_ = {true, true};
         EnableComItems();
         for (int number = 1; number <= 2; ++number) {
             const bool open = keyboard_.Port(number).IsOpen();

@@ -175,6 +175,9 @@ private:
     JoystickState joystick_;
     QPointer<FrmTypeCmnds> typeCommands_;
     PortWatch* portWatch_ = nullptr;
+    // The ports to try once more when their devices are there (at start, after the settings
+    // are saved, and once a missing device appears).
+    std::array<bool, 2> lookForPorts_{true, true};
     // Whether the operator has been told that a command went nowhere for want of an open port.
     bool toldNothingOpen_ = false;
 

@@ -95,7 +95,7 @@ void FrmMain::SwitchMode(const QString& mode, QAction* item) {
 
 void FrmMain::EnableComItems() {
     // A device plugged in since the ports were looked for is offered at once.
-    ListPortsNowPresent(keyboard_);
+    ListPortsNowPresent(keyboard_, lookForPorts_);
     bool awaited = false;
     for (int number = 1; number <= 2; ++number) {
         QAction* item = number == 1 ? Com1Option : Com2Option;

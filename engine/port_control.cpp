@@ -89,13 +89,25 @@ void RebindPort(Quellpad_Support_Func& keyboard, int portNumber) {
     }
 }
 
-bool ListPortsNowPresent(Quellpad_Support_Func& keyboard) {
+bool ListPortsNowPresent(Quellpad_Support_Func& keyboard, std::array<bool, 2>& lookAgain) {
     bool added = false;
     for (int number = 1; number <= 2; ++number) {
         const QString device = keyboard.Port(number).Device();
-        // Only a device path can be seen to be there without opening it.
-        if (keyboard.AvailablePorts.contains(PortDigit(number)) || !device.startsWith(u'/') ||
-            !DevicePresent(device)) {
+        bool& look = lookAgain[static_cast<std::size_t>(number - 1)];
+        // Only a device path can be seen to come and go without opening it.
+        if (keyboard.AvailablePorts.contains(PortDigit(number)) || !device.startsWith(u'/')) {
+            continue;
+        }
+        if (!DevicePresent(device)) {
+            look = true;
+            continue;
+        }
+        if (!look) {
+            continue;
+        }
+        look = false;
+        // An open port is there; trying it would close it.
+        if (!keyboard.Port(number).IsOpen() && !keyboard.PortExists(number)) {
             continue;
         }
         const bool com1 = number == 1 || keyboard.AvailablePorts.contains(u'1');
@@ -172,18 +184,18 @@ StatusNotice NothingOpenNotice(const Quellpad_Support_Func& keyboard) {
         QCoreApplication::translate("PortControl", "Nothing was sent: %1 and %2 are closed; ")
             .arg(closed[0], closed[1]);
     if (offered.size() == 1) {
-        return {nothing + QCoreApplication::translate("PortControl",
-                                                      "open COM %1 in the Options menu.")
-                              .arg(offered[0]),
+        return {nothing +
+                    QCoreApplication::translate("PortControl", "open COM %1 in the Options menu.")
+                        .arg(offered[0]),
                 {}};
     }
     if (offered.size() == 2) {
-        return {nothing + QCoreApplication::translate(
-                              "PortControl", "open COM 1 or COM 2 in the Options menu."),
+        return {nothing + QCoreApplication::translate("PortControl",
+                                                      "open COM 1 or COM 2 in the Options menu."),
                 {}};
     }
-    return {nothing + QCoreApplication::translate(
-                          "PortControl", "bind one to a device in Options > Settings..."),
+    return {nothing + QCoreApplication::translate("PortControl",
+                                                  "bind one to a device in Options > Settings..."),
             {}};
 }
 
