@@ -212,8 +212,16 @@ void FrmMain::LoadKeyboard() {
     ui::SetCaption(RetransmitTimeLabel, TwoLines(tr("Retransmit"), tr("Time")));
 
     const QScreen* screen = this->screen();
-    const QSize available = screen ? screen->availableGeometry().size() : QSize(800, 600);
-    resize(StartWindowSize(available, ui::TwipsPerPixel(this)));
+    const QRect available = screen ? screen->availableGeometry() : QRect(0, 0, 800, 600);
+    resize(StartWindowSize(available.size(), ui::TwipsPerPixel(this)));
+    // A keyboard larger than the free area with room for a frame (its smallest size on a
+    // small screen at a large scale) opens at the area's top left, so that its title bar
+    // and menus are on the screen; placed by the window manager it would be centred, its
+    // top above the screen.
+    const QSize room = available.size() * 0.9;
+    if (width() > room.width() || height() > room.height()) {
+        move(available.topLeft());
+    }
 
     FillList(ZoneNumberList, {"8", "7", "6", "5", "4", "3", "2", "1"}, 7);
     FillList(PatternNumberListBox, {"10", "9", "8", "7", "6", "5", "4", "3", "2", "1", "0"}, 10);
