@@ -36,6 +36,7 @@
 #include <QStatusBar>
 #include <QTime>
 #include <QTimer>
+#include <QWindow>
 
 #include <cmath>
 
@@ -308,9 +309,12 @@ void FrmMain::UpdatePortBindings() {
 
 namespace {
 
-// A window that sits beside the keyboard, shown again in front where it was left.
+// A window that sits beside the keyboard, shown again in front where it was left. It is
+// a window of its own, not one the keyboard owns on the display, so that a command window,
+// which blocks the keyboard, leaves it usable.
 void BringUp(QWidget* window) {
     window->show();
+    window->windowHandle()->setTransientParent(nullptr);
     window->raise();
     window->activateWindow();
 }
@@ -479,6 +483,8 @@ void FrmMain::RunModalWindow(QDialog& window, bool pauseTimers,
     if (beforeShow) {
         beforeShow();
     }
+    // Modal to the keyboard only: the Traffic and Simulated Site windows stay usable beside it.
+    window.setWindowModality(Qt::WindowModal);
     window.exec();
 }
 
