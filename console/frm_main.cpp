@@ -37,6 +37,7 @@
 #include <QStatusBar>
 #include <QTime>
 #include <QTimer>
+#include <QWindow>
 
 #include <cmath>
 #include <utility>
@@ -103,6 +104,7 @@ void FrmMain::ConnectHandlers() {
     connect(CommandChangeTimer, &QTimer::timeout, this, [this] {
         boundary_.Run("CommandChangeTimer_Timer", [&] { CommandChangeTimer_Timer(); });
     });
+    connect(ComPresenceTimer, &QTimer::timeout, this, &FrmMain::EnableComItems);
     connect(RetransmitTimer, &QTimer::timeout, this,
             [this] { boundary_.Run("RetransmitTimer_Timer", [&] { RetransmitTimer_Timer(); }); });
     connect(RetransmitTimeTextBox, &QLineEdit::textChanged, this, [this] {
@@ -221,8 +223,16 @@ void FrmMain::LoadKeyboard() {
     ui::SetCaption(RetransmitTimeLabel, TwoLines(tr("Retransmit"), tr("Time")));
 
     const QScreen* screen = this->screen();
-    const QSize available = screen ? screen->availableGeometry().size() : QSize(800, 600);
-    resize(StartWindowSize(available, ui::TwipsPerPixel(this)));
+    const QRect available = screen ? screen->availableGeometry() : QRect(0, 0, 800, 600);
+    resize(StartWindowSize(available.size(), ui::TwipsPerPixel(this)));
+    // A keyboard larger than the free area with room for a frame (its smallest size on a
+    // small screen at a large scale) opens at the area's top left, so that its title bar
+    // and menus are on the screen; placed by the window manager it would be centred, its
+    // top above the screen.
+    const QSize room = available.size() * 0.9;
+    if (width() > room.width() || height() > room.height()) {
+        move(available.topLeft());
+    }
 
     FillList(ZoneNumberList, {"8", "7", "6", "5", "4", "3", "2", "1"}, 7);
     FillList(PatternNumberListBox, {"10", "9", "8", "7", "6", "5", "4", "3", "2", "1", "0"}, 10);
@@ -252,9 +262,7 @@ void FrmMain::LoadKeyboard() {
     }
     // Beside what the ports are bound to, until a port opens, closes or is bound anew
     // (UpdatePortBindings clears it).
-    const StatusNotice closed = ClosedAtStartNotice(started.closedPorts);
-    startNotice_->Show(closed.text, closed.detail);
-    startNotice_->setVisible(!closed.text.isEmpty());
+    ShowNotice(ClosedAtStartNotice(started.closedPorts));
 }
 
 void FrmMain::resizeEvent(QResizeEvent* event) {
@@ -320,8 +328,7 @@ void FrmMain::UpdatePortBindings() {
     portBindings_->Show(parts.join(QStringLiteral("    ")), alerts.join(u'\n'));
     startNotice_->Show({});
     startNotice_->hide();
-    Com1Option->setToolTip(keyboard_.MSComm1().Device());
-    Com2Option->setToolTip(keyboard_.MSComm2().Device());
+    EnableComItems();
 }
 
 // ---------------------------------------------------------------------------------------
@@ -329,9 +336,12 @@ void FrmMain::UpdatePortBindings() {
 
 namespace {
 
-// A window that sits beside the keyboard, shown again in front where it was left.
+// A window that sits beside the keyboard, shown again in front where it was left. It is
+// a window of its own, not one the keyboard owns on the display, so that a command window,
+// which blocks the keyboard, leaves it usable.
 void BringUp(QWidget* window) {
     window->show();
+    window->windowHandle()->setTransientParent(nullptr);
     window->raise();
     window->activateWindow();
 }
@@ -406,6 +416,7 @@ void FrmMain::Settings_Menu_Option_Click() {
     frmSettings window(keyboard_, this);
     connect(&window, &frmSettings::Saved, this, [this] {
         UpdateWindowTitle();
+        lookForPorts_ = {true, true};
         EnableComItems();
         for (int number = 1; number <= 2; ++number) {
             const bool open = keyboard_.Port(number).IsOpen();
@@ -504,6 +515,8 @@ void FrmMain::RunModalWindow(QDialog& window, bool pauseTimers,
     if (beforeShow) {
         beforeShow();
     }
+    // Modal to the keyboard only: the Traffic and Simulated Site windows stay usable beside it.
+    window.setWindowModality(Qt::WindowModal);
     window.exec();
 }
 
@@ -573,6 +586,16 @@ void FrmMain::CommandChangeTimer_Timer() {
     if (outcome.newInterval) {
         CommandChangeTimer->setInterval(*outcome.newInterval);
     }
+    // A control used while no port is open moves nothing: the first time, the operator is
+    // told why and what to do, once.
+    const bool command = keyboard_.Command1 != 0 || keyboard_.Command2 != 0 ||
+                         keyboard_.Data1 != 0 || keyboard_.Data2 != 0 ||
+                         (IsAsciiMode(keyboard_.CurrentMode) && !keyboard_.AsciiCommand.isEmpty() &&
+                          keyboard_.AsciiCommand != u"sa");
+    if (outcome.sent && command && !toldNothingOpen_ && !keyboard_.AnyPortOpen()) {
+        toldNothingOpen_ = true;
+        ShowNotice(NothingOpenNotice(keyboard_));
+    }
 }
 
 // ---------------------------------------------------------------------------------------
@@ -623,7 +646,13 @@ void FrmMain::Port_Back(int number, const QString& message) {
     }
     (number == 1 ? Com1Option : Com2Option)->setChecked(true);
     UpdatePortBindings();
-    boundary_.ReportAbout(PortSubject(number), message);
+    // Good news does not stop the operator: it is read, and heard, in the status bar.
+    ShowNotice({message, {}});
+}
+
+void FrmMain::ShowNotice(const StatusNotice& notice) {
+    startNotice_->Show(notice.text, notice.detail);
+    startNotice_->setVisible(!notice.text.isEmpty());
 }
 
 } // namespace quellpad

@@ -4,6 +4,7 @@
 #include "console/lens.h"
 #include "console/targets.h"
 #include "engine/keyboard_state.h"
+#include "engine/port_control.h"
 #include "ui/error_boundary.h"
 #include "ui/proportional_layout.h"
 
@@ -93,6 +94,9 @@ private:
                   std::function<void()> then = {});
     void LayOut();
     void PlaceJoystick();
+    // The window's outer size as the joystick's rest point takes it: its own, without the
+    // window manager's frame.
+    QSize OuterSize() const;
 
     // Options menu.
     void Com1Option_Click();
@@ -163,8 +167,12 @@ private:
                         const std::function<void()>& beforeShow = {});
     void UpdateWindowTitle();
     void UpdatePortBindings();
-    // The COM items can be chosen for the ports listed in AvailablePorts.
+    // The COM items can be chosen for the ports listed in AvailablePorts, a port being
+    // listed as soon as its device is there; a greyed one says why in its tool tip.
     void EnableComItems();
+    // A line of news beside the ports' bindings, announced to a screen reader; an empty
+    // text takes it away.
+    void ShowNotice(const StatusNotice& notice);
     QPushButton* LensControl(LensButton button) const;
 
     Quellpad_Support_Func& keyboard_;
@@ -185,6 +193,11 @@ private:
     bool resendAtNextTick_ = false;
     QPointer<FrmTypeCmnds> typeCommands_;
     PortWatch* portWatch_ = nullptr;
+    // The ports to try once more when their devices are there (at start, after the settings
+    // are saved, and once a missing device appears).
+    std::array<bool, 2> lookForPorts_{true, true};
+    // Whether the operator has been told that a command went nowhere for want of an open port.
+    bool toldNothingOpen_ = false;
 
     QWidget* canvas_ = nullptr;
     JoystickSquare* square_ = nullptr;
@@ -204,6 +217,8 @@ private:
     QTimer* CommandChangeTimer = nullptr;
     QTimer* RetransmitTimer = nullptr;
     QTimer* H_Poll_Timer = nullptr;
+    // Looks, while a COM item is greyed for want of its device, for the device to appear.
+    QTimer* ComPresenceTimer = nullptr;
 
     // Menus and items.
     QMenu* OptionsMenu = nullptr;

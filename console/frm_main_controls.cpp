@@ -4,12 +4,14 @@
 #include "console/joystick_widgets.h"
 #include "console/receiver.h"
 #include "console/window_size.h"
+#include "engine/port_watch.h"
 #include "engine/retransmission.h"
 #include "ui/controls.h"
 #include "ui/key_filter.h"
 
 #include <QAction>
 #include <QFontDatabase>
+#include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -40,6 +42,8 @@ void FrmMain::BuildMenus() {
     OptionsMenu = ui::MakeMenu(this, "OptionsMenu", tr("&Options"));
     Com1Option = ui::MakeItem(OptionsMenu, "Com1Option", QStringLiteral("COM 1"), true);
     Com2Option = ui::MakeItem(OptionsMenu, "Com2Option", QStringLiteral("COM 2"), true);
+    // A greyed COM item says why.
+    OptionsMenu->setToolTipsVisible(true);
     ui::MakeItem(OptionsMenu, "Settings_Menu_Option", tr("Settings..."));
     ui::MakeItem(OptionsMenu, "SimulatedSiteOption", tr("Simulated Site..."));
     ui::MakeItem(OptionsMenu, "mnuTraffic", tr("Traffic..."));
@@ -338,14 +342,27 @@ void FrmMain::BuildControls() {
     square_->installEventFilter(this);
     canvas_->installEventFilter(this);
 
-    portBindings_ = new ui::StatusText(this, "PortBindingsLabel");
-    statusBar()->addWidget(portBindings_, 1);
-    startNotice_ = new ui::StatusText(this, "StartNoticeLabel");
-    startNotice_->hide();
-    statusBar()->addWidget(startNotice_, 1);
+    // The bindings and where the settings are kept on one line, and below it a line of its
+    // own for news of the ports and advice, so that a sentence reads whole at the window's
+    // usual width. The second line keeps its room while empty: news that comes and goes
+    // never resizes the keyboard's face under a held joystick.
+    auto* status = new QWidget(this);
+    auto* lines = new QGridLayout(status);
+    lines->setContentsMargins(0, 0, 0, 0);
+    lines->setVerticalSpacing(0);
+    portBindings_ = new ui::StatusText(status, "PortBindingsLabel");
+    lines->addWidget(portBindings_, 0, 0);
+    lines->setColumnStretch(0, 1);
     // An installed program keeps its settings in the user's folder, not beside it: say where.
-    settingsPlace_ = new ui::StatusText(this, "SettingsPlaceLabel");
-    statusBar()->addPermanentWidget(settingsPlace_);
+    settingsPlace_ = new ui::StatusText(status, "SettingsPlaceLabel");
+    lines->addWidget(settingsPlace_, 0, 1);
+    startNotice_ = new ui::StatusText(status, "StartNoticeLabel");
+    QSizePolicy keepsRoom = startNotice_->sizePolicy();
+    keepsRoom.setRetainSizeWhenHidden(true);
+    startNotice_->setSizePolicy(keepsRoom);
+    startNotice_->hide();
+    lines->addWidget(startNotice_, 1, 0, 1, 2);
+    statusBar()->addWidget(status, 1);
     statusBar()->setSizeGripEnabled(true);
     statusBar()->setAccessibleName(tr("Status"));
     // The window's own keys (the menu-access key) must reach it whatever was clicked.
@@ -354,6 +371,8 @@ void FrmMain::BuildControls() {
     CommandChangeTimer = ui::MakeTimer(this, "CommandChangeTimer");
     RetransmitTimer = ui::MakeTimer(this, "RetransmitTimer");
     H_Poll_Timer = ui::MakeTimer(this, "H_Poll_Timer");
+    ComPresenceTimer = ui::MakeTimer(this, "ComPresenceTimer");
+    ComPresenceTimer->setInterval(PortWatch::kPollMs);
 
     setMinimumSize(MinimumWindowSize(ui::TwipsPerPixel(this)));
 }
@@ -366,10 +385,11 @@ void FrmMain::LayOut() {
 
 void FrmMain::PlaceJoystick() {
     // The square is centred on the knob's rest point, half the window's outer size, so that
-    // the speed rule measures from the square's centre. The outer size can change without
-    // the client area changing (a window manager adding its frame), so this is checked
-    // again at every press.
-    const QSize outer = frameGeometry().size();
+    // the speed rule measures from the square's centre. The outer size is the window's own
+    // (menus and status bar included, the window manager's frame not): the frame arrives
+    // after the window is shown and changes no size the keyboard is told of, so a rest
+    // point taken from it would move under a knob already drawn.
+    const QSize outer = OuterSize();
     const double scale = std::min(layout_.ScaleX(), layout_.ScaleY());
     const int side = static_cast<int>(std::lround(kSquareSide * scale));
     const int ballSide = static_cast<int>(std::lround(kBallSide * scale));

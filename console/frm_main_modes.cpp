@@ -2,6 +2,7 @@
 #include "console/dispatcher.h"
 #include "console/frm_main.h"
 #include "console/frm_main_parts.h"
+#include "engine/port_control.h"
 #include "ui/controls.h"
 
 #include <QAction>
@@ -93,8 +94,32 @@ void FrmMain::SwitchMode(const QString& mode, QAction* item) {
 }
 
 void FrmMain::EnableComItems() {
-    Com1Option->setEnabled(keyboard_.AvailablePorts.contains(u'1'));
-    Com2Option->setEnabled(keyboard_.AvailablePorts.contains(u'2'));
+    // A device plugged in since the ports were looked for is offered at once.
+    ListPortsNowPresent(keyboard_, lookForPorts_);
+    bool awaited = false;
+    for (int number = 1; number <= 2; ++number) {
+        QAction* item = number == 1 ? Com1Option : Com2Option;
+        const QString device = keyboard_.Port(number).Device();
+        const bool listed = keyboard_.AvailablePorts.contains(QString::number(number));
+        item->setEnabled(listed);
+        if (listed) {
+            item->setToolTip(device);
+        } else if (device.startsWith(u'/')) {
+            item->setToolTip(
+                tr("Not offered while nothing is at %1; offered as soon as the device is there.")
+                    .arg(device));
+            awaited = true;
+        } else {
+            item->setToolTip(tr("Not offered: %1 was not found when the ports were looked for; "
+                                "choose it again in Options > Settings...")
+                                 .arg(device));
+        }
+    }
+    if (awaited) {
+        ComPresenceTimer->start();
+    } else {
+        ComPresenceTimer->stop();
+    }
 }
 
 void FrmMain::ApplyModeControls() {

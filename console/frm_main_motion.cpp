@@ -153,7 +153,7 @@ QPointF FrmMain::FromTwips(QPointF twips) const {
 JoystickGeometry FrmMain::CurrentJoystickGeometry() const {
     const double twips = ui::TwipsPerPixel(this);
     const QRect square = square_->geometry();
-    const QSize outer = frameGeometry().size();
+    const QSize outer = OuterSize();
     return {square.x() * twips,      square.y() * twips,    square.width() * twips,
             square.height() * twips, outer.width() * twips, outer.height() * twips};
 }
@@ -168,8 +168,11 @@ void FrmMain::CentreJoystickBall() {
     PlaceBallAt(JoystickRestPoint(CurrentJoystickGeometry()));
 }
 
+QSize FrmMain::OuterSize() const {
+    return size();
+}
+
 void FrmMain::Form_MouseDown(int button, QPointF canvasPoint) {
-    PlaceJoystick();
     Form_MouseMove(button, canvasPoint);
 }
 
@@ -182,7 +185,6 @@ void FrmMain::Form_MouseMove(int buttons, QPointF canvasPoint) {
 }
 
 void FrmMain::DriveJoystick(JoystickState& state, QPointF twips) {
-    PlaceJoystick();
     if (UpdateJoystick(keyboard_, state, kLeftButton, twips.x(), twips.y(),
                        CurrentJoystickGeometry())) {
         PlaceBallAt(twips);

@@ -2,6 +2,8 @@
 
 #include "errors.h"
 #include "plain_file.h"
+#include "port_binding.h"
+#include "port_watch.h"
 #include "settings_file.h"
 
 #include <QCoreApplication>
@@ -87,6 +89,36 @@ void RebindPort(Quellpad_Support_Func& keyboard, int portNumber) {
     }
 }
 
+bool ListPortsNowPresent(Quellpad_Support_Func& keyboard, std::array<bool, 2>& lookAgain) {
+    bool added = false;
+    for (int number = 1; number <= 2; ++number) {
+        const QString device = keyboard.Port(number).Device();
+        bool& look = lookAgain[static_cast<std::size_t>(number - 1)];
+        // Only a device path can be seen to come and go without opening it.
+        if (keyboard.AvailablePorts.contains(PortDigit(number)) || !device.startsWith(u'/')) {
+            continue;
+        }
+        if (!DevicePresent(device)) {
+            look = true;
+            continue;
+        }
+        if (!look) {
+            continue;
+        }
+        look = false;
+        // An open port is there; trying it would close it.
+        if (!keyboard.Port(number).IsOpen() && !keyboard.PortExists(number)) {
+            continue;
+        }
+        const bool com1 = number == 1 || keyboard.AvailablePorts.contains(u'1');
+        const bool com2 = number == 2 || keyboard.AvailablePorts.contains(u'2');
+        keyboard.AvailablePorts =
+            (com1 ? QStringLiteral("1") : QString()) + (com2 ? QStringLiteral(" 2") : QString());
+        added = true;
+    }
+    return added;
+}
+
 void ResetKeyboardState(Quellpad_Support_Func& k) {
     k.BaudRate.clear();
     k.Parity.clear();
@@ -111,15 +143,60 @@ StatusNotice ClosedAtStartNotice(const QList<PortError>& failures) {
     }
     QStringList ports;
     QStringList reasons;
+    QString variable; // of the first port the environment or the command line binds
     for (const PortError& failure : failures) {
         ports << QStringLiteral("COM %1 (%2)").arg(failure.PortNumber()).arg(failure.Device());
         reasons << failure.Message();
+        if (variable.isEmpty() &&
+            ResolvePortBinding(failure.PortNumber()).source == BindingSource::Environment) {
+            variable = BindingVariable(failure.PortNumber());
+        }
     }
-    return {ports.join(QCoreApplication::translate("PortControl", " and ")) +
-                QCoreApplication::translate(
-                    "PortControl", " did not open; to work without equipment, choose \"Simulated "
-                                   "site\" in Options > Settings..."),
+    // The settings window cannot change a binding the environment made: the advice is
+    // where the binding was made.
+    const QString advice =
+        variable.isEmpty()
+            ? QCoreApplication::translate("PortControl",
+                                          " did not open; to work without equipment, choose "
+                                          "\"Simulated site\" in Options > Settings...")
+            : QCoreApplication::translate("PortControl",
+                                          " did not open. Bound by %1 or the command line; to "
+                                          "work without equipment, start with %1=sim")
+                  .arg(variable);
+    return {ports.join(QCoreApplication::translate("PortControl", " and ")) + advice,
             reasons.join(u'\n')};
+}
+
+StatusNotice NothingOpenNotice(const Quellpad_Support_Func& keyboard) {
+    QStringList closed;
+    QList<int> offered;
+    for (int number = 1; number <= 2; ++number) {
+        const SerialLine& port = keyboard.Port(number);
+        if (port.IsOpen()) {
+            return {};
+        }
+        closed << QStringLiteral("COM %1 (%2)").arg(number).arg(port.Device());
+        if (keyboard.AvailablePorts.contains(PortDigit(number))) {
+            offered << number;
+        }
+    }
+    const QString nothing =
+        QCoreApplication::translate("PortControl", "Nothing was sent: %1 and %2 are closed; ")
+            .arg(closed[0], closed[1]);
+    if (offered.size() == 1) {
+        return {nothing +
+                    QCoreApplication::translate("PortControl", "open COM %1 in the Options menu.")
+                        .arg(offered[0]),
+                {}};
+    }
+    if (offered.size() == 2) {
+        return {nothing + QCoreApplication::translate("PortControl",
+                                                      "open COM 1 or COM 2 in the Options menu."),
+                {}};
+    }
+    return {nothing + QCoreApplication::translate("PortControl",
+                                                  "bind one to a device in Options > Settings..."),
+            {}};
 }
 
 QStringList StartKeyboard(Quellpad_Support_Func& k) {

@@ -5,6 +5,8 @@
 
 #include <QStringList>
 
+#include <array>
+
 namespace quellpad {
 
 // The Options menu's COM n item: opens the port when it is closed, closes it when it is
@@ -24,6 +26,14 @@ void ApplyLineSettings(Quellpad_Support_Func& keyboard);
 // when its new device is there; nothing else of the settings changes. An open that fails
 // raises PortError; the port is then bound and closed, and stays enabled.
 void RebindPort(Quellpad_Support_Func& keyboard, int portNumber);
+
+// Lists in AvailablePorts each port bound to a device that was not found when the ports
+// were detected and is there now (an adapter plugged in after the first start): its COM
+// item is offered from then on. A port marked in `lookAgain` is tried as a first start
+// tries it, by opening and closing it, once its device is there; a device that is there
+// but will not open (a serial port's device file with no port behind it) is tried again
+// only after it has been missing. Whether a port was added.
+bool ListPortsNowPresent(Quellpad_Support_Func& keyboard, std::array<bool, 2>& lookAgain);
 
 // The reset of the shared state at start-up, before Settings.dat is read.
 void ResetKeyboardState(Quellpad_Support_Func& keyboard);
@@ -54,6 +64,9 @@ struct StatusNotice {
 // The status bar's notice of the enabled ports that would not open at start-up; empty
 // when all did.
 StatusNotice ClosedAtStartNotice(const QList<PortError>& failures);
+// The status bar's notice when the operator's command went nowhere because no port is
+// open: which are closed and how to open one. Empty while a port is open.
+StatusNotice NothingOpenNotice(const Quellpad_Support_Func& keyboard);
 
 // Raises the system timer resolution to 1 ms, and restores it, where the platform has
 // such a setting (elsewhere timers are already this fine).

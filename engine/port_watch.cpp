@@ -41,7 +41,9 @@ void PortWatch::Poll() {
             Forget(number); // the operator opened it from the menu
             continue;
         }
-        if (!DevicePresent(port.Device())) {
+        // A kernel name now given to another device (the next adapter, the next
+        // terminal) is left alone: only the device the port was open on is reopened.
+        if (!DevicePresent(port.Device()) || !port.SameDeviceThere()) {
             continue;
         }
         try {

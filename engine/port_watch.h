@@ -10,7 +10,9 @@
 namespace quellpad {
 
 // Waits for the device of a failed COM port to come back (a USB adapter plugged in
-// again, a line server restarted) and reopens the port by itself. The port keeps its
+// again, a line server restarted) and reopens the port by itself, on that device only:
+// never on another that took its kernel name, nor on a pseudo-terminal, whose number the
+// next terminal gets. The port keeps its
 // line settings and RTS while closed, so it comes back as the operator left it. The
 // timer (`PortWatchTimer`) runs only while a port is watched.
 class PortWatch : public QObject {

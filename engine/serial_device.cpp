@@ -167,6 +167,14 @@ void SerialDevice::Open() {
     received_.clear();
     port_.setFlowControl(QSerialPort::NoFlowControl);
     ApplyRts();
+    openedOn_ = IdentifyDevice(device_);
+}
+
+bool SerialDevice::SameDeviceThere() const {
+    const DeviceIdentity now = IdentifyDevice(device_);
+    // A pseudo-terminal that was not there at the start had no program serving it for the
+    // keyboard: the next one to appear under its number is another program's terminal.
+    return openedOn_ ? SameDevice(*openedOn_, now) : !now.pseudoTerminal;
 }
 
 void SerialDevice::Close() {
@@ -311,10 +319,18 @@ void SerialDevice::OnError(QSerialPort::SerialPortError error) {
     port_.close();
     port_.clearError();
     received_.clear();
-    emit LineFailed(
-        PortError(portNumber_, device_, PortFailure::Vanished,
-                  QCoreApplication::translate("PortErrors", "the device was unplugged or hung up"))
-            .Message());
+    // The operator is told that a pseudo-terminal waits for them, since the port watch
+    // will not open it again.
+    const bool terminal =
+        openedOn_ && openedOn_->pseudoTerminal && openedOn_->stableNames.isEmpty();
+    const QString reason =
+        terminal ? QCoreApplication::translate(
+                       "PortErrors", "the program at its far end closed it. A pseudo-terminal is "
+                                     "not opened again by itself: choose Options > COM %1 once a "
+                                     "program serves it again")
+                       .arg(portNumber_)
+                 : QCoreApplication::translate("PortErrors", "the device was unplugged or hung up");
+    emit LineFailed(PortError(portNumber_, device_, PortFailure::Vanished, reason).Message());
 }
 
 QString AccessRefusalText(const QString& device, const DeviceAccess& access) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "serial_line.h"
+#include "stable_device_names.h"
 
 #include <QSerialPort>
 
@@ -59,6 +60,7 @@ public:
     void Open() override;
     void Close() override;
     bool IsOpen() const override;
+    bool SameDeviceThere() const override;
     void Output(std::uint8_t byte) override;
     QByteArray Input() override;
     void WaitUntilSent(QDeadlineTimer deadline) override;
@@ -84,6 +86,8 @@ private:
     bool reportPending_ = false;
     bool stalled_ = false;
     QByteArray received_;
+    // What the port was last open on; nothing before its first opening.
+    std::optional<DeviceIdentity> openedOn_;
 };
 
 // Makes the line for a COM port number; the keyboard asks it for COM 1 and COM 2.

@@ -45,6 +45,11 @@ public:
     virtual void Close() = 0;
     virtual bool IsOpen() const = 0;
 
+    // Whether what the binding leads to now is the device the port was last open on, so
+    // that the port may be opened again without the operator. A line that cannot be
+    // mistaken for another (the simulated site, a server reached by its address) says yes.
+    virtual bool SameDeviceThere() const { return true; }
+
     // Hands one byte to the driver at once; fails with PortError.
     virtual void Output(std::uint8_t byte) = 0;
     // The bytes waiting, up to the input length.

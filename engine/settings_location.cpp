@@ -39,8 +39,9 @@ QString SettingsDir() {
         const QFileInfo info(path);
         return info.isDir() && info.isWritable() && !IsSharedProgramFolder(path);
     });
-    if (dir == candidates.userDir) {
-        // A first start after installation: the folder does not exist yet.
+    if (dir == candidates.userDir || dir == candidates.namedDir) {
+        // A first start after installation, or in a folder the operator names for a site:
+        // the folder does not exist yet.
         QDir().mkpath(dir);
     }
     return dir;

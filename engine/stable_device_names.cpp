@@ -1,7 +1,13 @@
 #include "stable_device_names.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
+
+#ifdef Q_OS_LINUX
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
+#endif
 
 namespace quellpad {
 
@@ -12,7 +18,90 @@ QString DeviceBehind(const QString& path) {
     return QFileInfo(path).canonicalFilePath();
 }
 
+// The device itself, with no link on the way; a path whose device has gone (a dangling
+// link) is followed as far as it leads.
+QString ResolvedPath(const QString& path) {
+    if (const QString device = DeviceBehind(path); !device.isEmpty()) {
+        return device;
+    }
+    const QFileInfo info(path);
+    return info.isSymLink() ? info.symLinkTarget() : path;
+}
+
+bool IsPseudoTerminal(const QString& device) {
+#ifdef Q_OS_LINUX
+    // The kernel's pseudo-terminal devices, however they are reached.
+    constexpr unsigned kFirstPtyMajor = 136;
+    constexpr unsigned kLastPtyMajor = 143;
+    struct stat info {};
+    if (::stat(QFile::encodeName(device).constData(), &info) == 0 && S_ISCHR(info.st_mode)) {
+        return major(info.st_rdev) >= kFirstPtyMajor && major(info.st_rdev) <= kLastPtyMajor;
+    }
+#endif
+    return device.startsWith(QLatin1String("/dev/pts/"));
+}
+
+// The device's place in the system's device tree and the serial number of the nearest
+// device above it that has one (a USB adapter's); empty where the system tells nothing.
+QString HardwareOf(const QString& device) {
+#ifdef Q_OS_LINUX
+    const QString place =
+        DeviceBehind(QStringLiteral("/sys/class/tty/%1/device").arg(QFileInfo(device).fileName()));
+    if (place.isEmpty()) {
+        return {};
+    }
+    for (QDir dir(place); dir.path() != QLatin1String("/sys") && dir.cdUp();) {
+        QFile serial(dir.filePath(QStringLiteral("serial")));
+        if (serial.open(QIODevice::ReadOnly)) {
+            return place + u' ' + QString::fromLatin1(serial.readAll().trimmed());
+        }
+    }
+    return place;
+#else
+    Q_UNUSED(device);
+    return {};
+#endif
+}
+
 } // namespace
+
+DeviceIdentity IdentifyDevice(const QString& binding, const QList<StableName>& names) {
+    const QString path = binding.trimmed();
+    if (!path.startsWith(u'/')) {
+        return {}; // the simulated site, a server: nothing to mistake for another
+    }
+    DeviceIdentity identity;
+    const QString device = ResolvedPath(path);
+    identity.pseudoTerminal = IsPseudoTerminal(device);
+    for (const StableName& name : names) {
+        if (name.target == device || name.path == path) {
+            identity.stableNames << name.path;
+        }
+    }
+    if (!identity.pseudoTerminal && !DeviceBehind(path).isEmpty()) {
+        identity.hardware = HardwareOf(device);
+    }
+    return identity;
+}
+
+DeviceIdentity IdentifyDevice(const QString& binding) {
+    return IdentifyDevice(binding, StableNames(StableNameFolder()));
+}
+
+bool SameDevice(const DeviceIdentity& before, const DeviceIdentity& now) {
+    if (!before.stableNames.isEmpty()) {
+        for (const QString& name : before.stableNames) {
+            if (now.stableNames.contains(name)) {
+                return true;
+            }
+        }
+        return false;
+    }
+    if (before.pseudoTerminal || now.pseudoTerminal) {
+        return false;
+    }
+    return before.hardware.isEmpty() || before.hardware == now.hardware;
+}
 
 QString StableNameFolder() {
     const QString named = qEnvironmentVariable("QUELLPAD_SERIAL_BY_ID_DIR");

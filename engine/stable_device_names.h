@@ -4,6 +4,7 @@
 
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 namespace quellpad {
 
@@ -33,6 +34,30 @@ QList<DeviceChoice> WithStableNames(const QList<DeviceChoice>& devices,
 // The binding as it is to be kept: the stable name of the device it names, when it has
 // one; any other binding (the simulated site, a server, a device without one) as it is.
 QString PreferStableName(const QString& binding, const QList<StableName>& names);
+
+// What tells the device behind a binding apart from the next one to take its kernel name:
+// the next USB adapter plugged in takes the last one's /dev/ttyUSBn, and the next terminal
+// opened the last pseudo-terminal's /dev/pts number.
+struct DeviceIdentity {
+    // A pseudo-terminal: its number goes to whichever program asks next, and nothing tells
+    // its next owner from its last.
+    bool pseudoTerminal = false;
+    // The stable names that lead to it (an adapter's /dev/serial/by-id names).
+    QStringList stableNames;
+    // Where it sits in the system's device tree, with its serial number where it has one.
+    QString hardware;
+    friend bool operator==(const DeviceIdentity&, const DeviceIdentity&) = default;
+};
+
+// The identity of what `binding` leads to now (nothing when nothing is there).
+DeviceIdentity IdentifyDevice(const QString& binding, const QList<StableName>& names);
+DeviceIdentity IdentifyDevice(const QString& binding);
+
+// Whether the device found now is the one a port was open on, so that the port may be
+// opened again without the operator: by a stable name they share, else (never for a
+// pseudo-terminal) by their place and serial number. A device of which nothing was known
+// (a built-in port where the system tells nothing) counts as the same.
+bool SameDevice(const DeviceIdentity& before, const DeviceIdentity& now);
 
 // The same two on this system's devices and stable names.
 QList<DeviceChoice> ChooserDevices();

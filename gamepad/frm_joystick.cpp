@@ -10,6 +10,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
+#include <QScrollArea>
 #include <QSpinBox>
 #include <QVBoxLayout>
 
@@ -115,10 +116,21 @@ FrmJoystick::FrmJoystick(const GamepadBindings& b, QWidget* parent) : QDialog(pa
     auto* close = new QDialogButtonBox(QDialogButtonBox::Close, this);
     connect(close, &QDialogButtonBox::rejected, this, &QDialog::close);
 
+    // What the window holds scrolls within it where the screen is too small for all of it
+    // (a laptop's screen at a large scale); Close stays in view.
+    auto* held = new QWidget;
+    auto* heldLayout = new QVBoxLayout(held);
+    heldLayout->setContentsMargins(0, 0, 0, 0);
+    heldLayout->addWidget(ControllerLabel);
+    heldLayout->addWidget(stick);
+    heldLayout->addWidget(buttons);
+    auto* scroll = new QScrollArea(this);
+    scroll->setObjectName(QStringLiteral("JoystickScroll"));
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidget(held);
     auto* layout = new QVBoxLayout(this);
-    layout->addWidget(ControllerLabel);
-    layout->addWidget(stick);
-    layout->addWidget(buttons);
+    layout->addWidget(scroll, 1);
     layout->addWidget(close);
 
     auto changed = [this] {
@@ -131,6 +143,7 @@ FrmJoystick::FrmJoystick(const GamepadBindings& b, QWidget* parent) : QDialog(pa
         connect(check, &QCheckBox::toggled, this, changed);
     }
     connect(DeadZoneBox, &QSpinBox::valueChanged, this, changed);
+    ui::SizeWithinScreen(this, held->sizeHint() + QSize(40, close->sizeHint().height() + 40));
     ui::RememberWindow(this, QStringLiteral("Joystick"));
 }
 

@@ -967,6 +967,26 @@ Die Antwort auf den Befehl erscheint unten.</translation>
         <source>Settings.dat holds the mode &quot;%1&quot;, which this keyboard does not know, so no command is sent and replies are dropped. Choose a mode in the Mode menu.</source>
         <translation>Settings.dat enthält den Modus „%1“, den diese Tastatur nicht kennt; daher wird kein Befehl gesendet und Antworten werden verworfen. Wählen Sie einen Modus im Menü Modus.</translation>
     </message>
+    <message>
+        <source> did not open. Bound by %1 or the command line; to work without equipment, start with %1=sim</source>
+        <translation> ließ sich nicht öffnen. Gebunden durch %1 oder die Befehlszeile; um ohne Geräte zu arbeiten, starten Sie mit %1=sim</translation>
+    </message>
+    <message>
+        <source>Nothing was sent: %1 and %2 are closed; </source>
+        <translation>Nichts wurde gesendet: %1 und %2 sind geschlossen; </translation>
+    </message>
+    <message>
+        <source>open COM %1 in the Options menu.</source>
+        <translation>öffnen Sie COM %1 im Menü Optionen.</translation>
+    </message>
+    <message>
+        <source>open COM 1 or COM 2 in the Options menu.</source>
+        <translation>öffnen Sie COM 1 oder COM 2 im Menü Optionen.</translation>
+    </message>
+    <message>
+        <source>bind one to a device in Options &gt; Settings...</source>
+        <translation>binden Sie einen an ein Gerät unter Optionen &gt; Einstellungen...</translation>
+    </message>
 </context>
 <context>
     <name>PortErrors</name>
@@ -1037,6 +1057,10 @@ Die Antwort auf den Befehl erscheint unten.</translation>
     <message>
         <source> Ask for read and write access to it.</source>
         <translation> Bitten Sie um Lese- und Schreibzugriff darauf.</translation>
+    </message>
+    <message>
+        <source>the program at its far end closed it. A pseudo-terminal is not opened again by itself: choose Options &gt; COM %1 once a program serves it again</source>
+        <translation>das Programm an seinem anderen Ende hat es geschlossen. Ein Pseudo-Terminal wird nicht von selbst wieder geöffnet: wählen Sie Optionen &gt; COM %1, sobald ein Programm es wieder bedient</translation>
     </message>
 </context>
 <context>
@@ -2247,6 +2271,14 @@ gelangen Sie in die Menüs.</translation>
     <message>
         <source>Response to P Protocol Commands</source>
         <translation>Antwort auf Befehle im P-Protokoll</translation>
+    </message>
+    <message>
+        <source>Not offered while nothing is at %1; offered as soon as the device is there.</source>
+        <translation>Nicht angeboten, solange unter %1 nichts ist; angeboten, sobald das Gerät da ist.</translation>
+    </message>
+    <message>
+        <source>Not offered: %1 was not found when the ports were looked for; choose it again in Options &gt; Settings...</source>
+        <translation>Nicht angeboten: %1 wurde bei der Suche nach Anschlüssen nicht gefunden; wählen Sie es erneut unter Optionen &gt; Einstellungen...</translation>
     </message>
 </context>
 <context>

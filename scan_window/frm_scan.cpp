@@ -111,6 +111,8 @@ FrmScan::FrmScan(Quellpad_Support_Func& keyboard, std::function<void(int)> pause
     connect(PortBox, &QComboBox::currentIndexChanged, this, &FrmScan::ShowWarning);
     connect(LanguageBox, &QComboBox::currentIndexChanged, this, &FrmScan::ShowWarning);
     ShowWarning();
+    // Placed, like the program's other windows, whole within the screen.
+    ui::SizeWithinScreen(this, sizeHint());
 }
 
 FrmScan::~FrmScan() = default;

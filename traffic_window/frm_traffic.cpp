@@ -91,11 +91,16 @@ FrmTraffic::FrmTraffic(Quellpad_Support_Func& keyboard, QWidget* parent)
     LogToFileButton->setCheckable(true);
     connect(LogToFileButton, &QPushButton::clicked, this,
             [this] { boundary_.Run("LogToFileButton_Click", [&] { LogToFileButton_Click(); }); });
+    // The buttons on a line of their own below the filters, so that the window can be made
+    // as narrow as a small screen at a large scale.
+    auto* actions = new QHBoxLayout;
     for (QPushButton* button : {PauseButton, clear, copy, save, LogToFileButton}) {
         button->setAutoDefault(false);
-        controls->addWidget(button);
+        actions->addWidget(button);
     }
+    actions->addStretch(1);
     layout->addLayout(controls);
+    layout->addLayout(actions);
 
     TrafficTableView = new QTableView(this);
     TrafficTableView->setObjectName(QStringLiteral("TrafficTableView"));

@@ -2,11 +2,13 @@
 
 #include "ui/controls.h"
 
+#include <QAbstractItemView>
 #include <QAccessible>
 #include <QAccessibleWidget>
 #include <QComboBox>
 #include <QDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMainWindow>
 
 namespace quellpad::ui {
@@ -102,15 +104,16 @@ public:
 
 // A list to choose from, heard by its label with its choice as its value. (Qt's own names
 // a combo box on this platform by its current text, which tells the listener nothing of
-// what is being chosen.)
+// what is being chosen.) Installed in place of Qt's own, it gives what Qt's gives besides:
+// the list, whose items are Qt's own list's, and the typed text of an editable box, as its
+// children, and the actions that open the list.
 class ChoiceAccessible final : public QAccessibleWidget {
 public:
     explicit ChoiceAccessible(QComboBox* box) : QAccessibleWidget(box, QAccessible::ComboBox) {}
 
     QString text(QAccessible::Text kind) const override {
-        const auto* box = static_cast<const QComboBox*>(widget());
         if (kind == QAccessible::Value) {
-            return box->currentText();
+            return Box()->currentText();
         }
         if (kind == QAccessible::Name) {
             return OneLine(QAccessibleWidget::text(kind));
@@ -120,9 +123,57 @@ public:
     QAccessible::State state() const override {
         QAccessible::State state = QAccessibleWidget::state();
         state.expandable = true;
-        state.editable = static_cast<const QComboBox*>(widget())->isEditable();
+        state.expanded = Box()->view()->isVisible();
+        state.editable = Box()->isEditable();
         return state;
     }
+
+    int childCount() const override { return Box()->isEditable() ? 2 : 1; }
+    QAccessibleInterface* child(int index) const override {
+        if (index == 0) {
+            return QAccessible::queryAccessibleInterface(Box()->view());
+        }
+        if (index == 1 && Box()->isEditable()) {
+            return QAccessible::queryAccessibleInterface(Box()->lineEdit());
+        }
+        return nullptr;
+    }
+    int indexOfChild(const QAccessibleInterface* child) const override {
+        if (child == nullptr) {
+            return -1;
+        }
+        if (child->object() == Box()->view()) {
+            return 0;
+        }
+        return Box()->isEditable() && child->object() == Box()->lineEdit() ? 1 : -1;
+    }
+    QAccessibleInterface* childAt(int x, int y) const override {
+        QLineEdit* typed = Box()->lineEdit();
+        if (typed != nullptr && typed->isVisible() &&
+            QRect(typed->mapToGlobal(QPoint(0, 0)), typed->size()).contains(x, y)) {
+            return child(1);
+        }
+        return nullptr;
+    }
+    // An editable box passes its focus on to its text, which is never focused itself.
+    QAccessibleInterface* focusChild() const override {
+        return Box()->isEditable() ? child(1) : nullptr;
+    }
+
+    QStringList actionNames() const override { return {showMenuAction(), pressAction()}; }
+    void doAction(const QString& action) override {
+        if (action != showMenuAction() && action != pressAction()) {
+            return;
+        }
+        if (Box()->view()->isVisible()) {
+            Box()->hidePopup();
+        } else {
+            Box()->showPopup();
+        }
+    }
+
+private:
+    QComboBox* Box() const { return static_cast<QComboBox*>(widget()); }
 };
 
 QAccessibleInterface* Factory(const QString& className, QObject* object) {

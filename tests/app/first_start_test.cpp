@@ -9,7 +9,8 @@ namespace {
 const QString kMissing = QStringLiteral("/dev/quellpad-missing");
 
 // The program as a newcomer starts it: ports that will not open are told in the status
-// bar, with the way to the simulated site, and never stop the operator with a message.
+// bar, with the way to the simulated site where the ports were bound (here by the
+// environment), and never stop the operator with a message.
 class FirstStartTest : public MainWindowFixture {
 protected:
     // The notice, beside the ports' bindings, which stay in view.
@@ -46,12 +47,12 @@ TEST_F(FirstStartTest, AnEnabledPortThatWillNotOpenIsToldInTheStatusBarWithTheWa
         QString told;
     } cases[] = {
         {"1 2", false,
-         QStringLiteral("COM 1 (%1) did not open; to work without equipment, choose \"Simulated "
-                        "site\" in Options > Settings...")
+         QStringLiteral("COM 1 (%1) did not open. Bound by QUELLPAD_COM1 or the command line; to "
+                        "work without equipment, start with QUELLPAD_COM1=sim")
              .arg(kMissing)},
         {"1 2", true,
-         QStringLiteral("COM 1 (%1) and COM 2 (%1) did not open; to work without equipment, "
-                        "choose \"Simulated site\" in Options > Settings...")
+         QStringLiteral("COM 1 (%1) and COM 2 (%1) did not open. Bound by QUELLPAD_COM1 or the "
+                        "command line; to work without equipment, start with QUELLPAD_COM1=sim")
              .arg(kMissing)},
         {"2", false, QString()},
     };

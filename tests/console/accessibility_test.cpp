@@ -77,6 +77,38 @@ QString Describe(QAccessibleInterface* node) {
              node->text(QAccessible::Name));
 }
 
+// A choice box opens a list in which every item is heard by its text and can be picked.
+void CheckChoiceList(QAccessibleInterface* node, Findings& findings) {
+    const auto* box = qobject_cast<const QComboBox*>(node->object());
+    QAccessibleInterface* list = node->childCount() > 0 ? node->child(0) : nullptr;
+    if (box == nullptr || list == nullptr || list->role() != QAccessible::List) {
+        findings.faults << QStringLiteral("no list to open: ") + Describe(node);
+        return;
+    }
+    QStringList items;
+    QStringList heard;
+    for (int row = 0; row < box->count(); ++row) {
+        items << box->itemText(row);
+    }
+    for (int i = 0; i < list->childCount(); ++i) {
+        if (QAccessibleInterface* item = list->child(i); item->role() == QAccessible::ListItem) {
+            heard << item->text(QAccessible::Name);
+        }
+    }
+    if (heard != items) {
+        findings.faults << QStringLiteral("its list is heard as [%1], not [%2]: ")
+                                   .arg(heard.join(u'|'), items.join(u'|')) +
+                               Describe(node);
+    }
+    if (node->indexOfChild(list) != 0) {
+        findings.faults << QStringLiteral("its list does not lead back to it: ") + Describe(node);
+    }
+    if (!node->actionInterface() || !node->actionInterface()->actionNames().contains(
+                                        QAccessibleActionInterface::showMenuAction())) {
+        findings.faults << QStringLiteral("its list cannot be opened: ") + Describe(node);
+    }
+}
+
 void Walk(QAccessibleInterface* node, Findings& findings, QHash<QString, QString>& buttons) {
     if (node == nullptr || node->state().invisible) {
         return;
@@ -106,6 +138,10 @@ void Walk(QAccessibleInterface* node, Findings& findings, QHash<QString, QString
                                    Describe(node);
         }
         buttons.insert(name, Describe(node));
+    }
+    if (role == QAccessible::ComboBox) {
+        CheckChoiceList(node, findings);
+        return; // its list is the box's own, heard through the box
     }
     for (int i = 0; i < node->childCount(); ++i) {
         Walk(node->child(i), findings, buttons);

@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
+#include <QWindow>
 
 namespace quellpad::test {
 namespace {
@@ -19,6 +20,14 @@ namespace {
 class CommandWindowsTest : public MainWindowFixture {
 protected:
     bool Running(const char* timer) const { return Child<QTimer>(timer)->isActive(); }
+    // A click as the display delivers it, to the control's window, where a modal window
+    // may stop it.
+    static void ClickThroughItsWindow(QWidget* control) {
+        QWidget* window = control->window();
+        const QPoint at = control->mapTo(window, control->rect().center());
+        QTest::mousePress(window->windowHandle(), Qt::LeftButton, {}, at);
+        QTest::mouseRelease(window->windowHandle(), Qt::LeftButton, {}, at);
+    }
 };
 
 TEST_F(CommandWindowsTest, TypedCommandsPauseBothTimersShowRepliesAndRestoreTheTimers) {
@@ -94,6 +103,28 @@ TEST_F(CommandWindowsTest, AdvancedAndExtendedWindowsLoadWhileTheDispatcherRunsA
         EXPECT_EQ(keyboard_->Command2, 0) << item;
         EXPECT_EQ(com1_.Drain(250), QByteArray())
             << "cleared with their last-sent copies, the registers send nothing more";
+    }
+}
+
+// A command window keeps the operator off the keyboard underneath only: the windows beside
+// it (the Traffic window here, the Simulated Site window alike) stay usable, so that what
+// it acts on can be watched.
+TEST_F(CommandWindowsTest, ACommandWindowBlocksTheKeyboardButNotTheWindowsBesideIt) {
+    Start("D");
+    Choose("mnuTraffic");
+    auto* traffic = window_->findChild<QWidget*>(QStringLiteral("FrmTraffic"));
+    ASSERT_NE(traffic, nullptr);
+    auto* pause = traffic->findChild<QPushButton*>(QStringLiteral("PauseButton"));
+    for (const char* item : {"AdvancedCommandsOption", "MenuControlOption"}) {
+        const bool paused = pause->isChecked();
+        const bool opened = WhileOpen([&] { Choose(item); },
+                                      [&](QDialog&) {
+                                          ClickThroughItsWindow(pause);
+                                          ClickThroughItsWindow(Child("ZoomIn"));
+                                      });
+        ASSERT_TRUE(opened) << item;
+        EXPECT_NE(pause->isChecked(), paused) << "the Traffic window takes clicks beside " << item;
+        EXPECT_EQ(keyboard_->Command2, 0) << "the keyboard takes none beside " << item;
     }
 }
 

@@ -9,6 +9,8 @@
 #include <QAbstractItemView>
 #include <QAccessible>
 #include <QAction>
+#include <QDir>
+#include <QFile>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -17,8 +19,10 @@
 #include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QScrollBar>
 #include <QSet>
+#include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
 
@@ -218,9 +222,12 @@ TEST_F(MainWindowTest, AFailingTickIsReportedOnceAndTheKeyboardKeepsWorking) {
 }
 
 TEST_F(MainWindowTest, AnUnpluggedDeviceIsWatchedForAndReopenedEachTimeItComesBack) {
-    // COM 1 is bound to a link that the test points at a new pseudo-terminal each time,
-    // as a USB adapter comes back under the same name.
-    const QString link = dir_.filePath(QStringLiteral("com1"));
+    // COM 1 is bound to an adapter's stable name, a link that the test points at a new
+    // pseudo-terminal each time, as a USB adapter comes back under the same name.
+    ASSERT_TRUE(QDir(dir_.path()).mkdir(QStringLiteral("by-id")));
+    qputenv("QUELLPAD_SERIAL_BY_ID_DIR", QFile::encodeName(dir_.filePath(QStringLiteral("by-id"))));
+    const auto unset = qScopeGuard([] { qunsetenv("QUELLPAD_SERIAL_BY_ID_DIR"); });
+    const QString link = dir_.filePath(QStringLiteral("by-id/usb-FTDI_FT232R_A50285BI-port0"));
     const auto pointAt = [&](const QString& device) {
         const QString fresh = link + QStringLiteral(".new");
         ASSERT_EQ(symlink(QFile::encodeName(device).constData(), QFile::encodeName(fresh)), 0);
@@ -238,7 +245,7 @@ TEST_F(MainWindowTest, AnUnpluggedDeviceIsWatchedForAndReopenedEachTimeItComesBa
         ASSERT_FALSE(echo->text().isEmpty());
 
         devices.back()->Hangup();
-        ASSERT_TRUE(WaitUntil([&] { return ShownMessages().size() == 2 * plug - 1; }));
+        ASSERT_TRUE(WaitUntil([&] { return ShownMessages().size() == plug; }));
         EXPECT_EQ(ShownMessages().back().text,
                   QStringLiteral("COM 1 (%1) stopped working and has been closed: the device was "
                                  "unplugged or hung up.")
@@ -255,16 +262,81 @@ TEST_F(MainWindowTest, AnUnpluggedDeviceIsWatchedForAndReopenedEachTimeItComesBa
             EXPECT_TRUE(ReadSettings().endsWith("\r\n1\r\n"));
         }
 
+        // Its return is told in the status bar, and stops nobody.
+        auto* notice = Child<QLabel>("StartNoticeLabel");
         devices.push_back(std::make_unique<PseudoTerminal>());
         pointAt(devices.back()->SlavePath());
-        ASSERT_TRUE(WaitUntil([&] { return ShownMessages().size() == 2 * plug; }));
-        EXPECT_EQ(ShownMessages().back().text,
+        ASSERT_TRUE(WaitUntil([&] { return Child<QAction>("Com1Option")->isChecked(); }));
+        EXPECT_EQ(notice->text(),
                   QStringLiteral("COM 1 (%1) is back and has been opened again.").arg(link));
-        EXPECT_TRUE(Child<QAction>("Com1Option")->isChecked());
+        EXPECT_TRUE(notice->isVisible());
+        EXPECT_EQ(ShownMessages().size(), plug) << "only failures interrupt";
         EXPECT_FALSE(Child<QTimer>("PortWatchTimer")->isActive());
     }
     keyboard_->Data1 = 40;
     EXPECT_EQ(devices.back()->Read(7), QByteArray::fromHex("ff010000280029"));
+}
+
+// The next terminal opened on the desktop gets the number of the pseudo-terminal whose
+// program ended; the keyboard must not write into it.
+TEST_F(MainWindowTest, APseudoTerminalWhoseFarEndClosedIsNotReopenedUnderItsNumber) {
+    Start("D");
+    const QString number = com1_.SlavePath();
+    com1_.Release();
+    ASSERT_TRUE(WaitUntil([] { return !ShownMessages().isEmpty(); }));
+    EXPECT_EQ(ShownMessages().back().text,
+              QStringLiteral("COM 1 (%1) stopped working and has been closed: the program at its "
+                             "far end closed it. A pseudo-terminal is not opened again by itself: "
+                             "choose Options > COM 1 once a program serves it again.")
+                  .arg(number));
+    // Terminals opened until one has the number again (other programs may take some).
+    std::vector<std::unique_ptr<PseudoTerminal>> terminals;
+    while (terminals.size() < 40 &&
+           (terminals.empty() || terminals.back()->SlavePath() != number)) {
+        terminals.push_back(std::make_unique<PseudoTerminal>());
+    }
+    if (terminals.back()->SlavePath() != number) {
+        GTEST_SKIP() << "no new terminal got " << number.toStdString();
+    }
+    PseudoTerminal& other = *terminals.back();
+    QSignalSpy polls(Child<QTimer>("PortWatchTimer"), &QTimer::timeout);
+    ASSERT_TRUE(WaitUntil([&] { return polls.count() >= 4; }, 10000));
+    QTest::mousePress(Child("ZoomIn"), Qt::LeftButton);
+    QTest::mouseRelease(Child("ZoomIn"), Qt::LeftButton);
+    EXPECT_FALSE(keyboard_->MSComm1().IsOpen());
+    EXPECT_FALSE(Child<QAction>("Com1Option")->isChecked());
+    EXPECT_EQ(other.Drain(300), QByteArray()) << "nothing written into another's terminal";
+    EXPECT_EQ(ShownMessages().size(), 1) << ShownMessages().back().text.toStdString();
+
+    Choose("Com1Option"); // the operator's own choice opens it
+    EXPECT_TRUE(keyboard_->MSComm1().IsOpen());
+}
+
+TEST_F(MainWindowTest, AGreyedComItemSaysWhyAndIsOfferedOnceItsDeviceIsThere) {
+    const QString device = dir_.filePath(QStringLiteral("ttyUSB0"));
+    Bind(1, device);
+    WriteSettings("2400\r\nn\r\nFalse\r\n\r\nD\r\nNone\r\n"); // the ports looked for anew
+    Load();
+    auto* item = Child<QAction>("Com1Option");
+    EXPECT_FALSE(item->isEnabled());
+    EXPECT_EQ(item->toolTip(),
+              QStringLiteral(
+                  "Not offered while nothing is at %1; offered as soon as the device is there.")
+                  .arg(device));
+    EXPECT_TRUE(Child<QAction>("Com2Option")->isEnabled());
+
+    ASSERT_TRUE(QFile::link(com1_.SlavePath(), device)); // the adapter is plugged in
+    EXPECT_TRUE(WaitUntil([&] { return item->isEnabled(); }));
+    EXPECT_EQ(item->toolTip(), device);
+    EXPECT_TRUE(WhileOpen([&] { Choose("Settings_Menu_Option"); },
+                          [](QDialog& settings) {
+                              QTest::mouseClick(settings.findChild<QPushButton*>("Save"),
+                                                Qt::LeftButton);
+                          }));
+    EXPECT_TRUE(item->isEnabled()) << "still offered after Settings > Save";
+    item->trigger();
+    EXPECT_TRUE(keyboard_->MSComm1().IsOpen());
+    EXPECT_TRUE(ReadSettings().startsWith("2400\r\nn\r\nFalse\r\n1 2\r\n"));
 }
 
 TEST_F(MainWindowTest, EveryFailedClickOnAComItemIsTold) {

@@ -9,6 +9,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -278,6 +279,80 @@ TEST_F(OperatorInputTest, TheRunCommandsFirstStartAnswersEachCommandOnceAndReada
     EXPECT_TRUE(WaitUntil([&] { return responses->toPlainText().size() >= twoReplies.size(); }));
     QTest::qWait(300);
     EXPECT_EQ(responses->toPlainText(), twoReplies);
+}
+
+// A newcomer starts on the site with QUELLPAD_COM1=sim, COM 1 closed, and drives.
+TEST_F(OperatorInputTest, AControlUsedWithNoPortOpenSaysOnceWhichPortsAreClosedAndHowToOpen) {
+    Bind(1, kSimulatedSiteBinding);
+    WriteSettings("2400\r\nn\r\nFalse\r\n1 2\r\nD\r\nNone\r\n");
+    window_.reset();
+    keyboard_ =
+        std::make_unique<Quellpad_Support_Func>([](int number) -> std::unique_ptr<SerialLine> {
+            if (IsSimulatedSiteBinding(ResolvePortBinding(number).binding)) {
+                return std::make_unique<site::SimulatedLine>(number);
+            }
+            return std::make_unique<SerialDevice>(number, DeviceForPort(number));
+        });
+    window_ = std::make_unique<FrmMain>(*keyboard_);
+    window_->Form_Load();
+    window_->show();
+    auto* notice = Child<QLabel>("StartNoticeLabel");
+    const QString told = QStringLiteral("Nothing was sent: COM 1 (simulated site) and COM 2 (%1) "
+                                        "are closed; open COM 1 or COM 2 in the Options menu.")
+                             .arg(com2_.SlavePath());
+    QTest::qWait(300); // ticks with nothing to send say nothing
+    EXPECT_FALSE(notice->isVisible());
+
+    QWidget* square = Child("Joystick_Square");
+    QTest::mousePress(square, Qt::LeftButton, {}, InSquare(0.3, 0));
+    ASSERT_TRUE(WaitUntil([&] { return notice->isVisible(); }));
+    QTest::mouseRelease(square, Qt::LeftButton, {}, InSquare(0.3, 0));
+    EXPECT_EQ(notice->text(), told);
+    EXPECT_TRUE(ShownMessages().isEmpty()) << "nobody is stopped";
+
+    Choose("Com1Option"); // opened and closed: the news is gone, and not told again
+    Choose("Com1Option");
+    QTest::mousePress(Child("ZoomIn"), Qt::LeftButton);
+    QTest::qWait(300);
+    QTest::mouseRelease(Child("ZoomIn"), Qt::LeftButton);
+    EXPECT_FALSE(notice->isVisible());
+}
+
+// The advice for a port that did not open fits the situation and reads whole in the
+// window's first size on a small laptop's screen.
+TEST_F(OperatorInputTest, TheAdviceForAPortThatDidNotOpenReadsWholeAndFitsHowItWasBound) {
+    const QString missing = QStringLiteral("/dev/ttyUSB7");
+    const struct {
+        bool byVariable;
+        QString told;
+    } cases[] = {
+        {true, QStringLiteral("COM 1 (%1) did not open. Bound by QUELLPAD_COM1 or the command "
+                              "line; to work without equipment, start with QUELLPAD_COM1=sim")
+                   .arg(missing)},
+        {false, QStringLiteral("COM 1 (%1) did not open; to work without equipment, choose "
+                               "\"Simulated site\" in Options > Settings...")
+                    .arg(missing)},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.told.toStdString());
+        if (c.byVariable) {
+            Bind(1, missing);
+        } else {
+            qunsetenv("QUELLPAD_COM1");
+            QFile bindings(dir_.filePath(QStringLiteral("Bindings.ini")));
+            ASSERT_TRUE(bindings.open(QIODevice::WriteOnly));
+            bindings.write(QByteArray("[Ports]\nCOM1=") + missing.toUtf8() + "\n");
+        }
+        Start("D", "1");
+        window_->resize(StartWindowSize(QSize(1366, 768 - 32), ui::TwipsPerPixel(window_.get())));
+        QApplication::processEvents();
+        auto* notice = Child<QLabel>("StartNoticeLabel");
+        EXPECT_EQ(notice->text(), c.told);
+        EXPECT_LE(notice->fontMetrics().horizontalAdvance(notice->text()),
+                  notice->contentsRect().width())
+            << "at " << window_->width() << " pixels";
+        EXPECT_TRUE(notice->toolTip().startsWith(c.told + u'\n'));
+    }
 }
 
 TEST(StartWindowSize, OneSizeFromTheScreenNeverUnderTheSmallest) {

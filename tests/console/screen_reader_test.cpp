@@ -55,6 +55,14 @@ TEST_F(ScreenReaderTest, ChangingReadingsCanBeReadAndAreAnnounced) {
               u"Status");
     readsAndIsTold(
         Child("PortBindingsLabel"), [&] { Choose("Com2Option"); }, "the status bar");
+    Choose("Com2Option");
+    Choose("Com1Option"); // no port open now: a command goes nowhere, and the news is told
+    QTest::qWait(300);    // the zoom's stop gone
+    readsAndIsTold(
+        Child("StartNoticeLabel"), [&] { QTest::mousePress(Child("ZoomIn"), Qt::LeftButton); },
+        "the status bar's news");
+    QTest::mouseRelease(Child("ZoomIn"), Qt::LeftButton);
+    Choose("Com1Option");
 
     LevelAdjusters levels;
     FrmExtendedCommands extended(*keyboard_, levels, window_.get());

@@ -7,8 +7,11 @@
 
 #include <QApplication>
 #include <QListWidget>
+#include <QMenuBar>
 #include <QScreen>
+#include <QSignalSpy>
 #include <QTest>
+#include <QTimer>
 #include <QWindow>
 
 #include <vector>
@@ -80,6 +83,43 @@ TEST_F(WindowManagerTest, MaximisingAndResizingNeverChangeTheListsChoice) {
     EXPECT_EQ(com1_.Read(7), QByteArray::fromHex("ff01001f000020")) << "start pattern 0";
 }
 
+// The frame a window manager puts round the window arrives after the window is shown; the
+// knob is drawn at rest before it, and the operator presses it as it is drawn.
+TEST_F(WindowManagerTest, APressOnTheKnobAtRestSendsNothingAndASidewaysDragNoTilt) {
+    Start("D");
+    Settled();
+    QWidget* square = Child("Joystick_Square");
+    QWidget* ball = Child("Joystick_Ball");
+    const QRect drawn = square->geometry();
+    const QPoint knob = square->mapFrom(ball->parentWidget(), ball->geometry().center());
+    QSignalSpy ticks(Child<QTimer>("CommandChangeTimer"), &QTimer::timeout);
+    const auto sentOverTicks = [&](int count) {
+        ticks.clear();
+        QByteArray sent;
+        WaitUntil([&] {
+            sent += com1_.Drain();
+            return ticks.count() >= count;
+        });
+        return sent + com1_.Drain();
+    };
+    sentOverTicks(2);
+
+    QTest::mousePress(square, Qt::LeftButton, {}, knob);
+    EXPECT_EQ(square->geometry(), drawn)
+        << "the square stays where it was drawn, " << At().toStdString();
+    EXPECT_EQ(sentOverTicks(3), QByteArray())
+        << "pressed at the knob's centre, " << At().toStdString();
+    for (int right = 4; right <= 40; right += 4) {
+        MoveInSquare(knob + QPoint(right, 0), Qt::LeftButton);
+    }
+    const QByteArray pan = com1_.Read(7);
+    ASSERT_EQ(pan.size(), 7) << At().toStdString();
+    EXPECT_EQ(std::uint8_t(pan[3]), 0x02) << "pan right alone " << pan.toHex(' ').toStdString();
+    EXPECT_EQ(std::uint8_t(pan[5]), 0x00) << "no tilt speed " << pan.toHex(' ').toStdString();
+    QTest::mouseRelease(square, Qt::LeftButton, {}, knob + QPoint(40, 0));
+    EXPECT_EQ(com1_.Read(7), QByteArray::fromHex("ff010000000001")) << "the stop";
+}
+
 TEST_F(WindowManagerTest, TheWindowRefusesASizeBelowTheKeyboardsSmallest) {
     Start("D");
     Settled();
@@ -132,12 +172,22 @@ TEST_F(WindowManagerTest, EveryWindowOpensWithinTheScreen) {
     window_->show();
     Settled();
     const QRect screen = window_->screen()->availableGeometry();
-    EXPECT_TRUE(screen.contains(window_->frameGeometry())) << "the keyboard";
+    const QRect keyboard = window_->frameGeometry();
+    if (window_->minimumHeight() < screen.height() * 0.9) {
+        EXPECT_TRUE(screen.contains(keyboard)) << "the keyboard";
+    } else { // larger than the screen: its title bar and menus are on it all the same
+        EXPECT_EQ(keyboard.topLeft(), screen.topLeft())
+            << "the keyboard at " << keyboard.x() << "," << keyboard.y();
+        const QMenuBar* menus = window_->menuBar();
+        EXPECT_TRUE(screen.contains(QRect(menus->mapToGlobal(QPoint(0, 0)), menus->size())))
+            << "its menus";
+    }
     Choose("mnuTraffic");
     Choose("SimulatedSiteOption");
+    Choose("mnuScan");
     FrmJoystick joystick(DefaultGamepadBindings(), window_.get());
     joystick.show();
-    for (const char* name : {"FrmTraffic", "FrmSimulatedSite", "FrmJoystick"}) {
+    for (const char* name : {"FrmTraffic", "FrmSimulatedSite", "FrmScan", "FrmJoystick"}) {
         QWidget* window = window_->findChild<QWidget*>(QLatin1String(name));
         ASSERT_NE(window, nullptr) << name;
         ASSERT_TRUE(QTest::qWaitForWindowExposed(window, kExposeWait)) << name;

@@ -156,6 +156,10 @@ TEST_F(SettingsWindowTest, ADeviceChosenInTheWindowCarriesTheNextCommandAtOnce) 
 TEST_F(SettingsWindowTest, APortWithoutADeviceBecomesAvailableOnceBoundToOne) {
     WriteSettings("2400\r\nn\r\nFalse\r\n1\r\nD\r\nNone\r\n");
     qunsetenv("QUELLPAD_COM2");
+    // The machine's second port is not there.
+    SavePortBinding(dir_.filePath(QStringLiteral("Bindings.ini")), 2,
+                    QStringLiteral("/dev/quellpad-missing"));
+    MakeKeyboard();
     FrmMain main(*keyboard_);
     main.Form_Load();
     auto* com2Item = main.findChild<QAction*>(QStringLiteral("Com2Option"));

@@ -53,10 +53,12 @@ TEST_F(SerialDeviceTest, AVanishedDeviceIsReportedOnceAndTheLineCloses) {
     ASSERT_TRUE(WaitUntil([&] { return !failed.isEmpty(); }));
     com1_.Drain(100);
     ASSERT_EQ(failed.size(), 1) << "told once, however often the driver repeats it";
-    EXPECT_EQ(failed[0][0].toString(), QStringLiteral("COM 2 (%1) stopped working and has been "
-                                                      "closed: the device was unplugged or hung "
-                                                      "up.")
-                                           .arg(port.Device()));
+    // A pseudo-terminal is not reopened by itself, and the operator is told so.
+    EXPECT_EQ(failed[0][0].toString(),
+              QStringLiteral("COM 2 (%1) stopped working and has been closed: the program at its "
+                             "far end closed it. A pseudo-terminal is not opened again by itself: "
+                             "choose Options > COM 2 once a program serves it again.")
+                  .arg(port.Device()));
     EXPECT_FALSE(port.IsOpen());
     EXPECT_THROW(port.Output(0xFF), PortError);
 }

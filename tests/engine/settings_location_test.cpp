@@ -1,6 +1,9 @@
 #include "engine/settings_location.h"
 
+#include <QFile>
+#include <QFileInfo>
 #include <QSet>
+#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -40,6 +43,18 @@ TEST(SettingsLocationTest, SharedProgramFoldersAreNeverSettingsFolders) {
     for (const char* own : {"/home/op/quellpad", "/opt/quellpad/bin", "/home/op/usr/binaries"}) {
         EXPECT_FALSE(IsSharedProgramFolder(QLatin1String(own))) << own;
     }
+}
+
+// `quellpad --settings-dir ~/site-a`, as the README shows it, on a first start: the folder
+// is made, and the settings are kept there.
+TEST(SettingsLocationTest, ANamedFolderThatDoesNotExistYetIsMade) {
+    QTemporaryDir home;
+    const QString named = home.filePath(QStringLiteral("site-a"));
+    qputenv("QUELLPAD_SETTINGS_DIR", QFile::encodeName(named));
+    const QString chosen = SettingsDir();
+    qunsetenv("QUELLPAD_SETTINGS_DIR");
+    EXPECT_EQ(chosen, named);
+    EXPECT_TRUE(QFileInfo(named).isDir());
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 
 #include <QFile>
 #include <QSignalSpy>
+#include <QTimer>
 
 #include <memory>
 
@@ -55,6 +56,37 @@ TEST(StableDeviceNamesTest, ADeviceIsKeptUnderItsStableNameWhenItHasOne) {
     };
     for (const auto& c : cases) {
         EXPECT_EQ(PreferStableName(c.binding, names), c.kept) << c.binding.toStdString();
+    }
+}
+
+TEST(StableDeviceNamesTest, APortReopensByItselfOnlyOnTheDeviceItWasOpenOn) {
+    const DeviceIdentity adapterA{false, {kFtdi}, "/sys/devices/usb1/1-2/1-2:1.0 A50285BI"};
+    const DeviceIdentity adapterB{false, {kProlific}, "/sys/devices/usb1/1-2/1-2:1.0"};
+    const DeviceIdentity namelessA{false, {}, "/sys/devices/usb1/1-2/1-2:1.0 A50285BI"};
+    const DeviceIdentity namelessB{false, {}, "/sys/devices/usb1/1-3/1-3:1.0 A50285BJ"};
+    const DeviceIdentity builtIn{false, {}, "/sys/devices/platform/serial8250"};
+    const DeviceIdentity unknown{false, {}, {}};
+    const DeviceIdentity terminal{true, {}, {}};
+    const DeviceIdentity terminalByName{true, {kFtdi}, {}};
+    const struct {
+        const char* what;
+        DeviceIdentity before;
+        DeviceIdentity now;
+        bool same;
+    } cases[] = {
+        {"the adapter back under its stable name", adapterA, adapterA, true},
+        {"the adapter in another socket", adapterA, {false, {kFtdi}, "/sys/devices/usb2"}, true},
+        {"another adapter on its kernel name", adapterA, adapterB, false},
+        {"no stable names: the same serial number in the same socket", namelessA, namelessA, true},
+        {"no stable names: another adapter", namelessA, namelessB, false},
+        {"a built-in port", builtIn, builtIn, true},
+        {"a device the system tells nothing of", unknown, unknown, true},
+        {"a pseudo-terminal's number taken again", terminal, terminal, false},
+        {"a kernel name now a pseudo-terminal", unknown, terminal, false},
+        {"a stable name that led to a pseudo-terminal", terminalByName, terminalByName, true},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(SameDevice(c.before, c.now), c.same) << c.what;
     }
 }
 
@@ -120,6 +152,46 @@ TEST_F(StableNameFolderTest, APortBoundToAStableNameReopensWhereverTheAdapterRet
     EXPECT_EQ(keyboard_->Port(1).Device(), stable_);
     keyboard_->Port(1).Output(0x5A);
     EXPECT_EQ(replugged.Read(1), QByteArray("\x5A"));
+}
+
+// COM 1 is bound to a kernel name (a link standing for /dev/ttyUSB0) that the next adapter
+// plugged in takes: the port waits for its own adapter, known by its stable name.
+TEST_F(StableNameFolderTest, AKernelNameTakenByAnotherAdapterIsNotReopened) {
+    const QString kernelName = dir_.filePath(QStringLiteral("ttyUSB0"));
+    const auto plugInAt = [&](const QString& stable, const QString& device) {
+        QFile::remove(kernelName);
+        QFile::remove(stable);
+        ASSERT_TRUE(QFile::link(device, kernelName));
+        ASSERT_TRUE(QFile::link(device, stable));
+    };
+    const QString other = byId_.filePath(QStringLiteral("usb-Prolific_USB-Serial-if00-port0"));
+    plugInAt(stable_, com1_.SlavePath());
+    Bind(1, kernelName);
+    MakeKeyboard();
+    SerialLine& port = keyboard_->Port(1);
+    port.Open();
+    QSignalSpy failed(&port, &SerialLine::LineFailed);
+    PortWatch watch(*keyboard_);
+    QSignalSpy back(&watch, &PortWatch::PortBack);
+    com1_.Hangup();
+    QFile::remove(stable_);
+    ASSERT_TRUE(WaitUntil([&] { return !failed.isEmpty(); }));
+    watch.Watch(1);
+
+    PseudoTerminal another;
+    plugInAt(other, another.SlavePath());
+    QSignalSpy polls(watch.findChild<QTimer*>(QStringLiteral("PortWatchTimer")), &QTimer::timeout);
+    ASSERT_TRUE(WaitUntil([&] { return polls.count() >= 3; }, 10000));
+    EXPECT_TRUE(back.isEmpty()) << "another adapter took the kernel name";
+    EXPECT_FALSE(port.IsOpen());
+    EXPECT_EQ(another.Drain(), QByteArray());
+
+    PseudoTerminal own;
+    QFile::remove(other);
+    plugInAt(stable_, own.SlavePath());
+    ASSERT_TRUE(WaitUntil([&] { return !back.isEmpty(); }));
+    keyboard_->Port(1).Output(0x5A);
+    EXPECT_EQ(own.Read(1), QByteArray("\x5A"));
 }
 
 } // namespace

@@ -119,4 +119,12 @@ void PseudoTerminal::Hangup() {
     master_ = -1;
 }
 
+void PseudoTerminal::Release() {
+    Hangup();
+    if (slave_ >= 0) {
+        close(slave_);
+        slave_ = -1;
+    }
+}
+
 } // namespace quellpad::test

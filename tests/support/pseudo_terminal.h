@@ -29,6 +29,9 @@ public:
     QString LineSettings() const;
     // The far end goes away, as when a USB adapter is pulled out.
     void Hangup();
+    // The far end goes away and the test lets go of the device as well: its number is
+    // free for the next pseudo-terminal once the program closes it too.
+    void Release();
 
 private:
     int master_ = -1;
