@@ -389,12 +389,14 @@ void FrmMain::PlaceJoystick() {
     // (menus and status bar included, the window manager's frame not): the frame arrives
     // after the window is shown and changes no size the keyboard is told of, so a rest
     // point taken from it would move under a knob already drawn.
-    const QSize outer = OuterSize();
     const double scale = std::min(layout_.ScaleX(), layout_.ScaleY());
     const int side = static_cast<int>(std::lround(kSquareSide * scale));
-    const int ballSide = static_cast<int>(std::lround(kBallSide * scale));
-    const QPoint rest(outer.width() / 2, outer.height() / 2);
-    const QRect square(rest.x() - side / 2, rest.y() - side / 2, side, side);
+    // A knob of the square's parity sits exactly on the square's centre at rest, rather
+    // than half a pixel beside it.
+    int ballSide = static_cast<int>(std::lround(kBallSide * scale));
+    ballSide += (side - ballSide) % 2;
+    const QRect square =
+        CentredSquare(FromTwips(JoystickRestPoint(CurrentJoystickGeometry())), side);
     if (square_->geometry() == square && ball_->width() == ballSide) {
         return;
     }

@@ -159,9 +159,7 @@ JoystickGeometry FrmMain::CurrentJoystickGeometry() const {
 }
 
 void FrmMain::PlaceBallAt(QPointF twips) {
-    const QPointF centre = FromTwips(twips);
-    ball_->move(static_cast<int>(std::lround(centre.x() - ball_->width() / 2.0)),
-                static_cast<int>(std::lround(centre.y() - ball_->height() / 2.0)));
+    ball_->move(CentredSquare(FromTwips(twips), ball_->width()).topLeft());
 }
 
 void FrmMain::CentreJoystickBall() {

@@ -3,6 +3,7 @@
 #include "engine/numeric.h"
 
 #include <algorithm>
+#include <cmath>
 #include <array>
 
 namespace quellpad {
@@ -51,6 +52,11 @@ int JoystickSpeed(double distance, double halfSize, double deadSize, double scal
 
 QPointF JoystickRestPoint(const JoystickGeometry& g) {
     return {g.windowWidth / 2, g.windowHeight / 2};
+}
+
+QRect CentredSquare(QPointF centre, int side) {
+    return {static_cast<int>(std::lround(centre.x() - side / 2.0)),
+            static_cast<int>(std::lround(centre.y() - side / 2.0)), side, side};
 }
 
 bool UpdateJoystick(Quellpad_Support_Func& k, JoystickState& state, int button, double x, double y,

@@ -3,6 +3,7 @@
 #include "engine/keyboard_state.h"
 
 #include <QPointF>
+#include <QRect>
 
 namespace quellpad {
 
@@ -34,6 +35,9 @@ int JoystickSpeed(double distance, double halfSize, double deadSize, double scal
 
 // The knob's rest point: half the window's outer size, not rounded.
 QPointF JoystickRestPoint(const JoystickGeometry& geometry);
+// The pixels of a square of `side` centred on `centre`: squares of one parity placed so
+// share their centre pixel.
+QRect CentredSquare(QPointF centre, int side);
 
 // Mouse down or move on the main window (button code, pointer in twips). Returns true
 // when the pointer was taken by the joystick: the knob is then to be drawn centred on

@@ -4,10 +4,13 @@
 #include "protocol/commands.h"
 #include "site/site.h"
 
+#include <QDir>
+#include <QFile>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
 #include <QProcess>
+#include <QScopeGuard>
 #include <QStandardPaths>
 #include <QTest>
 
@@ -294,9 +297,13 @@ TEST_F(HeldControlsTest, AHeldMenuArrowStopsWhenABoxOpensOverItsWindow) {
 }
 
 TEST_F(HeldControlsTest, APortThatComesBackIsToldToStopWhatItMissed) {
-    // COM 1 is bound to a link that the test points at a new pseudo-terminal, as a USB
-    // adapter comes back under the same name.
-    const QString link = dir_.filePath(QStringLiteral("com1"));
+    // COM 1 is bound to an adapter's stable name that the test points at a new
+    // pseudo-terminal, as a USB adapter comes back under the same name.
+    const QString byId = dir_.filePath(QStringLiteral("by-id"));
+    ASSERT_TRUE(QDir().mkpath(byId));
+    qputenv("QUELLPAD_SERIAL_BY_ID_DIR", QFile::encodeName(byId));
+    const auto forget = qScopeGuard([] { qunsetenv("QUELLPAD_SERIAL_BY_ID_DIR"); });
+    const QString link = byId + QStringLiteral("/usb-Example_USB_Serial_0001-if00-port0");
     const auto pointAt = [&](const QString& device) {
         const QString fresh = link + QStringLiteral(".new");
         ASSERT_EQ(symlink(QFile::encodeName(device).constData(), QFile::encodeName(fresh)), 0);
