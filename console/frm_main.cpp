@@ -646,7 +646,9 @@ void FrmMain::Port_Back(int number, const QString& message) {
     }
     (number == 1 ? Com1Option : Com2Option)->setChecked(true);
     UpdatePortBindings();
-    // Good news does not stop the operator: it is read, and heard, in the status bar.
+    // Good news does not stop the operator: it is read, and heard, in the status bar, and
+    // updates the port's failure box if that is still showing.
+    boundary_.ReportRecovery(PortSubject(number), message);
     ShowNotice({message, {}});
 }
 

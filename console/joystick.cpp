@@ -3,8 +3,8 @@
 #include "engine/numeric.h"
 
 #include <algorithm>
-#include <cmath>
 #include <array>
+#include <cmath>
 
 namespace quellpad {
 

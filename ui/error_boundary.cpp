@@ -98,6 +98,14 @@ void ErrorBoundary::Report(const char* entryPoint, const QString& message) noexc
 }
 
 void ErrorBoundary::ReportAbout(const QString& subject, const QString& message) noexcept {
+    Tell(subject, message, true);
+}
+
+void ErrorBoundary::ReportRecovery(const QString& subject, const QString& message) noexcept {
+    Tell(subject, message, false);
+}
+
+void ErrorBoundary::Tell(const QString& subject, const QString& message, bool opensBox) noexcept {
     try {
         Episode& episode = episodes_[subject];
         const bool quiet =
@@ -133,6 +141,9 @@ void ErrorBoundary::ReportAbout(const QString& subject, const QString& message) 
             if (statusSink_) {
                 statusSink_(subject, episode.untold, message);
             }
+            return;
+        }
+        if (!opensBox) {
             return;
         }
         episode.showing = true;

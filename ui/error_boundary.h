@@ -61,12 +61,15 @@ public:
     // subject goes to the status sink with a count until it has been quiet for kQuietMs.
     // A subject that changes only after the operator has closed its box is told each time.
     void ReportAbout(const QString& subject, const QString& message) noexcept;
+    // The same for good news (a port back again), which never opens a box of its own: it
+    // updates the subject's box while one shows, and counts as a change of the subject.
+    void ReportRecovery(const QString& subject, const QString& message) noexcept;
     void SetStatusSink(StatusSink sink) { statusSink_ = std::move(sink); }
-
     // Marks an entry point that runs by itself again and again.
     void SetRepeating(const char* entryPoint);
 
 private:
+    void Tell(const QString& subject, const QString& message, bool opensBox) noexcept;
     struct Episode {
         QElapsedTimer lastReport;
         bool flapping = false;
