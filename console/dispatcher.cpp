@@ -203,14 +203,14 @@ void SendAndRemember(Quellpad_Support_Func& k) {
 
 namespace {
 
-bool RegistersMove(const QString& mode, std::uint8_t command1, std::uint8_t command2,
-                   std::uint8_t data1, std::uint8_t data2) {
+bool RegistersMove(const QString& mode, std::uint8_t command1, std::uint8_t command2) {
     if (command2 & 0x01) {
         return false; // a one-shot command: its data are no speeds
     }
-    // The lens bits of Command1: three in "D", four in "P" (which "ASCII" mirrors).
+    // The lens bits of Command1: three in "D", four in "P" (which "ASCII" mirrors). The
+    // speeds in the data move nothing without a direction bit beside them.
     const std::uint8_t lens = mode == kModeD ? 0x07 : 0x0F;
-    return (command1 & lens) != 0 || (command2 & 0xFE) != 0 || data1 != 0 || data2 != 0;
+    return (command1 & lens) != 0 || (command2 & 0xFE) != 0;
 }
 
 bool AsciiTextMoves(const QString& text) {
@@ -224,8 +224,8 @@ bool ReceiverMayBeMoving(const Quellpad_Support_Func& k) {
     if (!IsFrameMode(mode) && !IsAsciiMode(mode)) {
         return false; // nothing is ever sent
     }
-    if (RegistersMove(mode, k.Command1, k.Command2, k.Data1, k.Data2) ||
-        RegistersMove(mode, k.LastCommand1, k.LastCommand2, k.LastData1, k.LastData2)) {
+    if (RegistersMove(mode, k.Command1, k.Command2) ||
+        RegistersMove(mode, k.LastCommand1, k.LastCommand2)) {
         return true;
     }
     if (mode == kModeAscii) {

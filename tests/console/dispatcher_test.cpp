@@ -35,6 +35,7 @@ TEST(LastStop, OnlyWhatMayStillMoveIsStopped) {
         {"D", {0, 0, 0, 0}, {0, 0x02, 30, 0}, "", "", true, ""},    // released, stop not sent yet
         {"D", {0x01, 0, 0, 0}, {0x01, 0, 0, 0}, "", "", true, ""},  // focus near held
         {"D", {0x88, 0, 0, 0}, {0x88, 0, 0, 0}, "", "", false, ""}, // camera on: no motion
+        {"D", {0, 0, 23, 9}, {0, 0, 23, 9}, "", "", false, ""},     // speeds, no direction
         {"P", {0, 7, 0, 3}, {0, 7, 0, 3}, "", "", false, ""},       // a preset call
         {"P", {0x08, 0, 0, 0}, {0, 0, 0, 0}, "", "", true, ""},     // iris close held
         {"ASCII", {0, 0, 0, 0}, {0, 0, 0, 0}, "sa", "sa", false, "sa"},

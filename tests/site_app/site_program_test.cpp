@@ -72,12 +72,8 @@ class SiteProgramTest : public KeyboardFixture {};
 class Flood {
 public:
     explicit Flood(quint16 port) {
-        fd_ = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-        sockaddr_in to{};
-        to.sin_family = AF_INET;
-        to.sin_port = htons(port);
-        to.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        if (::connect(fd_, reinterpret_cast<const sockaddr*>(&to), sizeof to) != 0) {
+        fd_ = ConnectToLoopback(port);
+        if (fd_ < 0) {
             return;
         }
         const timeval wait{0, 100000};

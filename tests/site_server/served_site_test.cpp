@@ -175,12 +175,8 @@ TEST(ServedTcpLine, HostileClientsAreCountedAndBoundedWhileAnotherIsServed) {
 class RawClient {
 public:
     explicit RawClient(quint16 port) {
-        fd_ = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-        sockaddr_in to{};
-        to.sin_family = AF_INET;
-        to.sin_port = htons(port);
-        to.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        connected_ = ::connect(fd_, reinterpret_cast<const sockaddr*>(&to), sizeof to) == 0;
+        fd_ = ConnectToLoopback(port);
+        connected_ = fd_ >= 0;
         ::fcntl(fd_, F_SETFL, O_NONBLOCK);
     }
     ~RawClient() { ::close(fd_); }

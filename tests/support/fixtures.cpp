@@ -4,6 +4,10 @@
 #include <QElapsedTimer>
 #include <QFile>
 
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
 namespace quellpad::test {
 
 QList<ui::Message>& ShownMessages() {
@@ -74,6 +78,19 @@ void KeyboardFixture::OpenPorts(bool com1, bool com2) {
     if (com2) {
         keyboard_->MSComm2().Open();
     }
+}
+
+int ConnectToLoopback(quint16 port) {
+    const int fd = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    sockaddr_in to{};
+    to.sin_family = AF_INET;
+    to.sin_port = htons(port);
+    to.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    if (::connect(fd, reinterpret_cast<const sockaddr*>(&to), sizeof to) != 0) {
+        ::close(fd);
+        return -1;
+    }
+    return fd;
 }
 
 } // namespace quellpad::test

@@ -35,6 +35,11 @@ ui::MessagePresenter& RealMessagePresenter();
 // Runs the event loop until the condition holds, for at most timeoutMs; whether it held.
 bool WaitUntil(const std::function<bool()>& condition, int timeoutMs = 3000);
 
+// A bare TCP socket connected to `port` on the loopback, for clients that Qt's sockets
+// cannot play (half-closing, flooding from a thread of their own); -1 where it could not
+// connect.
+int ConnectToLoopback(quint16 port);
+
 // Settings.dat in a fresh folder, COM 1 and COM 2 bound to fresh pseudo-terminals (or to
 // paths where nothing answers), and the keyboard state built on them.
 class KeyboardFixture : public ::testing::Test {
