@@ -15,6 +15,7 @@
 #include <csignal>
 #include <fcntl.h>
 #include <netinet/in.h>
+#include <poll.h>
 #include <sys/socket.h>
 #include <thread>
 #include <unistd.h>
@@ -322,7 +323,10 @@ TEST(SiteProgramEnd, TerminationLeavesNoPtyAndNoPortOpen) {
     SiteProgram site({"--pty", "--listen", QStringLiteral("127.0.0.1:%1").arg(port)});
     const QString pty = site.PtyPath();
     ASSERT_TRUE(WaitUntil([&] { return LoopbackListening(port); }));
-    ASSERT_TRUE(QFile::exists(pty));
+    // The terminal is held open from this side: once the program has let go of its end,
+    // this end hangs up. (Its /dev/pts number may already be another test's terminal.)
+    const int controller = ::open(QFile::encodeName(pty).constData(), O_RDWR | O_NOCTTY);
+    ASSERT_GE(controller, 0);
     QTcpSocket client;
     client.connectToHost(QHostAddress::LocalHost, port);
     ASSERT_TRUE(client.waitForConnected(2000));
@@ -330,7 +334,10 @@ TEST(SiteProgramEnd, TerminationLeavesNoPtyAndNoPortOpen) {
     ASSERT_TRUE(site.Process().waitForFinished(3000));
     EXPECT_EQ(site.Process().exitStatus(), QProcess::NormalExit);
     EXPECT_EQ(site.Process().exitCode(), 0);
-    EXPECT_FALSE(QFile::exists(pty));
+    pollfd end{controller, POLLIN, 0};
+    EXPECT_EQ(::poll(&end, 1, 0), 1);
+    EXPECT_TRUE(end.revents & POLLHUP) << "the program's end of the terminal is still open";
+    ::close(controller);
     EXPECT_FALSE(LoopbackListening(port));
     EXPECT_TRUE(site.Lines().last().contains("closed; not obeyed: 0 bad")) << "counts shown";
 }
