@@ -2,6 +2,7 @@
 #include "ser2net.h"
 
 #include "netline/network_line.h"
+#include "protocol/commands.h"
 
 #include <QElapsedTimer>
 #include <QFile>
@@ -68,6 +69,9 @@ private:
 
 class SiteProgramTest : public KeyboardFixture {};
 
+// Camera 1's pan query, which the site's dome answers.
+const QByteArray kPanQuery = QByteArray::fromStdString(protocol::BuildDFrame(1, 0, 0x51, 0, 0));
+
 // A client on its own thread sending switcher texts to a TCP port as fast as it takes them,
 // each one a line of output.
 class Flood {
@@ -103,22 +107,6 @@ private:
     std::thread thread_;
 };
 
-// Milliseconds until a pan query is answered; far beyond the test's patience when it is not.
-qint64 AnswerMs(QTcpSocket& client) {
-    QElapsedTimer clock;
-    clock.start();
-    client.readAll();
-    client.write(QByteArray::fromHex("ff010051000052"));
-    QByteArray answer;
-    WaitUntil(
-        [&] {
-            answer += client.readAll();
-            return answer.size() >= 7;
-        },
-        5000);
-    return answer.size() >= 7 ? clock.elapsed() : 1'000'000;
-}
-
 // Whether every line is one whole JSON object.
 bool AllJson(const QStringList& lines) {
     return std::all_of(lines.begin(), lines.end(), [](const QString& line) {
@@ -144,13 +132,13 @@ TEST(SiteProgramOutput, AReaderThatStallsNeverHoldsUpServing) {
     QTcpSocket polite;
     polite.connectToHost(QHostAddress::LocalHost, port);
     ASSERT_TRUE(polite.waitForConnected(2000));
-    const qint64 quiet = AnswerMs(polite);
+    const qint64 quiet = AnswerMs(polite, kPanQuery);
     qint64 flooded = 0;
     {
         Flood flood(port);
         WaitUntil([] { return false; }, 500);
         for (int i = 0; i < 5; ++i) {
-            flooded = std::max(flooded, AnswerMs(polite));
+            flooded = std::max(flooded, AnswerMs(polite, kPanQuery));
         }
     }
     EXPECT_LT(flooded, quiet + 2000) << "alone: " << quiet << " ms";

@@ -209,22 +209,6 @@ private:
     QByteArray received_;
 };
 
-// The time a query takes to be answered, in milliseconds, the event loop running.
-qint64 AnswerMs(QTcpSocket& client, const std::string& query) {
-    QElapsedTimer clock;
-    clock.start();
-    client.readAll();
-    client.write(Bytes(query));
-    QByteArray answer;
-    WaitUntil(
-        [&] {
-            answer += client.readAll();
-            return answer.size() >= 7;
-        },
-        5000);
-    return answer.size() >= 7 ? clock.elapsed() : 1'000'000;
-}
-
 // A client flooding its socket with switcher texts as fast as the kernel takes them is
 // read a chunk at a time, in turn with the others: the polite client beside it is answered
 // much as when it is alone.
@@ -237,7 +221,7 @@ TEST(ServedTcpLine, AFloodingClientLeavesThePoliteOneAnsweredInTurn) {
     const std::string query = BuildDFrame(1, 0, 0x51, 0, 0);
     qint64 quiet = 0;
     for (int i = 0; i < 3; ++i) {
-        quiet = std::max(quiet, AnswerMs(polite, query));
+        quiet = std::max(quiet, AnswerMs(polite, Bytes(query)));
     }
     RawClient flooder(line.Port());
     ASSERT_TRUE(flooder.Connected());
@@ -256,7 +240,7 @@ TEST(ServedTcpLine, AFloodingClientLeavesThePoliteOneAnsweredInTurn) {
     WaitUntil([] { return false; }, 300);
     qint64 flooded = 0;
     for (int i = 0; i < 5; ++i) {
-        flooded = std::max(flooded, AnswerMs(polite, query));
+        flooded = std::max(flooded, AnswerMs(polite, Bytes(query)));
     }
     flooding = false;
     flood.join();

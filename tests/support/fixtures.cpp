@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QTcpSocket>
 
 #include <netinet/in.h>
 #include <sys/socket.h>
@@ -91,6 +92,21 @@ int ConnectToLoopback(quint16 port) {
         return -1;
     }
     return fd;
+}
+
+qint64 AnswerMs(QTcpSocket& client, const QByteArray& query) {
+    QElapsedTimer clock;
+    clock.start();
+    client.readAll();
+    client.write(query);
+    QByteArray answer;
+    WaitUntil(
+        [&] {
+            answer += client.readAll();
+            return answer.size() >= 7;
+        },
+        5000);
+    return answer.size() >= 7 ? clock.elapsed() : 1'000'000;
 }
 
 } // namespace quellpad::test

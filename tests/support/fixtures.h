@@ -5,6 +5,7 @@
 #include "engine/keyboard_state.h"
 #include "ui/messages.h"
 
+#include <QByteArray>
 #include <QList>
 #include <QTemporaryDir>
 
@@ -24,6 +25,8 @@ inline void PrintTo(const QByteArray& bytes, std::ostream* out) {
 }
 QT_END_NAMESPACE
 
+class QTcpSocket;
+
 namespace quellpad::test {
 
 // Messages the program showed the operator during a test, in order.
@@ -39,6 +42,10 @@ bool WaitUntil(const std::function<bool()>& condition, int timeoutMs = 3000);
 // cannot play (half-closing, flooding from a thread of their own); -1 where it could not
 // connect.
 int ConnectToLoopback(quint16 port);
+
+// Milliseconds until a client's D query (seven bytes back) is answered, the event loop
+// running; far beyond any test's patience when it is not answered within 5 s.
+qint64 AnswerMs(QTcpSocket& client, const QByteArray& query);
 
 // Settings.dat in a fresh folder, COM 1 and COM 2 bound to fresh pseudo-terminals (or to
 // paths where nothing answers), and the keyboard state built on them.
