@@ -1,0 +1,174 @@
+#include "quellpad-site/site_command_line.h"
+
+#include "quellpad-site/standard_output.h"
+#include "site_server/served_lines.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+
+namespace quellpad::site_app {
+
+namespace {
+
+const QString kPty = QStringLiteral("pty");
+const QString kListen = QStringLiteral("listen");
+const QString kMaxClients = QStringLiteral("max-clients");
+// More clients than this would run out of the file descriptors a process has by default.
+constexpr int kMostMaxClients = 1000;
+const QString kLine = QStringLiteral("line");
+const QString kCameras = QStringLiteral("cameras");
+const QString kSwitcher = QStringLiteral("switcher");
+const QString kMux = QStringLiteral("mux");
+const QString kJson = QStringLiteral("json");
+const QString kView = QStringLiteral("view");
+
+void Describe(QCommandLineParser& parser) {
+    parser.setApplicationDescription(
+        QCoreApplication::translate(
+            "SiteCommandLine",
+            "Serves Quellpad's simulated CCTV site (dome cameras in \"D\" and \"P\", a switcher in "
+            "\"ASCII\", a multiplexer in \"MUX ASCII\") to any controller on serial devices, a "
+            "pseudo-terminal or TCP ports, all lines on the same equipment. Every event is one "
+            "line "
+            "of standard output; lines its reader has not taken yet wait in a backlog of %1 kB, "
+            "and "
+            "while that is full new lines are dropped whole and counted on standard error.")
+            .arg(StandardOutput::kBacklog / 1024));
+    parser.addOption(
+        {{QStringLiteral("h"), QStringLiteral("help")},
+         QCoreApplication::translate("SiteCommandLine", "Displays this help and exits.")});
+    parser.addVersionOption();
+    parser.addOption(
+        {kPty, QCoreApplication::translate("SiteCommandLine",
+                                           "Serve on a new pseudo-terminal and print its path as "
+                                           "the first line of output.")});
+    parser.addOption(
+        {kListen,
+         QCoreApplication::translate("SiteCommandLine",
+                                     "Serve raw bytes on this TCP port, to several controllers at "
+                                     "once; may be given more than once."),
+         QStringLiteral("[host:]port")});
+    parser.addOption(
+        {kMaxClients,
+         QCoreApplication::translate(
+             "SiteCommandLine",
+             "TCP clients served at once on each --listen port (default %1). When all are "
+             "served, a new client takes the place of one that has sent nothing for %2 s, or is "
+             "turned away, which is told once.")
+             .arg(site_server::TcpLine::kMostClients)
+             .arg(site_server::TcpLine::kIdleMs / 1000),
+         QStringLiteral("count")});
+    parser.addOption({kLine,
+                      QCoreApplication::translate(
+                          "SiteCommandLine", "The line settings the equipment listens at (default "
+                                             "2400,n,8,1)."),
+                      QStringLiteral("baud,parity,bits,stop")});
+    parser.addOption(
+        {kCameras,
+         QCoreApplication::translate("SiteCommandLine",
+                                     "Dome cameras at these addresses, 1 to 255, such as 1-8 or "
+                                     "3,17,200. When any of --cameras, --switcher, --mux is "
+                                     "given, only the equipment named listens; otherwise cameras "
+                                     "1 to 8, the switcher and the multiplexer."),
+         QCoreApplication::translate("SiteCommandLine", "addresses")});
+    parser.addOption(
+        {kSwitcher, QCoreApplication::translate("SiteCommandLine", "The switcher listens.")});
+    parser.addOption(
+        {kMux, QCoreApplication::translate("SiteCommandLine", "The multiplexer listens.")});
+    parser.addOption(
+        {kJson, QCoreApplication::translate("SiteCommandLine",
+                                            "Print every event as one JSON object per line.")});
+    parser.addOption({kView, QCoreApplication::translate("SiteCommandLine",
+                                                         "Also open the Simulated Site window.")});
+    parser.addPositionalArgument(
+        QStringLiteral("device"),
+        QCoreApplication::translate("SiteCommandLine",
+                                    "Serial devices to serve on, such as /dev/ttyUSB0 "
+                                    "or a /dev/serial/by-id name."),
+        QStringLiteral("[device...]"));
+}
+
+} // namespace
+
+SiteCommandLine ParseSiteCommandLine(const QStringList& arguments) {
+    QCommandLineParser parser;
+    Describe(parser);
+    SiteCommandLine line;
+    auto refuse = [&line](const QString& error) {
+        line.action = SiteCommandLine::Action::Refuse;
+        line.error = error;
+        return line;
+    };
+    if (!parser.parse(arguments)) {
+        return refuse(parser.errorText());
+    }
+    if (parser.isSet(QStringLiteral("help"))) {
+        line.action = SiteCommandLine::Action::ShowHelp;
+        return line;
+    }
+    if (parser.isSet(QStringLiteral("version"))) {
+        line.action = SiteCommandLine::Action::ShowVersion;
+        return line;
+    }
+    line.devices = parser.positionalArguments();
+    line.pty = parser.isSet(kPty);
+    for (const QString& text : parser.values(kListen)) {
+        SiteCommandLine::Listen listen;
+        if (!site_server::ParseListenAddress(text, listen.host, listen.port)) {
+            return refuse(
+                QCoreApplication::translate("SiteCommandLine",
+                                            "'%1' is not a TCP port to listen on ([host:]port).")
+                    .arg(text));
+        }
+        line.listen.push_back(listen);
+    }
+    if (parser.isSet(kMaxClients)) {
+        bool ok = false;
+        line.maxClients = parser.value(kMaxClients).toInt(&ok);
+        if (!ok || line.maxClients < 1 || line.maxClients > kMostMaxClients) {
+            return refuse(QCoreApplication::translate(
+                              "SiteCommandLine", "'%1' is not a number of clients from 1 to %2.")
+                              .arg(parser.value(kMaxClients))
+                              .arg(kMostMaxClients));
+        }
+    }
+    if (line.devices.isEmpty() && !line.pty && line.listen.empty()) {
+        return refuse(QCoreApplication::translate(
+            "SiteCommandLine",
+            "No line to serve on: name a device, --pty or --listen [host:]port."));
+    }
+    if (parser.isSet(kLine) && !site::ParseLineFormat(parser.value(kLine), line.format)) {
+        return refuse(QCoreApplication::translate(
+                          "SiteCommandLine", "'%1' are not line settings (such as 2400,n,8,1).")
+                          .arg(parser.value(kLine)));
+    }
+    if (parser.isSet(kCameras) || parser.isSet(kSwitcher) || parser.isSet(kMux)) {
+        line.wiring.cameras.clear();
+        if (parser.isSet(kCameras) &&
+            !site::ParseCameraAddresses(parser.value(kCameras).toStdString(),
+                                        line.wiring.cameras)) {
+            return refuse(
+                QCoreApplication::translate("SiteCommandLine",
+                                            "'%1' are not camera addresses from 1 to 255 (such as "
+                                            "1-8 or 3,17,200).")
+                    .arg(parser.value(kCameras)));
+        }
+        line.wiring.switcher = parser.isSet(kSwitcher);
+        line.wiring.multiplexer = parser.isSet(kMux);
+    }
+    line.json = parser.isSet(kJson);
+    line.view = parser.isSet(kView);
+    return line;
+}
+
+QString SiteCommandLineHelp() {
+    QCommandLineParser parser;
+    Describe(parser);
+    return parser.helpText();
+}
+
+QString SiteVersionText() {
+    return QStringLiteral("quellpad-site %1").arg(QStringLiteral(QUELLPAD_VERSION));
+}
+
+} // namespace quellpad::site_app
