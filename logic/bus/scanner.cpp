@@ -1,4 +1,6 @@
 #include "scanner.h"
+#include "protocol/frames.h"
+#include "protocol/vocabulary.h"
 
 #include "engine/errors.h"
 
@@ -20,7 +22,7 @@ std::optional<std::string> ScanQuery(protocol::Language language, int address) {
         return std::nullopt;
     }
     // Query pan: answered with the position, and nothing on the receiver moves.
-    return protocol::BuildDFrame(address, 0x00, 0x51, 0x00, 0x00);
+    return protocol::BuildDFrame(address, 0x00, protocol::code::kQueryPan, 0x00, 0x00);
 }
 
 QString CannotScan(protocol::Language language) {

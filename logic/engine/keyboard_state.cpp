@@ -3,6 +3,8 @@
 #include "errors.h"
 #include "settings_file.h"
 
+#include "protocol/frames.h"
+
 #include <QScopeGuard>
 
 #include <algorithm>
@@ -12,42 +14,16 @@ namespace quellpad {
 
 namespace {
 
-// The frames are built in working arrays of this size; only 7 or 8 bytes are used.
-constexpr std::size_t kFrameCapacity = 15;
-using Frame = std::array<std::uint8_t, kFrameCapacity>;
-
-Frame BuildDFrame(std::uint8_t address, const Quellpad_Support_Func& k) {
-    Frame f{};
-    f[0] = 0xFF;
-    f[1] = address;
-    f[2] = k.Command1;
-    f[3] = k.Command2;
-    f[4] = k.Data1;
-    f[5] = k.Data2;
-    int sum = f[1] + f[2] + f[3] + f[4] + f[5];
-    while (sum >= 256) {
-        sum -= 256;
+// The frame of one port, or the engine's overflow, worded as every other, where the
+// address cannot be carried (the address 0 of a P frame): before any byte is written.
+std::string BuildFrame(protocol::Language language, std::uint8_t address,
+                       const Quellpad_Support_Func& k) {
+    try {
+        return protocol::BuildFrame(language, address, {k.Command1, k.Command2, k.Data1, k.Data2});
+    } catch (const protocol::ByteOutOfRange& outOfRange) {
+        ToByte(outOfRange.Value());
+        throw;
     }
-    f[6] = static_cast<std::uint8_t>(sum);
-    return f;
-}
-
-Frame BuildPFrame(std::uint8_t address, const Quellpad_Support_Func& k) {
-    Frame f{};
-    f[0] = 0xA0;
-    // Address 0 has no P form: this conversion fails before anything is written.
-    f[1] = ToByte(address - 1.0);
-    f[2] = k.Command1;
-    f[3] = k.Command2;
-    f[4] = k.Data1;
-    f[5] = k.Data2;
-    f[6] = 0xAF;
-    std::uint8_t check = 0;
-    for (std::size_t i = 0; i < 7; ++i) {
-        check ^= f[i];
-    }
-    f[7] = check;
-    return f;
 }
 
 QString SplitLongEcho(const QString& text) {
@@ -130,13 +106,12 @@ void Quellpad_Support_Func::SendCommand() {
     if (!IsFrameMode(CurrentMode)) {
         return;
     }
-    const bool p = CurrentMode == kModeP;
-    const Frame frame1 = p ? BuildPFrame(AddressCOM1, *this) : BuildDFrame(AddressCOM1, *this);
-    const Frame frame2 = p ? BuildPFrame(AddressCOM2, *this) : BuildDFrame(AddressCOM2, *this);
-    const std::size_t length = p ? 8 : 7;
-    WriteToOpenPorts(std::span(frame1).first(length), std::span(frame2).first(length));
-    emit CommandEchoed(com1_->IsOpen() ? FormatFrameHex(frame1) : QString(),
-                       com2_->IsOpen() ? FormatFrameHex(frame2) : QString());
+    const auto language = CurrentMode == kModeP ? protocol::Language::P : protocol::Language::D;
+    const std::string frame1 = BuildFrame(language, AddressCOM1, *this);
+    const std::string frame2 = BuildFrame(language, AddressCOM2, *this);
+    WriteToOpenPorts(protocol::AsBytes(frame1), protocol::AsBytes(frame2));
+    emit CommandEchoed(com1_->IsOpen() ? FormatFrameHex(protocol::AsBytes(frame1)) : QString(),
+                       com2_->IsOpen() ? FormatFrameHex(protocol::AsBytes(frame2)) : QString());
 }
 
 void Quellpad_Support_Func::WriteToOpenPorts(std::span<const std::uint8_t> com1,

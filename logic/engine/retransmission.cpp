@@ -1,5 +1,7 @@
 #include "retransmission.h"
 
+#include "protocol/vocabulary.h"
+
 #include <cmath>
 
 namespace quellpad {
@@ -24,7 +26,7 @@ bool RetransmitKeyAccepted(QChar key, const QString& boxText) {
 }
 
 void RetransmitTick(Quellpad_Support_Func& keyboard) {
-    if ((keyboard.Command2 & 0x01) == 0) {
+    if ((keyboard.Command2 & protocol::bit::kOneShot) == 0) {
         keyboard.SendCommand();
     }
 }

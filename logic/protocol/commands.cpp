@@ -341,42 +341,4 @@ std::string Command::Describe() const {
     return "?";
 }
 
-std::string BuildDFrame(int address, std::uint8_t command1, std::uint8_t command2,
-                        std::uint8_t data1, std::uint8_t data2) {
-    const auto addr = static_cast<std::uint8_t>(address);
-    const auto sum = static_cast<std::uint8_t>(addr + command1 + command2 + data1 + data2);
-    return {static_cast<char>(0xFF),     static_cast<char>(addr),  static_cast<char>(command1),
-            static_cast<char>(command2), static_cast<char>(data1), static_cast<char>(data2),
-            static_cast<char>(sum)};
-}
-
-std::string BuildPFrame(int address, std::uint8_t command1, std::uint8_t command2,
-                        std::uint8_t data1, std::uint8_t data2) {
-    std::string frame = {static_cast<char>(0xA0),     static_cast<char>(address - 1),
-                         static_cast<char>(command1), static_cast<char>(command2),
-                         static_cast<char>(data1),    static_cast<char>(data2),
-                         static_cast<char>(0xAF)};
-    char check = 0;
-    for (const char c : frame) {
-        check = static_cast<char>(check ^ c);
-    }
-    frame += check;
-    return frame;
-}
-
-std::string BuildDReply(int address, std::uint8_t code, int value) {
-    const auto addr = static_cast<std::uint8_t>(address);
-    const auto hi = static_cast<std::uint8_t>((value >> 8) & 0xFF);
-    const auto lo = static_cast<std::uint8_t>(value & 0xFF);
-    const auto sum = static_cast<std::uint8_t>(addr + code + hi + lo);
-    return {static_cast<char>(0xFF), static_cast<char>(addr), 0,
-            static_cast<char>(code), static_cast<char>(hi),   static_cast<char>(lo),
-            static_cast<char>(sum)};
-}
-
-std::string BuildGeneralReply(int address) {
-    const auto addr = static_cast<char>(address);
-    return {static_cast<char>(0xFF), addr, 0, addr};
-}
-
 } // namespace quellpad::protocol

@@ -168,16 +168,6 @@ std::string DirectionName(Direction direction);
 using WordTranslator = std::string (*)(const char* english);
 void SetWordTranslator(WordTranslator translator);
 
-// Frame builders, as the keyboard and a receiver put them on the wire.
-std::string BuildDFrame(int address, std::uint8_t command1, std::uint8_t command2,
-                        std::uint8_t data1, std::uint8_t data2);
-std::string BuildPFrame(int address, std::uint8_t command1, std::uint8_t command2,
-                        std::uint8_t data1, std::uint8_t data2);
-// FF addr 00 code hi lo check: the answer to a position query.
-std::string BuildDReply(int address, std::uint8_t code, int value);
-// FF addr 00 check: the acknowledgement of every other D command.
-std::string BuildGeneralReply(int address);
-
 inline std::span<const std::uint8_t> AsBytes(std::string_view text) {
     return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
 }

@@ -1,5 +1,8 @@
 #include "decoders.h"
 
+#include "frames.h"
+#include "vocabulary.h"
+
 #include <algorithm>
 #include <array>
 #include <string_view>
@@ -8,80 +11,12 @@ namespace quellpad::protocol {
 
 namespace {
 
-constexpr std::uint8_t kDStart = 0xFF;
-constexpr std::uint8_t kPStart = 0xA0;
-constexpr std::uint8_t kPMarker = 0xAF;
-
 std::uint8_t At(const std::string& frame, std::size_t i) {
     return static_cast<std::uint8_t>(frame[i]);
 }
 
-// How the two data bytes of an extended frame are read.
-enum class Args : std::uint8_t { None, Data2, Value, Column };
-
-struct Extended {
-    std::uint8_t code;
-    Kind kind;
-    Args args;
-};
-
-// Odd Command2 values: one-shot commands of the receiver.
-constexpr std::array kExtended = {
-    Extended{0x03, Kind::SetPreset, Args::Data2},
-    Extended{0x05, Kind::ClearPreset, Args::Data2},
-    Extended{0x07, Kind::GoPreset, Args::Data2},
-    Extended{0x09, Kind::SetAux, Args::Data2},
-    Extended{0x0B, Kind::ClearAux, Args::Data2},
-    Extended{0x0F, Kind::RemoteReset, Args::None},
-    Extended{0x11, Kind::SetZoneStart, Args::Data2},
-    Extended{0x13, Kind::SetZoneEnd, Args::Data2},
-    Extended{0x15, Kind::WriteCharacter, Args::Column},
-    Extended{0x17, Kind::ClearScreen, Args::None},
-    Extended{0x1B, Kind::ZoneScanOn, Args::None},
-    Extended{0x1D, Kind::ZoneScanOff, Args::None},
-    Extended{0x1F, Kind::StartPatternRecord, Args::Data2},
-    Extended{0x21, Kind::EndPatternRecord, Args::Data2},
-    Extended{0x23, Kind::RunPattern, Args::Data2},
-    Extended{0x25, Kind::ZoomSpeed, Args::Data2},
-    Extended{0x27, Kind::FocusSpeed, Args::Data2},
-    Extended{0x29, Kind::ResetCamera, Args::None},
-    Extended{0x2B, Kind::AutoFocus, Args::Data2},
-    Extended{0x2D, Kind::AutoIris, Args::Data2},
-    Extended{0x2F, Kind::AutoAgc, Args::Data2},
-    Extended{0x31, Kind::Backlight, Args::Data2},
-    Extended{0x33, Kind::AutoWhite, Args::Data2},
-    Extended{0x37, Kind::ShutterSpeed, Args::Data2},
-    Extended{0x3B, Kind::RedGain, Args::Value},
-    Extended{0x3D, Kind::BlueGain, Args::Value},
-    Extended{0x41, Kind::IrisLevel, Args::Data2},
-    Extended{0x43, Kind::IrisPeak, Args::Data2},
-    Extended{0x45, Kind::QuerySetup, Args::None},
-    Extended{0x49, Kind::SetZeroPosition, Args::None},
-    Extended{0x4B, Kind::SetPan, Args::Value},
-    Extended{0x4D, Kind::SetTilt, Args::Value},
-    Extended{0x4F, Kind::SetZoom, Args::Value},
-    Extended{0x51, Kind::QueryPan, Args::None},
-    Extended{0x53, Kind::QueryTilt, Args::None},
-    Extended{0x55, Kind::QueryZoom, Args::None},
-    Extended{0x57, Kind::PrepareDownload, Args::None},
-    Extended{0x5F, Kind::SetMagnification, Args::Value},
-    Extended{0x61, Kind::QueryMagnification, Args::None},
-    Extended{0x65, Kind::EchoMode, Args::None},
-    Extended{0x69, Kind::StartDownload, Args::None},
-    Extended{0x6B, Kind::QueryDevice, Args::None},
-    Extended{0x6F, Kind::QueryDiagnostic, Args::None},
-};
-
-// Reply codes of a D receiver: the query's Command2 plus 8.
-constexpr std::array<std::pair<std::uint8_t, Kind>, 4> kReplies = {{
-    {0x59, Kind::PanReply},
-    {0x5B, Kind::TiltReply},
-    {0x5D, Kind::ZoomReply},
-    {0x63, Kind::MagnificationReply},
-}};
-
 bool IsReplyCode(std::uint8_t code) {
-    return std::any_of(kReplies.begin(), kReplies.end(),
+    return std::any_of(kReplyCodes.begin(), kReplyCodes.end(),
                        [code](const auto& reply) { return reply.first == code; });
 }
 
@@ -103,10 +38,10 @@ Command DecodeFrame(Language language, std::span<const std::uint8_t> frame) {
     const std::uint8_t c2 = frame[3];
     const std::uint8_t d1 = frame[4];
     const std::uint8_t d2 = frame[5];
-    if ((c2 & 0x01) != 0) {
-        const auto* found = std::find_if(kExtended.begin(), kExtended.end(),
-                                         [c2](const Extended& e) { return e.code == c2; });
-        if (found == kExtended.end()) {
+    if ((c2 & bit::kOneShot) != 0) {
+        const auto* found = std::find_if(kOneShots.begin(), kOneShots.end(),
+                                         [c2](const OneShot& e) { return e.code == c2; });
+        if (found == kOneShots.end()) {
             return command;
         }
         command.kind = found->kind;
@@ -128,22 +63,24 @@ Command DecodeFrame(Language language, std::span<const std::uint8_t> frame) {
     }
     // A motion frame: bits outside the keyboard's vocabulary make it unknown.
     const bool d = language == Language::D;
-    if ((c1 & (d ? 0xF8 : 0xF0)) != 0 || (c2 & (d ? 0x00 : 0x80)) != 0) {
+    // Command2's top bit is D's focus far; a P frame has no bit there.
+    const std::uint8_t lens = d ? bit::kDLens : bit::kPLens;
+    if ((c1 & ~lens) != 0 || (!d && (c2 & bit::kDFocusFar) != 0)) {
         return command;
     }
     Motion& m = command.motion;
     const auto axis = [](bool plus, bool minus) -> std::int8_t {
         return plus == minus ? 0 : (plus ? 1 : -1);
     };
-    m.pan = axis((c2 & 0x02) != 0, (c2 & 0x04) != 0);
-    m.tilt = axis((c2 & 0x08) != 0, (c2 & 0x10) != 0);
-    m.zoom = axis((c2 & 0x20) != 0, (c2 & 0x40) != 0);
+    m.pan = axis((c2 & bit::kPanRight) != 0, (c2 & bit::kPanLeft) != 0);
+    m.tilt = axis((c2 & bit::kTiltUp) != 0, (c2 & bit::kTiltDown) != 0);
+    m.zoom = axis((c2 & bit::kZoomIn) != 0, (c2 & bit::kZoomOut) != 0);
     if (d) {
-        m.focus = axis((c2 & 0x80) != 0, (c1 & 0x01) != 0);
-        m.iris = axis((c1 & 0x02) != 0, (c1 & 0x04) != 0);
+        m.focus = axis((c2 & bit::kDFocusFar) != 0, (c1 & bit::kDFocusNear) != 0);
+        m.iris = axis((c1 & bit::kDIrisOpen) != 0, (c1 & bit::kDIrisClose) != 0);
     } else {
-        m.focus = axis((c1 & 0x01) != 0, (c1 & 0x02) != 0);
-        m.iris = axis((c1 & 0x04) != 0, (c1 & 0x08) != 0);
+        m.focus = axis((c1 & bit::kPFocusFar) != 0, (c1 & bit::kPFocusNear) != 0);
+        m.iris = axis((c1 & bit::kPIrisOpen) != 0, (c1 & bit::kPIrisClose) != 0);
     }
     m.panSpeed = m.pan != 0 ? d1 : 0;
     m.tiltSpeed = m.tilt != 0 ? d2 : 0;
@@ -242,7 +179,7 @@ void DReplyDecoder::Feed(std::span<const std::uint8_t> bytes, std::vector<Comman
             const auto sum = static_cast<std::uint8_t>(At(frame_, 1) + At(frame_, 3) +
                                                        At(frame_, 4) + At(frame_, 5));
             const auto* reply =
-                std::find_if(kReplies.begin(), kReplies.end(),
+                std::find_if(kReplyCodes.begin(), kReplyCodes.end(),
                              [code = At(frame_, 3)](const auto& r) { return r.first == code; });
             if (sum == At(frame_, 6)) {
                 emit(reply->second, frame_, At(frame_, 4) * 256 + At(frame_, 5));
@@ -260,96 +197,6 @@ void DReplyDecoder::Feed(std::span<const std::uint8_t> bytes, std::vector<Comman
 }
 
 namespace {
-
-enum class Number : std::uint8_t { None, Optional, Required };
-// Texts whose free-text argument follows as a text of its own, up to the next "a".
-enum class Free : std::uint8_t { No, UpToBang, Time };
-
-struct Word {
-    std::string_view mnemonic;
-    Language language;
-    Kind kind;
-    Number number;
-    Direction direction = Direction::PanLeft;
-    Free free = Free::No;
-};
-
-constexpr Language A = Language::Ascii;
-constexpr Language M = Language::MuxAscii;
-
-constexpr std::array kWords = {
-    Word{"Ma", A, Kind::SelectMonitor, Number::Required},
-    Word{"#a", A, Kind::SelectCamera, Number::Required},
-    Word{"+a", A, Kind::NextCamera, Number::None},
-    Word{"-a", A, Kind::PreviousCamera, Number::None},
-    Word{"ia", A, Kind::NextAlarm, Number::Optional},
-    Word{"da", A, Kind::PreviousAlarm, Number::Optional},
-    Word{"Ea", A, Kind::TriggerAlarm, Number::Required},
-    Word{"Ia", A, Kind::ResetAlarm, Number::Optional},
-    Word{"Aa", A, Kind::AuxOn, Number::Required},
-    Word{"Ba", A, Kind::AuxOff, Number::Required},
-    Word{"xa", A, Kind::GpiOn, Number::Required},
-    Word{"~xa", A, Kind::GpiOff, Number::Required},
-    Word{"Sa", A, Kind::StartMacro, Number::Required},
-    Word{"Ha", A, Kind::HaltMacro, Number::Required},
-    Word{"qa", A, Kind::StartSequence, Number::Required},
-    Word{"ea", A, Kind::HaltSequence, Number::Required},
-    Word{"ta", A, Kind::StartTour, Number::Required},
-    Word{"ra", A, Kind::HaltTour, Number::Required},
-    Word{"\\a", A, Kind::GoPreset, Number::Required},
-    Word{"^a", A, Kind::SetPreset, Number::Required},
-    Word{"/a", A, Kind::StartPatternRecord, Number::Required},
-    Word{"na", A, Kind::EndPatternRecord, Number::Required},
-    Word{"pa", A, Kind::RunPattern, Number::Required},
-    Word{"Ga", A, Kind::LockCamera, Number::None},
-    Word{"~Ga", A, Kind::UnlockCamera, Number::None},
-    Word{"oa", A, Kind::OverrideLock, Number::None},
-    Word{"la", A, Kind::Label, Number::None, Direction::PanLeft, Free::UpToBang},
-    Word{"Ya", A, Kind::CameraTitle, Number::Required, Direction::PanLeft, Free::UpToBang},
-    Word{"Za", A, Kind::TimeUpdate, Number::None, Direction::PanLeft, Free::Time},
-    Word{"sa", A, Kind::StopAll, Number::None},
-    Word{"La", A, Kind::DirectionStart, Number::Required, Direction::PanLeft},
-    Word{"~La", A, Kind::DirectionStop, Number::None, Direction::PanLeft},
-    Word{"Ra", A, Kind::DirectionStart, Number::Required, Direction::PanRight},
-    Word{"~Ra", A, Kind::DirectionStop, Number::None, Direction::PanRight},
-    Word{"Ua", A, Kind::DirectionStart, Number::Required, Direction::TiltUp},
-    Word{"~Ua", A, Kind::DirectionStop, Number::None, Direction::TiltUp},
-    Word{"Da", A, Kind::DirectionStart, Number::Required, Direction::TiltDown},
-    Word{"~Da", A, Kind::DirectionStop, Number::None, Direction::TiltDown},
-    Word{"Ta", A, Kind::DirectionStart, Number::None, Direction::ZoomIn},
-    Word{"~Ta", A, Kind::DirectionStop, Number::None, Direction::ZoomIn},
-    Word{"Wa", A, Kind::DirectionStart, Number::None, Direction::ZoomOut},
-    Word{"~Wa", A, Kind::DirectionStop, Number::None, Direction::ZoomOut},
-    Word{"Na", A, Kind::DirectionStart, Number::None, Direction::FocusNear},
-    Word{"~Na", A, Kind::DirectionStop, Number::None, Direction::FocusNear},
-    Word{"Fa", A, Kind::DirectionStart, Number::None, Direction::FocusFar},
-    Word{"~Fa", A, Kind::DirectionStop, Number::None, Direction::FocusFar},
-    Word{"Oa", A, Kind::DirectionStart, Number::None, Direction::IrisOpen},
-    Word{"~Oa", A, Kind::DirectionStop, Number::None, Direction::IrisOpen},
-    Word{"Ca", A, Kind::DirectionStart, Number::None, Direction::IrisClose},
-    Word{"~Ca", A, Kind::DirectionStop, Number::None, Direction::IrisClose},
-    Word{"dLm", M, Kind::DirectionStart, Number::None, Direction::PanLeft},
-    Word{"~dLm", M, Kind::DirectionStop, Number::None, Direction::PanLeft},
-    Word{"dRm", M, Kind::DirectionStart, Number::None, Direction::PanRight},
-    Word{"~dRm", M, Kind::DirectionStop, Number::None, Direction::PanRight},
-    Word{"dUm", M, Kind::DirectionStart, Number::None, Direction::TiltUp},
-    Word{"~dUm", M, Kind::DirectionStop, Number::None, Direction::TiltUp},
-    Word{"dDm", M, Kind::DirectionStart, Number::None, Direction::TiltDown},
-    Word{"~dDm", M, Kind::DirectionStop, Number::None, Direction::TiltDown},
-    Word{"ym", M, Kind::DigitalZoom, Number::None},
-    Word{"im", M, Kind::Pip, Number::None},
-    Word{"um", M, Kind::Quad, Number::None},
-    Word{"om", M, Kind::Nano, Number::None},
-    Word{"xm", M, Kind::Hex, Number::None},
-    Word{"#m", M, Kind::MuxCamera, Number::Required},
-    Word{"<m", M, Kind::VcrEject, Number::None},
-    Word{"rm", M, Kind::VcrRecord, Number::None},
-    Word{"em", M, Kind::VcrPause, Number::None},
-    Word{">>m", M, Kind::VcrFastForward, Number::None},
-    Word{"<<m", M, Kind::VcrRewind, Number::None},
-    Word{"sm", M, Kind::VcrStop, Number::None},
-    Word{">m", M, Kind::VcrPlay, Number::None},
-};
 
 constexpr std::size_t kMaxDigits = 9;
 

@@ -1,4 +1,6 @@
 #include "camera.h"
+#include "protocol/frames.h"
+#include "protocol/vocabulary.h"
 
 #include <algorithm>
 #include <cmath>
@@ -441,15 +443,18 @@ std::string SimCamera::Apply(const protocol::Command& command) {
 std::string SimCamera::Reply(const protocol::Command& command) const {
     switch (command.kind) {
     case Kind::QueryPan:
-        return protocol::BuildDReply(address_, 0x59, Round(Pan() * 100.0) % 36000);
+        return protocol::BuildDReply(address_, protocol::code::kPanReply,
+                                     Round(Pan() * 100.0) % 36000);
     case Kind::QueryTilt: {
         const double a = tilt_ >= 0 ? tilt_ : tilt_ + 360.0;
-        return protocol::BuildDReply(address_, 0x5B, Round(a * 100.0) % 36000);
+        return protocol::BuildDReply(address_, protocol::code::kTiltReply,
+                                     Round(a * 100.0) % 36000);
     }
     case Kind::QueryZoom:
-        return protocol::BuildDReply(address_, 0x5D, Round(zoom_ * 65535.0));
+        return protocol::BuildDReply(address_, protocol::code::kZoomReply, Round(zoom_ * 65535.0));
     case Kind::QueryMagnification:
-        return protocol::BuildDReply(address_, 0x63, Round(Magnification() * 100.0));
+        return protocol::BuildDReply(address_, protocol::code::kMagnificationReply,
+                                     Round(Magnification() * 100.0));
     default:
         return protocol::BuildGeneralReply(address_);
     }

@@ -1,5 +1,7 @@
 #include "switcher.h"
 
+#include "protocol/vocabulary.h"
+
 #include <QtGlobal>
 
 #include <algorithm>
@@ -68,7 +70,8 @@ std::string SimSwitcher::Apply(const protocol::Command& command) {
         }
         // The alarmed camera comes up on the selected monitor.
         routes_[static_cast<std::size_t>(monitor_)] = alarmShown_;
-        return std::to_string(alarmShown_) + (forward ? "ia" : "da");
+        return std::to_string(alarmShown_) +
+               std::string(protocol::Mnemonic(forward ? Kind::NextAlarm : Kind::PreviousAlarm));
     }
     case Kind::TriggerAlarm:
         if (n >= 1) {

@@ -2,7 +2,7 @@
 // of three domes, or "Scan for Receivers" having found the site's cameras.
 // Usage: quellpad_bus_screenshot listen|scan OUTPUT.png
 #include "engine/keyboard_state.h"
-#include "protocol/commands.h"
+#include "protocol/frames.h"
 #include "scan_window/frm_scan.h"
 #include "site/simulated_line.h"
 #include "traffic_window/frm_traffic.h"

@@ -1,7 +1,7 @@
 // Renders the "Simulated Site" window offscreen with its equipment at work, for the README.
 // Usage: quellpad_site_screenshot WIDTH HEIGHT OUTPUT.png   (0 0 for the smallest size)
 #include "engine/keyboard_state.h"
-#include "protocol/commands.h"
+#include "protocol/frames.h"
 #include "site/simulated_line.h"
 #include "site_window/frm_simulated_site.h"
 

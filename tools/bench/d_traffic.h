@@ -1,6 +1,6 @@
 #pragma once
 
-#include "protocol/commands.h"
+#include "protocol/frames.h"
 
 #include <string>
 

@@ -3,6 +3,7 @@
 // one core that a line saturated at 115200 baud costs the program.
 #include "d_traffic.h"
 #include "protocol/decoders.h"
+#include "protocol/frames.h"
 #include "site/simulated_line.h"
 
 #include <QCoreApplication>

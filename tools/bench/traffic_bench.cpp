@@ -2,7 +2,7 @@
 // never opened (no tap) and open (the recorder noting), and what a flood at 115200 baud on
 // both ports costs the window per batch of rows.
 #include "engine/keyboard_state.h"
-#include "protocol/commands.h"
+#include "protocol/frames.h"
 #include "traffic/traffic_recorder.h"
 #include "traffic_window/frm_traffic.h"
 

@@ -2,6 +2,7 @@
 
 #include "console/joystick.h"
 #include "engine/numeric.h"
+#include "engine/words.h"
 
 #include <algorithm>
 #include <array>
@@ -10,17 +11,15 @@ namespace quellpad {
 
 namespace {
 
-// Extended Command2 values that the sequences write.
-constexpr std::uint8_t kSetPreset = 3;
-constexpr std::uint8_t kSetAux = 9;
-constexpr std::uint8_t kClearAux = 11;
-constexpr std::uint8_t kZoneEndMark = 19;
-constexpr std::uint8_t kZoneStore = 17;
-constexpr std::uint8_t kWriteCharacter = 21;
-constexpr std::uint8_t kZoneEndFinish = 27;
-constexpr std::uint8_t kZoneStartBegin = 29;
+using namespace protocol::code;
 
-const QString kStopAll = QStringLiteral("sa");
+// What the zone sequences write: a zone is marked with the scan codes around the store.
+constexpr std::uint8_t kZoneEndMark = kSetZoneEnd;
+constexpr std::uint8_t kZoneStore = kSetZoneStart;
+constexpr std::uint8_t kZoneEndFinish = kZoneScanOn;
+constexpr std::uint8_t kZoneStartBegin = kZoneScanOff;
+
+const QString kStopAll = Word(protocol::Kind::StopAll);
 
 void Load(Quellpad_Support_Func& k, std::uint8_t command1, std::uint8_t command2,
           std::uint8_t data1, std::uint8_t data2) {
@@ -99,21 +98,22 @@ bool AsciiPart(Quellpad_Support_Func& k, const DispatchInputs& in, DispatchOutco
         if (k.AlarmRangeStart != 0 && k.AlarmRangeStart <= k.AlarmRangeEnd) {
             const QString digits = Digits(k.AlarmRangeStart);
             if (k.AlarmTriggerPending) {
-                k.AsciiCommand = digits + QStringLiteral("Ea");
+                k.AsciiCommand = digits + Word(protocol::Kind::TriggerAlarm);
             }
             if (k.AlarmResetPending) {
-                k.AsciiCommand = digits + QStringLiteral("Ia");
+                k.AsciiCommand = digits + Word(protocol::Kind::ResetAlarm);
             }
         }
         if (k.AuxToggleRequest == 2 || k.AuxToggleRequest == 1) {
-            k.AsciiCommand = Digits(k.AuxNumber) + (k.AuxToggleRequest == 2 ? QStringLiteral("Aa")
-                                                                            : QStringLiteral("Ba"));
+            k.AsciiCommand =
+                Digits(k.AuxNumber) +
+                Word(k.AuxToggleRequest == 2 ? protocol::Kind::AuxOn : protocol::Kind::AuxOff);
             --k.AuxToggleRequest;
         }
         if (k.GpiToggleRequest == 2 || k.GpiToggleRequest == 1) {
             k.AsciiCommand =
                 Digits(k.AuxNumber) +
-                (k.GpiToggleRequest == 2 ? QStringLiteral("xa") : QStringLiteral("~xa"));
+                Word(k.GpiToggleRequest == 2 ? protocol::Kind::GpiOn : protocol::Kind::GpiOff);
             --k.GpiToggleRequest;
         }
     }
@@ -133,20 +133,18 @@ bool AsciiPart(Quellpad_Support_Func& k, const DispatchInputs& in, DispatchOutco
 } // namespace
 
 bool IsNonMotionCommand(const QString& text) {
-    if (text.contains(QLatin1String("la"))) {
+    if (text.contains(Word(protocol::Kind::Label))) {
         return true;
     }
-    static const std::array<QLatin1String, 14> motion{
-        QLatin1String("Da"),  QLatin1String("Ua"), QLatin1String("La"),  QLatin1String("Ra"),
-        QLatin1String("Wa"),  QLatin1String("Ta"), QLatin1String("Na"),  QLatin1String("Fa"),
-        QLatin1String("Oa"),  QLatin1String("Ca"), QLatin1String("dLm"), QLatin1String("dRm"),
-        QLatin1String("dUm"), QLatin1String("dDm")};
-    for (const QLatin1String& mnemonic : motion) {
-        if (text.contains(mnemonic)) {
+    // Every start of a direction, in both text languages (its stop holds it too).
+    for (const protocol::Word& word : protocol::kWords) {
+        if (word.kind == protocol::Kind::DirectionStart &&
+            text.contains(QLatin1String(word.mnemonic.data(),
+                                        static_cast<qsizetype>(word.mnemonic.size())))) {
             return false;
         }
     }
-    return !text.contains(QLatin1String("sa"));
+    return !text.contains(kStopAll);
 }
 
 std::optional<AlarmRange> ReadAlarmRange(const QString& text) {
@@ -204,13 +202,13 @@ void SendAndRemember(Quellpad_Support_Func& k) {
 namespace {
 
 bool RegistersMove(const QString& mode, std::uint8_t command1, std::uint8_t command2) {
-    if (command2 & 0x01) {
+    if (command2 & protocol::bit::kOneShot) {
         return false; // a one-shot command: its data are no speeds
     }
     // The lens bits of Command1: three in "D", four in "P" (which "ASCII" mirrors). The
     // speeds in the data move nothing without a direction bit beside them.
-    const std::uint8_t lens = mode == kModeD ? 0x07 : 0x0F;
-    return (command1 & lens) != 0 || (command2 & 0xFE) != 0;
+    const std::uint8_t lens = mode == kModeD ? protocol::bit::kDLens : protocol::bit::kPLens;
+    return (command1 & lens) != 0 || (command2 & ~protocol::bit::kOneShot) != 0;
 }
 
 bool AsciiTextMoves(const QString& text) {

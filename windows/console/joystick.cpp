@@ -1,6 +1,7 @@
 #include "joystick.h"
 
 #include "engine/numeric.h"
+#include "engine/words.h"
 
 #include <algorithm>
 #include <array>
@@ -26,15 +27,26 @@ struct Direction {
 
 // In this order: the stop texts of left and right replace each other, those of down and
 // up follow them.
+constexpr Direction Along(Axis axis, int sign, double scale, int limit, std::uint8_t bit,
+                          protocol::Direction direction) {
+    using protocol::DirectionMnemonic;
+    using protocol::Language;
+    return {axis,
+            sign,
+            scale,
+            limit,
+            bit,
+            Latin(DirectionMnemonic(Language::Ascii, direction, true)),
+            Latin(DirectionMnemonic(Language::Ascii, direction, false)),
+            Latin(DirectionMnemonic(Language::MuxAscii, direction, true)),
+            Latin(DirectionMnemonic(Language::MuxAscii, direction, false))};
+}
+
 const std::array<Direction, 4> kDirections{{
-    {Axis::Pan, -1, 60, 64, 0x04, QLatin1String("La"), QLatin1String("~La"), QLatin1String("dLm"),
-     QLatin1String("~dLm")},
-    {Axis::Pan, +1, 60, 64, 0x02, QLatin1String("Ra"), QLatin1String("~Ra"), QLatin1String("dRm"),
-     QLatin1String("~dRm")},
-    {Axis::Tilt, +1, 59, 63, 0x10, QLatin1String("Da"), QLatin1String("~Da"), QLatin1String("dDm"),
-     QLatin1String("~dDm")},
-    {Axis::Tilt, -1, 59, 63, 0x08, QLatin1String("Ua"), QLatin1String("~Ua"), QLatin1String("dUm"),
-     QLatin1String("~dUm")},
+    Along(Axis::Pan, -1, 60, 64, protocol::bit::kPanLeft, protocol::Direction::PanLeft),
+    Along(Axis::Pan, +1, 60, 64, protocol::bit::kPanRight, protocol::Direction::PanRight),
+    Along(Axis::Tilt, +1, 59, 63, protocol::bit::kTiltDown, protocol::Direction::TiltDown),
+    Along(Axis::Tilt, -1, 59, 63, protocol::bit::kTiltUp, protocol::Direction::TiltUp),
 }};
 
 // Left, right, up, down: the order in which a release stops the directions.
@@ -76,7 +88,7 @@ bool UpdateJoystick(Quellpad_Support_Func& k, JoystickState& state, int button, 
     if (!(g.squareLeft < x && x < squareRight && g.squareTop < y && y < squareBottom)) {
         return false;
     }
-    if (k.Command2 & 0x01) {
+    if (k.Command2 & protocol::bit::kOneShot) {
         k.Command1 = k.Command2 = k.Data1 = k.Data2 = 0;
     }
     state.JoystickDragging = true;
@@ -115,7 +127,7 @@ bool UpdateJoystick(Quellpad_Support_Func& k, JoystickState& state, int button, 
         // computed, so near the edge the switcher is told up to 67 (pan) or 66 (tilt).
         const int speed = JoystickSpeed(distance, halfSize, dead, d.scale);
         (pan ? k.Data1 : k.Data2) = ToByte(std::min(speed, d.limit));
-        if (k.Command2 & 0x01) {
+        if (k.Command2 & protocol::bit::kOneShot) {
             k.Command2 = 0;
         }
         if (IsFrameMode(k.CurrentMode)) {
@@ -138,7 +150,7 @@ bool UpdateJoystick(Quellpad_Support_Func& k, JoystickState& state, int button, 
         k.Data2 = 0;
     }
     if (panIdle && tiltIdle && k.CurrentMode == kModeAscii) {
-        k.AsciiCommand = QStringLiteral("sa");
+        k.AsciiCommand = Word(protocol::Kind::StopAll);
     }
     return true;
 }
@@ -149,7 +161,7 @@ bool ReleaseJoystick(Quellpad_Support_Func& k, JoystickState& state) {
     }
     state.JoystickDragging = false;
     // Pan, tilt and any one-shot bit go; zoom and focus-far stay with their buttons.
-    k.Command2 &= 0xE0;
+    k.Command2 &= protocol::bit::kZoomIn | protocol::bit::kZoomOut | protocol::bit::kDFocusFar;
     k.Data1 = 0;
     k.Data2 = 0;
     if (k.CurrentMode == kModeMuxAscii) {

@@ -1,5 +1,7 @@
 #include "lens.h"
 
+#include "engine/words.h"
+
 #include <array>
 
 #include <QCoreApplication>
@@ -7,6 +9,8 @@
 namespace quellpad {
 
 namespace {
+
+namespace bit = protocol::bit;
 
 enum class Register { Command1, Command2 };
 
@@ -23,9 +27,8 @@ struct LensAction {
     LensButton partner;
     Bits d;
     Bits p; // also what "ASCII" sets, so that the dispatcher sees when all has stopped
-    const char* asciiOn;
-    const char* asciiOff;
-    bool zoom; // zoom bits change in every mode, even where no text is sent
+    protocol::Direction direction; // its start and stop texts in "ASCII"
+    bool zoom;                     // zoom bits change in every mode, even where no text is sent
 };
 
 using R = Register;
@@ -33,50 +36,44 @@ const std::array<LensAction, 6> kActions{{
     {"FocusNear",
      QT_TRANSLATE_NOOP("Lens", "Focus Near"),
      LensButton::FocusFar,
-     {R::Command1, 0x01, R::Command2, 0x80},
-     {R::Command1, 0x02, R::Command1, 0x01},
-     "Na",
-     "~Na",
+     {R::Command1, bit::kDFocusNear, R::Command2, bit::kDFocusFar},
+     {R::Command1, bit::kPFocusNear, R::Command1, bit::kPFocusFar},
+     protocol::Direction::FocusNear,
      false},
     {"FocusFar",
      QT_TRANSLATE_NOOP("Lens", "Focus Far"),
      LensButton::FocusNear,
-     {R::Command2, 0x80, R::Command1, 0x01},
-     {R::Command1, 0x01, R::Command1, 0x02},
-     "Fa",
-     "~Fa",
+     {R::Command2, bit::kDFocusFar, R::Command1, bit::kDFocusNear},
+     {R::Command1, bit::kPFocusFar, R::Command1, bit::kPFocusNear},
+     protocol::Direction::FocusFar,
      false},
     {"IrisOpen",
      QT_TRANSLATE_NOOP("Lens", "Iris Open"),
      LensButton::IrisClose,
-     {R::Command1, 0x02, R::Command1, 0x04},
-     {R::Command1, 0x04, R::Command1, 0x08},
-     "Oa",
-     "~Oa",
+     {R::Command1, bit::kDIrisOpen, R::Command1, bit::kDIrisClose},
+     {R::Command1, bit::kPIrisOpen, R::Command1, bit::kPIrisClose},
+     protocol::Direction::IrisOpen,
      false},
     {"IrisClose",
      QT_TRANSLATE_NOOP("Lens", "Iris Close"),
      LensButton::IrisOpen,
-     {R::Command1, 0x04, R::Command1, 0x02},
-     {R::Command1, 0x08, R::Command1, 0x04},
-     "Ca",
-     "~Ca",
+     {R::Command1, bit::kDIrisClose, R::Command1, bit::kDIrisOpen},
+     {R::Command1, bit::kPIrisClose, R::Command1, bit::kPIrisOpen},
+     protocol::Direction::IrisClose,
      false},
     {"ZoomIn",
      QT_TRANSLATE_NOOP("Lens", "Zoom In"),
      LensButton::ZoomOut,
-     {R::Command2, 0x20, R::Command2, 0x40},
-     {R::Command2, 0x20, R::Command2, 0x40},
-     "Ta",
-     "~Ta",
+     {R::Command2, bit::kZoomIn, R::Command2, bit::kZoomOut},
+     {R::Command2, bit::kZoomIn, R::Command2, bit::kZoomOut},
+     protocol::Direction::ZoomIn,
      true},
     {"ZoomOut",
      QT_TRANSLATE_NOOP("Lens", "Zoom Out"),
      LensButton::ZoomIn,
-     {R::Command2, 0x40, R::Command2, 0x20},
-     {R::Command2, 0x40, R::Command2, 0x20},
-     "Wa",
-     "~Wa",
+     {R::Command2, bit::kZoomOut, R::Command2, bit::kZoomIn},
+     {R::Command2, bit::kZoomOut, R::Command2, bit::kZoomIn},
+     protocol::Direction::ZoomOut,
      true},
 }};
 
@@ -126,7 +123,7 @@ LensButton LensPartner(LensButton button) {
 }
 
 void SwitchLensOn(Quellpad_Support_Func& k, LensButton button) {
-    if (k.Command2 & 0x01) {
+    if (k.Command2 & bit::kOneShot) {
         k.Command1 = k.Command2 = k.Data1 = k.Data2 = 0;
     }
     const LensAction& action = ActionOf(button);
@@ -135,7 +132,7 @@ void SwitchLensOn(Quellpad_Support_Func& k, LensButton button) {
         RegisterOf(k, bits->clearRegister) &= static_cast<std::uint8_t>(~bits->clearBit);
     }
     if (k.CurrentMode == kModeAscii) {
-        k.AsciiCommand = QString::fromLatin1(action.asciiOn);
+        k.AsciiCommand = DirectionWord(protocol::Language::Ascii, action.direction, true);
     }
 }
 
@@ -145,7 +142,7 @@ void SwitchLensOff(Quellpad_Support_Func& k, LensButton button) {
         RegisterOf(k, bits->setRegister) &= static_cast<std::uint8_t>(~bits->setBit);
     }
     if (k.CurrentMode == kModeAscii) {
-        k.AsciiCommand = QString::fromLatin1(action.asciiOff);
+        k.AsciiCommand = DirectionWord(protocol::Language::Ascii, action.direction, false);
     }
 }
 

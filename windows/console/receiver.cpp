@@ -1,6 +1,7 @@
 #include "receiver.h"
 
 #include "engine/keyboard_state.h"
+#include "engine/words.h"
 
 namespace quellpad {
 
@@ -30,7 +31,8 @@ bool ClearsResponseBox(const QString& mode, qsizetype boxLength, const QString& 
 std::optional<QString> AlarmNumberFromReply(const QString& response) {
     std::optional<QString> number;
     // Both markers are looked at in turn, as the switcher's replies may carry either.
-    for (const QLatin1String marker : {QLatin1String("ia"), QLatin1String("da")}) {
+    for (const QString& marker :
+         {Word(protocol::Kind::NextAlarm), Word(protocol::Kind::PreviousAlarm)}) {
         if (response.contains(marker) && response.size() > 2) {
             number = response.left(response.size() - 2);
         }

@@ -2,10 +2,13 @@
 
 #include "console/dispatcher.h"
 #include "engine/numeric.h"
+#include "engine/words.h"
 
 #include <QCoreApplication>
 
 namespace quellpad {
+
+namespace code = protocol::code;
 
 namespace {
 
@@ -232,47 +235,47 @@ QString AsciiTargetText(const Quellpad_Support_Func& k, const AsciiTarget& targe
         number = Digits(k.MacroNumber);
         break;
     }
-    return number + QLatin1String(target.mnemonic);
+    return number + Word(target.command);
 }
 
 QString TriggerAlarmText(std::int16_t alarm) {
-    return Digits(alarm) + QStringLiteral("Ea");
+    return Digits(alarm) + Word(protocol::Kind::TriggerAlarm);
 }
 
 QString ResetAlarmText(std::int16_t alarm) {
-    return (alarm == 0 ? QString() : Digits(alarm)) + QStringLiteral("Ia");
+    return (alarm == 0 ? QString() : Digits(alarm)) + Word(protocol::Kind::ResetAlarm);
 }
 
 void LoadAux(Quellpad_Support_Func& k, bool on) {
     if (k.CurrentMode == kModeAscii) {
-        LoadAsciiCommand(k,
-                         Digits(k.AuxNumber) + (on ? QStringLiteral("Aa") : QStringLiteral("Ba")));
+        LoadAsciiCommand(k, Digits(k.AuxNumber) +
+                                Word(on ? protocol::Kind::AuxOn : protocol::Kind::AuxOff));
     } else if (IsFrameMode(k.CurrentMode)) {
         // Loaded directly: the same aux command twice in a row goes out once.
         k.Command1 = 0;
-        k.Command2 = on ? 9 : 11;
+        k.Command2 = on ? code::kSetAux : code::kClearAux;
         k.Data1 = 0;
         k.Data2 = ToByte(k.AuxNumber);
     }
 }
 
 void LoadPresetGo(Quellpad_Support_Func& k, int preset) {
-    LoadRegisters(k, 7, ToByte(preset));
+    LoadRegisters(k, code::kGoPreset, ToByte(preset));
     if (k.CurrentMode == kModeAscii) {
-        LoadAsciiCommand(k, Digits(preset) + QStringLiteral("\\a"));
+        LoadAsciiCommand(k, Digits(preset) + Word(protocol::Kind::GoPreset));
     }
 }
 
 void LoadPresetClear(Quellpad_Support_Func& k) {
-    LoadRegisters(k, 5, ToByte(k.PresetNumber));
+    LoadRegisters(k, code::kClearPreset, ToByte(k.PresetNumber));
 }
 
 void LoadPresetSet(Quellpad_Support_Func& k) {
-    const QString store = Digits(k.PresetNumber) + QStringLiteral("^a");
+    const QString store = Digits(k.PresetNumber) + Word(protocol::Kind::SetPreset);
     if (k.CurrentMode == kModeAscii) {
         LoadAsciiCommand(k, k.LabelText.isEmpty() ? store
-                                                  : QStringLiteral("la") + k.LabelText +
-                                                        QStringLiteral("!a") + store);
+                                                  : Word(protocol::Kind::Label) + k.LabelText +
+                                                        FreeTextEnd() + store);
     } else if (IsFrameMode(k.CurrentMode) && k.AnyPortOpen()) {
         // Twenty label characters first when there is a label, then the store itself.
         k.PresetSetStep = k.LabelText.isEmpty() ? 40 : 20;
@@ -280,12 +283,15 @@ void LoadPresetSet(Quellpad_Support_Func& k) {
 }
 
 void LoadPattern(Quellpad_Support_Func& k, PatternAction action, int pattern) {
-    static constexpr std::uint8_t kCommand[] = {0x1F, 0x21, 0x23};
-    static constexpr const char* kMnemonic[] = {"/a", "na", "pa"};
+    static constexpr std::uint8_t kCommand[] = {code::kStartPatternRecord, code::kEndPatternRecord,
+                                                code::kRunPattern};
+    static constexpr protocol::Kind kText[] = {protocol::Kind::StartPatternRecord,
+                                               protocol::Kind::EndPatternRecord,
+                                               protocol::Kind::RunPattern};
     const auto index = static_cast<std::size_t>(action);
     LoadRegisters(k, kCommand[index], ToByte(pattern));
     if (k.CurrentMode == kModeAscii) {
-        LoadAsciiCommand(k, Digits(k.Data2) + QLatin1String(kMnemonic[index]));
+        LoadAsciiCommand(k, Digits(k.Data2) + Word(kText[index]));
     }
 }
 
@@ -298,7 +304,7 @@ void LoadZone(Quellpad_Support_Func& k, ZoneChoice choice, int zone) {
         k.LastCommand1 = 0;
         k.LastCommand2 = 0;
         k.Command1 = 0;
-        k.Command2 = choice == ZoneChoice::ScanOn ? 0x1B : 0x1D;
+        k.Command2 = choice == ZoneChoice::ScanOn ? code::kZoneScanOn : code::kZoneScanOff;
         k.Data1 = 0;
         k.Data2 = 0;
         return;
@@ -318,19 +324,19 @@ void LoadMisc(Quellpad_Support_Func& k, MiscChoice choice, int speed) {
     case MiscChoice::None:
         return;
     case MiscChoice::Flip:
-        LoadRegisters(k, 0x07, 0x21);
+        LoadRegisters(k, code::kGoPreset, protocol::preset::kFlip);
         return;
     case MiscChoice::RemoteReset:
-        LoadRegisters(k, 0x0F, 0);
+        LoadRegisters(k, code::kRemoteReset, 0);
         return;
     case MiscChoice::ClearScreen:
-        LoadRegisters(k, 0x17, 0);
+        LoadRegisters(k, code::kClearScreen, 0);
         return;
     case MiscChoice::ZoomSpeed:
-        LoadRegisters(k, 0x25, ToByte(speed));
+        LoadRegisters(k, code::kZoomSpeed, ToByte(speed));
         return;
     case MiscChoice::FocusSpeed:
-        LoadRegisters(k, 0x27, ToByte(speed));
+        LoadRegisters(k, code::kFocusSpeed, ToByte(speed));
         return;
     }
 }
@@ -341,13 +347,13 @@ QString TimeUpdateText(const QDateTime& now) {
     auto two = [](int value) {
         return QStringLiteral("%1").arg(value % 100, 2, 10, QLatin1Char('0'));
     };
-    return QStringLiteral("Za") + two(date.month()) + u'/' + two(date.day()) + u'/' +
+    return Word(protocol::Kind::TimeUpdate) + two(date.month()) + u'/' + two(date.day()) + u'/' +
            two(date.year()) + u'/' + two(time.hour()) + u':' + two(time.minute()) + u':' +
-           two(time.second()) + u'a';
+           two(time.second()) + QLatin1Char(protocol::kAsciiEnd);
 }
 
 QString CameraTitleText(std::int32_t camera, const QString& label) {
-    return Str(camera) + QStringLiteral("Ya") + label + QStringLiteral("!a");
+    return Str(camera) + Word(protocol::Kind::CameraTitle) + label + FreeTextEnd();
 }
 
 } // namespace quellpad

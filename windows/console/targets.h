@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/keyboard_state.h"
+#include "protocol/vocabulary.h"
 #include "ui/messages.h"
 
 #include <QDateTime>
@@ -63,39 +64,40 @@ enum class TargetNumber { None, Monitor, Camera, Aux, Macro };
 struct AsciiTarget {
     const char* control;
     TargetNumber number;
-    const char* mnemonic;
+    protocol::Kind command;
 };
+using K = protocol::Kind;
 inline constexpr AsciiTarget kAsciiTargets[] = {
-    {"MonitorButton", TargetNumber::Monitor, "Ma"},
-    {"CameraButton", TargetNumber::Camera, "#a"},
-    {"CamForwardStepButton", TargetNumber::None, "+a"},
-    {"CamBackwardStepButton", TargetNumber::None, "-a"},
-    {"Alarm_Forward_Step_Button", TargetNumber::None, "ia"},
-    {"Alarm_Backward_Step_Button", TargetNumber::None, "da"},
-    {"GPI_OnOption", TargetNumber::Aux, "xa"},
-    {"GPI_OffOption", TargetNumber::Aux, "~xa"},
-    {"StartMacroOption", TargetNumber::Macro, "Sa"},
-    {"HaltMacroOption", TargetNumber::Macro, "Ha"},
-    {"StartSequenceOption", TargetNumber::Macro, "qa"},
-    {"HaltSequenceOption", TargetNumber::Macro, "ea"},
-    {"StartTourOption", TargetNumber::Macro, "ta"},
-    {"HaltTourOption", TargetNumber::Macro, "ra"},
-    {"LockCam_Option", TargetNumber::None, "Ga"},
-    {"UnlockCam_Option", TargetNumber::None, "~Ga"},
-    {"OverrideLock_Option", TargetNumber::None, "oa"},
-    {"DigZoom_Option", TargetNumber::None, "ym"},
-    {"PIP_Option", TargetNumber::None, "im"},
-    {"Quad_Option", TargetNumber::None, "um"},
-    {"Nano_Option", TargetNumber::None, "om"},
-    {"Hex_Option", TargetNumber::None, "xm"},
+    {"MonitorButton", TargetNumber::Monitor, K::SelectMonitor},
+    {"CameraButton", TargetNumber::Camera, K::SelectCamera},
+    {"CamForwardStepButton", TargetNumber::None, K::NextCamera},
+    {"CamBackwardStepButton", TargetNumber::None, K::PreviousCamera},
+    {"Alarm_Forward_Step_Button", TargetNumber::None, K::NextAlarm},
+    {"Alarm_Backward_Step_Button", TargetNumber::None, K::PreviousAlarm},
+    {"GPI_OnOption", TargetNumber::Aux, K::GpiOn},
+    {"GPI_OffOption", TargetNumber::Aux, K::GpiOff},
+    {"StartMacroOption", TargetNumber::Macro, K::StartMacro},
+    {"HaltMacroOption", TargetNumber::Macro, K::HaltMacro},
+    {"StartSequenceOption", TargetNumber::Macro, K::StartSequence},
+    {"HaltSequenceOption", TargetNumber::Macro, K::HaltSequence},
+    {"StartTourOption", TargetNumber::Macro, K::StartTour},
+    {"HaltTourOption", TargetNumber::Macro, K::HaltTour},
+    {"LockCam_Option", TargetNumber::None, K::LockCamera},
+    {"UnlockCam_Option", TargetNumber::None, K::UnlockCamera},
+    {"OverrideLock_Option", TargetNumber::None, K::OverrideLock},
+    {"DigZoom_Option", TargetNumber::None, K::DigitalZoom},
+    {"PIP_Option", TargetNumber::None, K::Pip},
+    {"Quad_Option", TargetNumber::None, K::Quad},
+    {"Nano_Option", TargetNumber::None, K::Nano},
+    {"Hex_Option", TargetNumber::None, K::Hex},
     // The VCR keys are the multiplexer's, although the menu is offered in "ASCII".
-    {"Eject_Option", TargetNumber::None, "<m"},
-    {"Record_Option", TargetNumber::None, "rm"},
-    {"Pause_Option", TargetNumber::None, "em"},
-    {"FastForward_Option", TargetNumber::None, ">>m"},
-    {"Rewind_Option", TargetNumber::None, "<<m"},
-    {"Stop_Option", TargetNumber::None, "sm"},
-    {"Play_Option", TargetNumber::None, ">m"},
+    {"Eject_Option", TargetNumber::None, K::VcrEject},
+    {"Record_Option", TargetNumber::None, K::VcrRecord},
+    {"Pause_Option", TargetNumber::None, K::VcrPause},
+    {"FastForward_Option", TargetNumber::None, K::VcrFastForward},
+    {"Rewind_Option", TargetNumber::None, K::VcrRewind},
+    {"Stop_Option", TargetNumber::None, K::VcrStop},
+    {"Play_Option", TargetNumber::None, K::VcrPlay},
 };
 QString AsciiTargetText(const Quellpad_Support_Func& keyboard, const AsciiTarget& target);
 

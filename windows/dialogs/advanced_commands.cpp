@@ -1,5 +1,7 @@
 #include "advanced_commands.h"
 
+#include "protocol/vocabulary.h"
+
 #include "ui/controls.h"
 #include "ui/key_filter.h"
 
@@ -15,6 +17,8 @@
 
 namespace quellpad {
 
+namespace code = protocol::code;
+
 using dialog_parts::DialogButton;
 
 const std::array<AdvancedFixedButton, 11> kAdvancedFixedButtons{{
@@ -23,68 +27,67 @@ const std::array<AdvancedFixedButton, 11> kAdvancedFixedButtons{{
      QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Set Zero Position"),
      "SetZeroButton",
      QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Set"),
-     {0x00, 0x49, 0x00, 0x00}},
-    // Preset 34 is the receiver's zero-pan position.
+     {0x00, code::kSetZeroPosition, 0x00, 0x00}},
     {"Frame1",
      "Label15",
      QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Go To Zero Pan"),
      "GoToZeroButton",
      QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Go"),
-     {0x00, 0x07, 0x00, 0x22}},
+     {0x00, code::kGoPreset, 0x00, protocol::preset::kZeroPan}},
     {"Frame2",
      "Label6",
      QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Query Pan Position"),
      "QueryPanButton",
      QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Query"),
-     {0x00, 0x51, 0, 0}},
+     {0x00, code::kQueryPan, 0, 0}},
     {"Frame2",
      "Label7",
      QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Query Tilt Position"),
      "QueryTiltButton",
      QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Query"),
-     {0x00, 0x53, 0, 0}},
+     {0x00, code::kQueryTilt, 0, 0}},
     {"Frame2",
      "Label8",
      QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Query Zoom Position"),
      "QueryZoomButton",
      QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Query"),
-     {0x00, 0x55, 0, 0}},
+     {0x00, code::kQueryZoom, 0, 0}},
     {"Frame2",
      "Label9",
      QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Query Magnification"),
      "QueryMagButton",
      QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Query"),
-     {0x00, 0x61, 0, 0}},
+     {0x00, code::kQueryMagnification, 0, 0}},
     {"Frame2",
      "Label10",
      QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Query Device Type"),
      "QueryDeviceButton",
      QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Query"),
-     {0x00, 0x6B, 0, 0}},
+     {0x00, code::kQueryDevice, 0, 0}},
     {"Frame2",
      "Label11",
      QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Query Diagnostic Info"),
      "QueryDiagnosticButton",
      QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Query"),
-     {0x00, 0x6F, 0, 0}},
+     {0x00, code::kQueryDiagnostic, 0, 0}},
     {"Frame3",
      "Label12",
      QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Activate Echo Mode"),
      "ActivateEchoButton",
      QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Activate"),
-     {0x00, 0x65, 0, 0}},
+     {0x00, code::kEchoMode, 0, 0}},
     {"Frame3",
      "Label13",
      QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Prepare Download"),
      "DownloadButton",
      QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Prepare"),
-     {0x00, 0x57, 0, 0}},
+     {0x00, code::kPrepareDownload, 0, 0}},
     {"Frame3",
      "Label14",
      QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Start Download"),
      "StartDownloadButton",
      QT_TRANSLATE_NOOP("quellpad::FrmAdvancedCommands", "Start"),
-     {0x00, 0x69, 0, 0}},
+     {0x00, code::kStartDownload, 0, 0}},
 }};
 
 namespace {
@@ -153,7 +156,7 @@ SetRequest SetPanRequest(const QString& text) {
     if (p > 359.99) {
         return Refused(expected);
     }
-    return Loads(0x4B, p * 100);
+    return Loads(code::kSetPan, p * 100);
 }
 
 SetRequest SetTiltRequest(const QString& text) {
@@ -164,7 +167,7 @@ SetRequest SetTiltRequest(const QString& text) {
     if (!Typeable(text, true) || t < -180 || t > 180) {
         return Refused(Warning(TiltExpected()), true);
     }
-    return Loads(0x4D, (t >= 0 ? t : t + 360) * 100);
+    return Loads(code::kSetTilt, (t >= 0 ? t : t + 360) * 100);
 }
 
 SetRequest SetMagRequest(const QString& text) {
@@ -177,7 +180,7 @@ SetRequest SetMagRequest(const QString& text) {
     if (!Typeable(text, false) || m < 1 || m > 350) {
         return Refused({MagExpected(), {}});
     }
-    return Loads(0x5F, m * 100);
+    return Loads(code::kSetMagnification, m * 100);
 }
 
 SetRequest SetZoomRequest(const QString& zoomLimit, const QString& setZoom) {
@@ -199,7 +202,7 @@ SetRequest SetZoomRequest(const QString& zoomLimit, const QString& setZoom) {
     if (!std::isfinite(n)) {
         n = 65535 * (zoom / full); // a zoom so large that 65535 times it is no number
     }
-    return {WithValue(0x4F, RoundHalfEven(n)), std::nullopt, false};
+    return {WithValue(code::kSetZoom, RoundHalfEven(n)), std::nullopt, false};
 }
 
 std::optional<ui::Message> PanBoxRefusal(const QString& text) {

@@ -1,5 +1,7 @@
 #include "extended_commands.h"
 
+#include "protocol/vocabulary.h"
+
 #include "ui/controls.h"
 
 #include <QComboBox>
@@ -15,24 +17,26 @@
 
 namespace quellpad {
 
+namespace code = protocol::code;
+
 using dialog_parts::DialogButton;
 
 const std::array<ExtendedFixedButton, 12> kExtendedFixedButtons{{
-    {"QueryButton", {0x00, 0x45, 0x00, 0x00}},
-    {"AutoFocusOnButton", {0x00, 0x2B, 0x00, 0x00}},
-    {"AutoFocusOffButton", {0x00, 0x2B, 0x00, 0x01}},
-    {"AutoIrisOnButton", {0x00, 0x2D, 0x00, 0x00}},
-    {"AutoIrisOffButton", {0x00, 0x2D, 0x00, 0x01}},
-    {"AutoAgcOnButton", {0x00, 0x2F, 0x00, 0x00}},
+    {"QueryButton", {0x00, code::kQuerySetup, 0x00, 0x00}},
+    {"AutoFocusOnButton", {0x00, code::kAutoFocus, 0x00, 0x00}},
+    {"AutoFocusOffButton", {0x00, code::kAutoFocus, 0x00, 0x01}},
+    {"AutoIrisOnButton", {0x00, code::kAutoIris, 0x00, 0x00}},
+    {"AutoIrisOffButton", {0x00, code::kAutoIris, 0x00, 0x01}},
+    {"AutoAgcOnButton", {0x00, code::kAutoAgc, 0x00, 0x00}},
     // The receivers this keyboard was made for take gain control off through the iris
     // command; kept as it is.
-    {"AutoAgcOffButton", {0x00, 0x2D, 0x00, 0x01}},
+    {"AutoAgcOffButton", {0x00, code::kAutoIris, 0x00, 0x01}},
     // White balance and backlight count 02 as on and 01 as off.
-    {"AutoWhiteOnButton", {0x00, 0x33, 0x00, 0x02}},
-    {"AutoWhiteOffButton", {0x00, 0x33, 0x00, 0x01}},
-    {"BacklightOnButton", {0x00, 0x31, 0x00, 0x02}},
-    {"BacklightOffButton", {0x00, 0x31, 0x00, 0x01}},
-    {"ResetCamButton", {0x00, 0x29, 0x00, 0x00}},
+    {"AutoWhiteOnButton", {0x00, code::kAutoWhite, 0x00, 0x02}},
+    {"AutoWhiteOffButton", {0x00, code::kAutoWhite, 0x00, 0x01}},
+    {"BacklightOnButton", {0x00, code::kBacklight, 0x00, 0x02}},
+    {"BacklightOffButton", {0x00, code::kBacklight, 0x00, 0x01}},
+    {"ResetCamButton", {0x00, code::kResetCamera, 0x00, 0x00}},
 }};
 
 const QStringList kNtscShutterSpeeds{
@@ -84,16 +88,16 @@ LevelAdjusters::Step LevelAdjusters::Tick() {
 }
 
 LevelAdjusters::Step LevelAdjusters::AdjustIrisLevel(AdjustSign sign) {
-    return AdjustIris(IrisLevel, 255, 0x41, sign);
+    return AdjustIris(IrisLevel, 255, code::kIrisLevel, sign);
 }
 LevelAdjusters::Step LevelAdjusters::AdjustIrisPeak(AdjustSign sign) {
-    return AdjustIris(IrisPeak, 127, 0x43, sign);
+    return AdjustIris(IrisPeak, 127, code::kIrisPeak, sign);
 }
 LevelAdjusters::Step LevelAdjusters::AdjustRedGain(AdjustSign sign) {
-    return AdjustGain(RedGain, 0x3B, sign);
+    return AdjustGain(RedGain, code::kRedGain, sign);
 }
 LevelAdjusters::Step LevelAdjusters::AdjustBlueGain(AdjustSign sign) {
-    return AdjustGain(BlueGain, 0x3D, sign);
+    return AdjustGain(BlueGain, code::kBlueGain, sign);
 }
 
 LevelAdjusters::Step LevelAdjusters::AdjustIris(int& level, int top, std::uint8_t command2,
@@ -410,7 +414,7 @@ void FrmExtendedCommands::SetShutterSpeedButton_Click() {
         code = ShutterSpeedCode(false, ComboPAL->currentText());
     }
     if (code) {
-        LoadCommand(keyboard_, {0x00, 0x37, 0x00, *code});
+        LoadCommand(keyboard_, {0x00, code::kShutterSpeed, 0x00, *code});
     }
 }
 

@@ -1,6 +1,7 @@
 #include "menu_control.h"
 
 #include "dialogs/dialog_parts.h"
+#include "engine/words.h"
 #include "ui/controls.h"
 
 #include <QCoreApplication>
@@ -82,6 +83,22 @@ QString MenuControlInstructions() {
                                        "the \"M\" key to\r\nobtain access to the menus.");
 }
 
+namespace {
+
+namespace bit = protocol::bit;
+using D = protocol::Direction;
+
+// The ASCII texts of the arrows carry a speed of their own.
+const QString kMenuSpeed = QStringLiteral("20");
+// Set preset 95: the receiver's call for its on-screen menu.
+constexpr std::uint8_t kMenuPreset = 95;
+
+QString Start(protocol::Direction direction) {
+    return DirectionWord(protocol::Language::Ascii, direction, true);
+}
+
+} // namespace
+
 MenuKeyOutcome MenuKeyDown(Quellpad_Support_Func& k, MenuKey key) {
     MenuKeyOutcome outcome;
     if (k.MenuKeyHeld || key == MenuKey::None) {
@@ -90,26 +107,27 @@ MenuKeyOutcome MenuKeyDown(Quellpad_Support_Func& k, MenuKey key) {
     // Pan and tilt at speed 32 in the frames; the ASCII texts carry their own 20.
     switch (key) {
     case MenuKey::Right:
-        LoadRegisters(k, 0, 0x02, 32, 0, QStringLiteral("20Ra"));
+        LoadRegisters(k, 0, bit::kPanRight, 32, 0, kMenuSpeed + Start(D::PanRight));
         break;
     case MenuKey::Left:
-        LoadRegisters(k, 0, 0x04, 32, 0, QStringLiteral("20La"));
+        LoadRegisters(k, 0, bit::kPanLeft, 32, 0, kMenuSpeed + Start(D::PanLeft));
         break;
     case MenuKey::Up:
-        LoadRegisters(k, 0, 0x08, 0, 32, QStringLiteral("20Ua"));
+        LoadRegisters(k, 0, bit::kTiltUp, 0, 32, kMenuSpeed + Start(D::TiltUp));
         break;
     case MenuKey::Down:
-        LoadRegisters(k, 0, 0x10, 0, 32, QStringLiteral("20Da"));
+        LoadRegisters(k, 0, bit::kTiltDown, 0, 32, kMenuSpeed + Start(D::TiltDown));
         break;
     case MenuKey::IrisOpen:
-        LoadRegisters(k, IrisBit(k, 0x02, 0x04), 0, 0, 0, QStringLiteral("Oa"));
+        LoadRegisters(k, IrisBit(k, bit::kDIrisOpen, bit::kPIrisOpen), 0, 0, 0, Start(D::IrisOpen));
         break;
     case MenuKey::IrisClose:
-        LoadRegisters(k, IrisBit(k, 0x04, 0x08), 0, 0, 0, QStringLiteral("Ca"));
+        LoadRegisters(k, IrisBit(k, bit::kDIrisClose, bit::kPIrisClose), 0, 0, 0,
+                      Start(D::IrisClose));
         break;
     case MenuKey::Menu:
-        // Set preset 95: the receiver's call for its on-screen menu.
-        LoadRegisters(k, 0, 3, 0, 95, QStringLiteral("95^a"));
+        LoadRegisters(k, 0, protocol::code::kSetPreset, 0, kMenuPreset,
+                      QString::number(kMenuPreset) + Word(protocol::Kind::SetPreset));
         break;
     case MenuKey::Escape:
         k.MenuKeyHeld = false;
@@ -135,7 +153,7 @@ MenuKeyOutcome MenuKeyUp(Quellpad_Support_Func& k, MenuKey key) {
     if (key == MenuKey::Menu) {
         return outcome;
     }
-    LoadRegisters(k, 0, 0, 0, 0, QStringLiteral("sa"));
+    LoadRegisters(k, 0, 0, 0, 0, Word(protocol::Kind::StopAll));
     outcome.send = true;
     if (Pictured(key)) {
         outcome.showOff = key;

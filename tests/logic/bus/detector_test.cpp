@@ -1,4 +1,5 @@
 #include "fixtures.h"
+#include "protocol/frames.h"
 
 #include "bus/address_table.h"
 #include "bus/detector.h"

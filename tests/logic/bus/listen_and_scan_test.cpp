@@ -1,4 +1,5 @@
 #include "fixtures.h"
+#include "protocol/frames.h"
 #include "pseudo_terminal.h"
 
 #include "bus/listen_line.h"

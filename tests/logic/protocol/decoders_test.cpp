@@ -1,6 +1,7 @@
 #include "fixtures.h"
 
 #include "protocol/decoders.h"
+#include "protocol/frames.h"
 
 namespace quellpad::test {
 namespace {

@@ -1,4 +1,5 @@
 #include "fixtures.h"
+#include "protocol/frames.h"
 
 #include "engine/errors.h"
 #include "site/simulated_line.h"

@@ -1,4 +1,5 @@
 #include "fixtures.h"
+#include "protocol/frames.h"
 
 #include "site_server/served_lines.h"
 

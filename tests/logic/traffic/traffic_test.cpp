@@ -2,7 +2,7 @@
 #include "hostile_files.h"
 
 #include "engine/keyboard_state.h"
-#include "protocol/commands.h"
+#include "protocol/frames.h"
 #include "traffic/traffic_log.h"
 #include "traffic/traffic_recorder.h"
 #include "traffic/traffic_rows.h"

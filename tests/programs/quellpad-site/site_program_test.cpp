@@ -2,7 +2,7 @@
 #include "ser2net.h"
 
 #include "netline/network_line.h"
-#include "protocol/commands.h"
+#include "protocol/frames.h"
 
 #include <QElapsedTimer>
 #include <QFile>

@@ -1,4 +1,5 @@
 #include "fixtures.h"
+#include "protocol/frames.h"
 
 #include "console/frm_main.h"
 #include "dialogs/frm_settings.h"

@@ -1,5 +1,5 @@
 #include "main_window_fixture.h"
-#include "protocol/commands.h"
+#include "protocol/frames.h"
 #include "scan_window/frm_scan.h"
 
 #include <QCheckBox>

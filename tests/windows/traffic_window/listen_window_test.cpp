@@ -1,5 +1,5 @@
 #include "main_window_fixture.h"
-#include "protocol/commands.h"
+#include "protocol/frames.h"
 #include "pseudo_terminal.h"
 #include "traffic_window/frm_traffic.h"
 

@@ -1,7 +1,7 @@
 #include "hostile_files.h"
 #include "main_window_fixture.h"
 
-#include "protocol/commands.h"
+#include "protocol/frames.h"
 #include "traffic_window/frm_traffic.h"
 
 #include <QAbstractButton>
