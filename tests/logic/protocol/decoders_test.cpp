@@ -297,5 +297,28 @@ TEST(AllDecoders, HowTheLineIsSplitIntoReadsChangesNothing) {
     }
 }
 
+// An address a frame cannot carry fails before any byte is built: 0 in P (sent as the
+// address less one), 256 in D; the edges themselves are built.
+TEST(FrameBuilders, AnAddressTheFrameCannotCarryFailsBeforeAnyByte) {
+    struct Case {
+        Language language;
+        int address;
+        bool fits;
+    };
+    const Case cases[] = {{Language::P, 0, false},   {Language::P, 1, true},
+                          {Language::P, 256, true},  {Language::P, 257, false},
+                          {Language::D, 0, true},    {Language::D, 255, true},
+                          {Language::D, 256, false}, {Language::D, -1, false}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.address);
+        if (c.fits) {
+            EXPECT_NO_THROW(protocol::BuildFrame(c.language, c.address, {}));
+        } else {
+            EXPECT_THROW(protocol::BuildFrame(c.language, c.address, {}), protocol::ByteOutOfRange);
+        }
+    }
+    EXPECT_THROW(protocol::BuildDReply(256, 0x59, 0), protocol::ByteOutOfRange);
+}
+
 } // namespace
 } // namespace quellpad::test
