@@ -3,6 +3,7 @@
 // Usage: quellpad_bus_screenshot listen|scan OUTPUT.png
 #include "engine/keyboard_state.h"
 #include "protocol/frames.h"
+#include "protocol/vocabulary.h"
 #include "scan_window/frm_scan.h"
 #include "site/simulated_line.h"
 #include "traffic_window/frm_traffic.h"
@@ -23,6 +24,8 @@
 #include <cstring>
 
 namespace {
+
+namespace code = quellpad::protocol::code;
 
 int Save(QWidget& window, const char* path) {
     return window.grab().save(QString::fromLocal8Bit(path)) ? 0 : 1;
@@ -48,11 +51,12 @@ int Listen(QApplication& app, quellpad::Quellpad_Support_Func& keyboard, const c
         const int addresses[] = {3, 17, 200};
         const int address = addresses[step % 3];
         std::string bytes =
-            step % 4 == 3 ? quellpad::protocol::BuildDFrame(address, 0, 0x51, 0, 0)
-                          : quellpad::protocol::BuildDFrame(
-                                address, 0, 0x02, static_cast<std::uint8_t>(8 * (step % 8)), 0);
+            step % 4 == 3
+                ? quellpad::protocol::BuildDFrame(address, 0, code::kQueryPan, 0, 0)
+                : quellpad::protocol::BuildDFrame(address, 0, quellpad::protocol::bit::kPanRight,
+                                                  static_cast<std::uint8_t>(8 * (step % 8)), 0);
         if (step % 4 == 3) {
-            bytes += quellpad::protocol::BuildDReply(address, 0x59, 4500 + 100 * step);
+            bytes += quellpad::protocol::BuildDReply(address, code::kPanReply, 4500 + 100 * step);
         }
         ++step;
         if (write(bus, bytes.data(), bytes.size()) < 0) {

@@ -2,6 +2,7 @@
 // Usage: quellpad_site_screenshot WIDTH HEIGHT OUTPUT.png   (0 0 for the smallest size)
 #include "engine/keyboard_state.h"
 #include "protocol/frames.h"
+#include "protocol/vocabulary.h"
 #include "site/simulated_line.h"
 #include "site_window/frm_simulated_site.h"
 
@@ -14,6 +15,9 @@
 #include <string>
 
 namespace {
+
+namespace code = quellpad::protocol::code;
+namespace bit = quellpad::protocol::bit;
 
 void Send(quellpad::SerialLine& line, const std::string& bytes) {
     for (const char byte : bytes) {
@@ -31,7 +35,7 @@ std::string D(int address, int c2, int d1, int d2) {
 std::string Label(int address, const std::string& text) {
     std::string out;
     for (std::size_t i = 0; i < text.size(); ++i) {
-        out += D(address, 0x15, 20 + static_cast<int>(i), text[i]);
+        out += D(address, code::kWriteCharacter, 20 + static_cast<int>(i), text[i]);
     }
     return out;
 }
@@ -52,12 +56,13 @@ int main(int argc, char* argv[]) {
     // Camera 1 at a labelled preset, camera 2 with its menu up, camera 3 panning with two
     // auxes on, camera 4 zoomed into the town, camera 6 looking down the road. A carriage
     // return after the frames keeps their printable bytes out of the switcher's next text.
-    Send(line, Label(1, "NORTH GATE") + D(1, 0x03, 0, 1) + D(1, 0x07, 0, 1));
-    Send(line,
-         D(2, 0x03, 0, 95) + D(2, 0x10, 0, 32) + D(2, 0, 0, 0) + D(2, 0x10, 0, 32) + D(2, 0, 0, 0));
-    Send(line, D(3, 0x02, 24, 0) + D(3, 0x09, 0, 1) + D(3, 0x09, 0, 3));
-    Send(line, D(4, 0x4B, 0x27, 0x10) + D(4, 0x4D, 0x00, 0xC8) + D(4, 0x5F, 0x02, 0x58));
-    Send(line, D(6, 0x4B, 0x6D, 0x60) + D(6, 0x4D, 0x8A, 0x48) + "\r");
+    Send(line, Label(1, "NORTH GATE") + D(1, code::kSetPreset, 0, 1) + D(1, code::kGoPreset, 0, 1));
+    Send(line, D(2, code::kSetPreset, 0, 95) + D(2, bit::kTiltDown, 0, 32) + D(2, 0, 0, 0) +
+                   D(2, bit::kTiltDown, 0, 32) + D(2, 0, 0, 0));
+    Send(line, D(3, bit::kPanRight, 24, 0) + D(3, code::kSetAux, 0, 1) + D(3, code::kSetAux, 0, 3));
+    Send(line, D(4, code::kSetPan, 0x27, 0x10) + D(4, code::kSetTilt, 0x00, 0xC8) +
+                   D(4, code::kSetMagnification, 0x02, 0x58));
+    Send(line, D(6, code::kSetPan, 0x6D, 0x60) + D(6, code::kSetTilt, 0x8A, 0x48) + "\r");
     Send(line, " 5YaLOADING BAY!a3Ma5#a12Ea40Ea7EaGaZa03/07/06/14:05:09a2Sa");
     Send(line, "um4#m>m");
 

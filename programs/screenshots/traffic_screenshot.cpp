@@ -2,6 +2,7 @@
 // on two COM ports bound to the simulated site, for the README.
 // Usage: quellpad_traffic_screenshot OUTPUT.png
 #include "engine/keyboard_state.h"
+#include "protocol/vocabulary.h"
 #include "site/simulated_line.h"
 #include "traffic_window/frm_traffic.h"
 
@@ -13,6 +14,9 @@
 #include <cstdio>
 #include <functional>
 #include <vector>
+
+namespace code = quellpad::protocol::code;
+namespace bit = quellpad::protocol::bit;
 
 int main(int argc, char* argv[]) {
     if (argc != 2) {
@@ -50,11 +54,11 @@ int main(int argc, char* argv[]) {
         };
     };
     const std::vector<std::function<void()>> steps = {
-        frame(0x02, 32, 0),
-        frame(0x08, 0, 40),
+        frame(bit::kPanRight, 32, 0),
+        frame(bit::kTiltUp, 0, 40),
         frame(0, 0, 0),
-        frame(0x51, 0, 0),
-        frame(0x07, 0, 5),
+        frame(code::kQueryPan, 0, 0),
+        frame(code::kGoPreset, 0, 5),
         text(quellpad::kModeAscii, QStringLiteral("12Ma")),
         text(quellpad::kModeAscii, QStringLiteral("5#a")),
         text(quellpad::kModeAscii, QStringLiteral("25La")),

@@ -22,9 +22,11 @@ QString ResponseText(const QString& mode, const QByteArray& bytes) {
 }
 
 bool ClearsResponseBox(const QString& mode, qsizetype boxLength, const QString& response) {
-    const bool newReply = IsFrameMode(mode) ? response.contains(QLatin1String("FF")) ||
-                                                  response.contains(QLatin1String("A2"))
-                                            : response.contains(u'm') || response.contains(u'a');
+    const bool newReply =
+        IsFrameMode(mode)
+            ? response.contains(QLatin1String("FF")) || response.contains(QLatin1String("A2"))
+            : response.contains(QLatin1Char(protocol::kMuxAsciiEnd)) ||
+                  response.contains(QLatin1Char(protocol::kAsciiEnd));
     return boxLength >= kResponseBoxLimit && newReply;
 }
 
