@@ -69,10 +69,10 @@ TEST_P(KeyboardVocabularyTest, EverythingTheKeyboardSendsDecodesToWords) {
 }
 
 INSTANTIATE_TEST_SUITE_P(EveryMode, KeyboardVocabularyTest,
-                         ::testing::Values("D", "P", "ASCII", "MUX ASCII"), [](const auto& info) {
-                             return std::string(info.param) == "MUX ASCII"
+                         ::testing::Values("D", "P", "ASCII", "MUX ASCII"), [](const auto& param) {
+                             return std::string(param.param) == "MUX ASCII"
                                         ? std::string("MuxAscii")
-                                        : std::string(info.param);
+                                        : std::string(param.param);
                          });
 
 } // namespace
