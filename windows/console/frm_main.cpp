@@ -1,4 +1,5 @@
 #include "frm_main.h"
+#include "console/handler_names.h"
 
 #include "scan_window/frm_scan.h"
 #include "site_window/frm_simulated_site.h"
@@ -44,6 +45,8 @@
 
 namespace quellpad {
 
+using namespace handler_names;
+
 using namespace frm_main_parts;
 using ui::TwoLines;
 
@@ -75,40 +78,36 @@ void FrmMain::ConnectHandlers() {
     auto item = [this](const char* name) {
         return findChild<QAction*>(QLatin1String(name));
     };
-    on(Com1Option, "Com1Option_Click", &FrmMain::Com1Option_Click);
-    on(Com2Option, "Com2Option_Click", &FrmMain::Com2Option_Click);
-    on(item("Settings_Menu_Option"), "Settings_Menu_Option_Click",
+    on(Com1Option, kCom1OptionClick, &FrmMain::Com1Option_Click);
+    on(Com2Option, kCom2OptionClick, &FrmMain::Com2Option_Click);
+    on(item("Settings_Menu_Option"), kSettingsMenuOptionClick,
        &FrmMain::Settings_Menu_Option_Click);
-    on(item("SimulatedSiteOption"), "SimulatedSiteOption_Click",
-       &FrmMain::SimulatedSiteOption_Click);
-    on(item("mnuTraffic"), "mnuTraffic_Click", &FrmMain::mnuTraffic_Click);
-    on(item("mnuScan"), "mnuScan_Click", &FrmMain::mnuScan_Click);
-    on(RetransmitTimerOption, "RetransmitTimerOption_Click", &FrmMain::RetransmitTimerOption_Click);
-    on(ControlLock, "ControlLock_Click", &FrmMain::ControlLock_Click);
-    on(MenuControlOption, "MenuControlOption_Click", &FrmMain::MenuControlOption_Click);
-    on(item("Type_Commands_Option"), "Type_Commands_Option_Click",
+    on(item("SimulatedSiteOption"), kSimulatedSiteOptionClick, &FrmMain::SimulatedSiteOption_Click);
+    on(item("mnuTraffic"), kTrafficClick, &FrmMain::mnuTraffic_Click);
+    on(item("mnuScan"), kScanClick, &FrmMain::mnuScan_Click);
+    on(RetransmitTimerOption, kRetransmitTimerOptionClick, &FrmMain::RetransmitTimerOption_Click);
+    on(ControlLock, kControlLockClick, &FrmMain::ControlLock_Click);
+    on(MenuControlOption, kMenuControlOptionClick, &FrmMain::MenuControlOption_Click);
+    on(item("Type_Commands_Option"), kTypeCommandsOptionClick,
        &FrmMain::Type_Commands_Option_Click);
-    on(AdvancedCommandsOption, "AdvancedCommandsOption_Click",
+    on(AdvancedCommandsOption, kAdvancedCommandsOptionClick,
        &FrmMain::AdvancedCommandsOption_Click);
-    on(ExtendedCommands, "ExtendedCommands_Click", &FrmMain::ExtendedCommands_Click);
-    on(SetLabelOption, "SetLabelOption_Click", &FrmMain::SetLabelOption_Click);
-    on(item("AboutOption"), "AboutOption_Click", &FrmMain::AboutOption_Click);
-    on(item("ExitOption"), "ExitOption_Click", &FrmMain::ExitOption_Click);
-    on(ASCII_Menu_Option, "ASCII_Menu_Option_Click", &FrmMain::ASCII_Menu_Option_Click);
-    on(MUX_ASCII_Option, "MUX_ASCII_Option_Click", &FrmMain::MUX_ASCII_Option_Click);
-    on(D_Protocol_Menu_Option, "D_Protocol_Menu_Option_Click",
-       &FrmMain::D_Protocol_Menu_Option_Click);
-    on(P_Protocol_Menu_Option, "P_Protocol_Menu_Option_Click",
-       &FrmMain::P_Protocol_Menu_Option_Click);
+    on(ExtendedCommands, kExtendedCommandsClick, &FrmMain::ExtendedCommands_Click);
+    on(SetLabelOption, kSetLabelOptionClick, &FrmMain::SetLabelOption_Click);
+    on(item("AboutOption"), kAboutOptionClick, &FrmMain::AboutOption_Click);
+    on(item("ExitOption"), kExitOptionClick, &FrmMain::ExitOption_Click);
+    on(ASCII_Menu_Option, kAsciiMenuOptionClick, &FrmMain::ASCII_Menu_Option_Click);
+    on(MUX_ASCII_Option, kMuxAsciiOptionClick, &FrmMain::MUX_ASCII_Option_Click);
+    on(D_Protocol_Menu_Option, kDProtocolMenuOptionClick, &FrmMain::D_Protocol_Menu_Option_Click);
+    on(P_Protocol_Menu_Option, kPProtocolMenuOptionClick, &FrmMain::P_Protocol_Menu_Option_Click);
 
-    connect(CommandChangeTimer, &QTimer::timeout, this, [this] {
-        boundary_.Run("CommandChangeTimer_Timer", [&] { CommandChangeTimer_Timer(); });
-    });
+    connect(CommandChangeTimer, &QTimer::timeout, this,
+            [this] { boundary_.Run(kCommandChangeTimer, [&] { CommandChangeTimer_Timer(); }); });
     connect(ComPresenceTimer, &QTimer::timeout, this, &FrmMain::EnableComItems);
     connect(RetransmitTimer, &QTimer::timeout, this,
-            [this] { boundary_.Run("RetransmitTimer_Timer", [&] { RetransmitTimer_Timer(); }); });
+            [this] { boundary_.Run(kRetransmitTimer, [&] { RetransmitTimer_Timer(); }); });
     connect(RetransmitTimeTextBox, &QLineEdit::textChanged, this, [this] {
-        boundary_.Run("RetransmitTimeTextBox_Change", [&] { RetransmitTimeTextBox_Change(); });
+        boundary_.Run(kRetransmitTimeTextBoxChange, [&] { RetransmitTimeTextBox_Change(); });
     });
 
     for (const LensButton button : kLensButtons) {
@@ -116,11 +115,10 @@ void FrmMain::ConnectHandlers() {
         // Mouse down and up themselves: pressed and released follow the pointer in and out.
         control->installEventFilter(this);
         connect(control, &QPushButton::clicked, this,
-                [this, button] { boundary_.Run("Lens_Click", [&] { Lens_Click(button); }); });
+                [this, button] { boundary_.Run(kLensClick, [&] { Lens_Click(button); }); });
     }
 
-    for (const char* repeating : {"CommandChangeTimer_Timer", "RetransmitTimer_Timer",
-                                  "MSComm1_OnComm", "MSComm2_OnComm"}) {
+    for (const char* repeating : kRepeating) {
         boundary_.SetRepeating(repeating);
     }
     boundary_.SetStatusSink([this](const QString& subject, int untold, const QString& latest) {
@@ -155,7 +153,7 @@ QString FrmMain::PortSubject(int number) {
 void FrmMain::ConnectPort(int number) {
     SerialLine* port = &keyboard_.Port(number);
     connect(port, &SerialLine::CommEvent, this, [this, number](int code) {
-        boundary_.Run(number == 1 ? "MSComm1_OnComm" : "MSComm2_OnComm",
+        boundary_.Run(number == 1 ? kMSComm1OnComm : kMSComm2OnComm,
                       [&] { MSComm_OnComm(number, code); });
     });
     connect(port, &SerialLine::LineFailed, this,
@@ -176,7 +174,7 @@ void FrmMain::ConnectPort(int number) {
 // Start-up and shutdown
 
 void FrmMain::Form_Load() {
-    boundary_.Run("Form_Load", [&] { LoadKeyboard(); });
+    boundary_.Run(kFormLoad, [&] { LoadKeyboard(); });
 }
 
 void FrmMain::LoadKeyboard() {
@@ -258,7 +256,7 @@ void FrmMain::LoadKeyboard() {
     }
 
     for (const QString& problem : problems) {
-        QTimer::singleShot(0, this, [this, problem] { boundary_.Report("Form_Load", problem); });
+        QTimer::singleShot(0, this, [this, problem] { boundary_.Report(kFormLoad, problem); });
     }
     // Beside what the ports are bound to, until a port opens, closes or is bound anew
     // (UpdatePortBindings clears it).
@@ -281,7 +279,7 @@ void FrmMain::closeEvent(QCloseEvent* event) {
     RetransmitTimer->stop();
     // A receiver keeps moving until it is told to stop, and has no other way to learn that
     // its keyboard has gone.
-    boundary_.Run("Form_QueryUnload", [&] { StopBeforeEnd(); });
+    boundary_.Run(kFormQueryUnload, [&] { StopBeforeEnd(); });
     keyboard_.MSComm1().Close();
     keyboard_.MSComm2().Close();
     RestoreTimerResolution();
@@ -524,7 +522,7 @@ bool FrmMain::Form_KeyPress(QChar character) {
     if ((character != u'm' && character != u'M') || keyboard_.CurrentMode == kModeMuxAscii) {
         return false;
     }
-    boundary_.Run("Form_KeyPress", [&] {
+    boundary_.Run(kFormKeyPress, [&] {
         frmMenuControl window(keyboard_, this);
         RunModalWindow(window, true, [this] {
             // Set preset 95, which the receiver takes as the call for its menu.

@@ -1,5 +1,6 @@
 // The main window's motion controls: the lens buttons and the joystick.
 #include "console/frm_main.h"
+#include "console/handler_names.h"
 #include "console/joystick_widgets.h"
 #include "ui/controls.h"
 
@@ -12,6 +13,8 @@
 #include <utility>
 
 namespace quellpad {
+
+using namespace handler_names;
 
 namespace {
 
@@ -53,7 +56,7 @@ private:
 
 void FrmMain::WatchForPopups() {
     qApp->installEventFilter(new PopupWatch(
-        this, [this] { boundary_.Run("Form_Deactivate", [&] { ReleaseHeldControls(); }); }));
+        this, [this] { boundary_.Run(kFormDeactivate, [&] { ReleaseHeldControls(); }); }));
 }
 
 QPushButton* FrmMain::LensControl(LensButton button) const {
@@ -104,11 +107,11 @@ void FrmMain::LensButton_MouseEvent(LensButton button, const QEvent& event) {
         // A button let go of already (a window took the mouse) has nothing left to stop.
         if (held) {
             held = false;
-            boundary_.Run("Lens_MouseUp", [&] { Lens_MouseUp(button); });
+            boundary_.Run(kLensMouseUp, [&] { Lens_MouseUp(button); });
         }
     } else {
         held = !keyboard_.ControlLockOn;
-        boundary_.Run("Lens_MouseDown", [&] { Lens_MouseDown(button); });
+        boundary_.Run(kLensMouseDown, [&] { Lens_MouseDown(button); });
     }
 }
 
@@ -134,7 +137,7 @@ bool FrmMain::event(QEvent* event) {
     // Another window took the mouse and the keys: the release of a held control would go
     // to it, or nowhere.
     if (event->type() == QEvent::WindowBlocked || event->type() == QEvent::WindowDeactivate) {
-        boundary_.Run("Form_Deactivate", [&] { ReleaseHeldControls(); });
+        boundary_.Run(kFormDeactivate, [&] { ReleaseHeldControls(); });
     }
     return QMainWindow::event(event);
 }
@@ -217,7 +220,7 @@ bool FrmMain::eventFilter(QObject* watched, QEvent* event) {
     const auto* mouse = static_cast<QMouseEvent*>(event);
     const QPointF point =
         static_cast<QWidget*>(watched)->mapTo(canvas_, mouse->position().toPoint());
-    boundary_.Run("Form_Mouse", [&] {
+    boundary_.Run(kFormMouse, [&] {
         if (type == QEvent::MouseButtonPress) {
             Form_MouseDown(ButtonCode(mouse->button()), point);
         } else if (type == QEvent::MouseMove && joystick_.JoystickDragging &&

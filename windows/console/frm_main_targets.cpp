@@ -4,6 +4,7 @@
 #include "console/dispatcher.h"
 #include "console/frm_main.h"
 #include "console/frm_main_parts.h"
+#include "console/handler_names.h"
 #include "console/targets.h"
 #include "engine/numeric.h"
 #include "ui/key_filter.h"
@@ -19,6 +20,8 @@
 
 namespace quellpad {
 
+using namespace handler_names;
+
 using namespace frm_main_parts;
 
 void FrmMain::OnControl(const char* name, std::function<void()> handler) {
@@ -30,6 +33,9 @@ void FrmMain::OnControl(const char* name, std::function<void()> handler) {
         connect(item, &QAction::triggered, this, run);
     } else if (auto* button = findChild<QAbstractButton*>(QLatin1String(name))) {
         connect(button, &QAbstractButton::clicked, this, run);
+    } else {
+        // A name that matches no control would leave its command silently unconnected.
+        qFatal("No control is named %s", name);
     }
 }
 
@@ -129,7 +135,7 @@ void FrmMain::ConnectTargets() {
     for (QAction* camera : findChildren<QAction*>(QStringLiteral("MuxCam"))) {
         const int index = camera->data().toInt();
         connect(camera, &QAction::triggered, this, [this, &k, index] {
-            boundary_.Run("MuxCam_Click",
+            boundary_.Run(kMuxCamClick,
                           [&] { LoadAsciiCommand(k, Digits(index + 1) + QStringLiteral("#m")); });
         });
     }
