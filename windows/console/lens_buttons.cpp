@@ -18,9 +18,9 @@ using ui::TwoLines;
 
 LensButtons::LensButtons(const PartContext& context) : context_(context) {
     QWidget* c = context_.canvas;
-    auto* speedLabel = ui::MakeLabel(c, "LensSpeedLabel", TwoLines(tr("Lens"), tr("Speed")));
-    LensSpeedList = ui::MakeList(c, "LensSpeedList", speedLabel);
-    context_.Place(speedLabel, 300, 74, 44, 28);
+    LensSpeedLabel = ui::MakeLabel(c, "LensSpeedLabel", TwoLines(tr("Lens"), tr("Speed")));
+    LensSpeedList = ui::MakeList(c, "LensSpeedList", LensSpeedLabel);
+    context_.Place(LensSpeedLabel, 300, 74, 44, 28);
     context_.Place(LensSpeedList, 346, 78, 40, 20);
 
     // Under the joystick and on to the right edge: zoom, focus and iris, each pair in a

@@ -9,6 +9,7 @@
 #include <array>
 
 class QEvent;
+class QLabel;
 class QListWidget;
 class QPushButton;
 
@@ -36,6 +37,7 @@ public:
     void Lens_MouseUp(LensButton button);
     void Lens_Click(LensButton button);
 
+    QLabel* LensSpeedLabel = nullptr;
     QListWidget* LensSpeedList = nullptr;
 
 protected:
