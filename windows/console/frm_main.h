@@ -34,8 +34,10 @@ class NumberedTargets;
 class PortWatch;
 class ReplyBoxes;
 
-// The keyboard's main window: the joystick, the lens buttons, the number boxes and the
-// menus. Its controls only load the keyboard state; CommandChangeTimer sends.
+// The keyboard's main window, put together from its parts (the menus, the reply boxes, the
+// lens buttons, the numbered targets, the joystick and the mode set-up), and what joins
+// them: the ports, the timers, the status bar and the command windows. Its controls only
+// load the keyboard state; CommandChangeTimer sends.
 class FrmMain : public QMainWindow {
     Q_OBJECT
 public:
