@@ -1,8 +1,6 @@
 #pragma once
 
 #include "console/joystick.h"
-#include "console/lens.h"
-#include "console/targets.h"
 #include "engine/keyboard_state.h"
 #include "engine/port_control.h"
 #include "ui/error_boundary.h"
@@ -13,17 +11,11 @@
 
 #include <array>
 #include <functional>
-#include <optional>
+#include <memory>
 
-class QAction;
 class QGroupBox;
 class QLabel;
 class QLineEdit;
-class QListWidget;
-class QMenu;
-class QPlainTextEdit;
-class QPushButton;
-class QRadioButton;
 class QTimer;
 
 namespace quellpad::ui {
@@ -34,12 +26,18 @@ class StatusText;
 namespace quellpad {
 
 class FrmTypeCmnds;
+class JoystickPanel;
+class LensButtons;
+class MainMenus;
+class ModeSetup;
+class NumberedTargets;
 class PortWatch;
-class JoystickBall;
-class JoystickSquare;
+class ReplyBoxes;
 
-// The keyboard's main window: the joystick, the lens buttons, the number boxes and the
-// menus. Its controls only load the keyboard state; CommandChangeTimer sends.
+// The keyboard's main window, put together from its parts (the menus, the reply boxes, the
+// lens buttons, the numbered targets, the joystick and the mode set-up), and what joins
+// them: the ports, the timers, the status bar and the command windows. Its controls only
+// load the keyboard state; CommandChangeTimer sends.
 class FrmMain : public QMainWindow {
     Q_OBJECT
 public:
@@ -81,22 +79,9 @@ private:
     void StopBeforeEnd();
     // Every popup that opens lets go of the held controls.
     void WatchForPopups();
-    void BuildMenus();
     void BuildControls();
     void ConnectHandlers();
-    // The number boxes, and the buttons and items that load numbered-target commands.
-    void ConnectTargets();
-    // Runs handler, behind the error boundary, when the named button or item is chosen.
-    void OnControl(const char* name, std::function<void()> handler);
-    // Runs a number box's check at every change of its text; a refusal is told, the box
-    // emptied, and `then` runs after either outcome.
-    void OnChange(QLineEdit* box, std::function<std::optional<Refusal>()> check,
-                  std::function<void()> then = {});
     void LayOut();
-    void PlaceJoystick();
-    // The window's outer size as the joystick's rest point takes it: its own, without the
-    // window manager's frame.
-    QSize OuterSize() const;
 
     // Options menu.
     void Com1Option_Click();
@@ -116,37 +101,12 @@ private:
     void AboutOption_Click();
     void ExitOption_Click();
 
-    // Mode menu.
-    void ASCII_Menu_Option_Click();
-    void MUX_ASCII_Option_Click();
-    void D_Protocol_Menu_Option_Click();
-    void P_Protocol_Menu_Option_Click();
-    void SwitchMode(const QString& mode, QAction* item);
-    // The response box's label, which also names the box.
-    void SetResponseCaption(const QString& caption);
-
     // Timers.
     void CommandChangeTimer_Timer();
     void RetransmitTimer_Timer();
 
     // Retransmit Time box.
     void RetransmitTimeTextBox_Change();
-
-    // Lens buttons.
-    void Lens_MouseDown(LensButton button);
-    void Lens_MouseUp(LensButton button);
-    void Lens_Click(LensButton button);
-    // Mouse down and up of the left button on a lens button, wherever the release lands.
-    void LensButton_MouseEvent(LensButton button, const QEvent& event);
-
-    // Joystick: mouse events of the window.
-    void Form_MouseDown(int button, QPointF canvasPoint);
-    void Form_MouseMove(int buttons, QPointF canvasPoint);
-    void Form_MouseUp();
-    void PlaceBallAt(QPointF twips);
-    // Twips of the client area for a point of the window's central area, and back.
-    QPointF ToTwips(QPointF canvasPoint) const;
-    QPointF FromTwips(QPointF twips) const;
 
     // Replies from the equipment.
     void MSComm_OnComm(int portNumber, int eventCode);
@@ -173,7 +133,6 @@ private:
     // A line of news beside the ports' bindings, announced to a screen reader; an empty
     // text takes it away.
     void ShowNotice(const StatusNotice& notice);
-    QPushButton* LensControl(LensButton button) const;
 
     Quellpad_Support_Func& keyboard_;
     // The "Simulated Site" window, once the operator has asked for it.
@@ -184,9 +143,6 @@ private:
     int scanningPort_ = 0;
     ui::ErrorBoundary boundary_;
     ui::ProportionalLayout layout_;
-    JoystickState joystick_;
-    // The lens buttons whose left button is down now (press and hold only).
-    std::array<bool, 6> lensHeld_{};
     // Per port: it failed while a receiver may have been moving, and when it comes back
     // it is told where the keyboard stands.
     std::array<bool, 2> movingAtFailure_{};
@@ -200,8 +156,6 @@ private:
     bool toldNothingOpen_ = false;
 
     QWidget* canvas_ = nullptr;
-    JoystickSquare* square_ = nullptr;
-    JoystickBall* ball_ = nullptr;
     ui::StatusText* portBindings_ = nullptr;
     // What a port that keeps failing and coming back has done since its last message box:
     // a count for the status bar, and the latest word on it for the tool tip.
@@ -220,97 +174,18 @@ private:
     // Looks, while a COM item is greyed for want of its device, for the device to appear.
     QTimer* ComPresenceTimer = nullptr;
 
-    // Menus and items.
-    QMenu* OptionsMenu = nullptr;
-    QMenu* ModeMenu = nullptr;
-    QMenu* AuxMenu = nullptr;
-    QMenu* MacroMenu = nullptr;
-    QMenu* CamLock_Menu = nullptr;
-    QMenu* MuxMenu = nullptr;
-    QMenu* VCR_Menu = nullptr;
-    QMenu* MoreCommandsMenu = nullptr;
-    QAction* Com1Option = nullptr;
-    QAction* Com2Option = nullptr;
-    QAction* RetransmitTimerOption = nullptr;
-    QAction* ControlLock = nullptr;
-    QAction* MenuControlOption = nullptr;
-    QAction* AdvancedCommandsOption = nullptr;
-    QAction* ExtendedCommands = nullptr;
-    QAction* SetLabelOption = nullptr;
-    QAction* Time_Update_Option = nullptr;
-    QAction* SendCameraTitleOption = nullptr;
-    QAction* ASCII_CommandDisplayOption = nullptr;
-    QAction* T_ProtocolCommandsOption = nullptr;
-    QAction* H_Protocol_Poll = nullptr;
-    QAction* D_Protocol_Menu_Option = nullptr;
-    QAction* P_Protocol_Menu_Option = nullptr;
-    QAction* ASCII_Menu_Option = nullptr;
-    QAction* MUX_ASCII_Option = nullptr;
-    QAction* H_Protocol_Option = nullptr;
-    QAction* T_Protocol_Option = nullptr;
-    std::array<QAction*, 6> auxItems_{}; // Aux ON, Aux OFF, Toggle Aux, GPI ON, GPI OFF, Toggle GPI
-    std::array<QAction*, 6> macroItems_{}; // start and halt of macro, sequence, tour
-    QList<QAction*> unofferedItems_;       // entries of features this keyboard does not offer
-
-    // Controls.
-    QLabel* AddressCOM1Label = nullptr;
-    QLineEdit* AddressCOM1_TextBox = nullptr;
-    QLabel* AddressCOM2Label = nullptr;
-    QLineEdit* AddressCOM2_TextBox = nullptr;
-    QLabel* COM1CommandLabel = nullptr;
-    QLabel* COM2CommandLabel = nullptr;
-    QLabel* AccessResponseLabel = nullptr;
-    ui::LogView* AccessResponseTextBox = nullptr;
     QLabel* RetransmitTimeLabel = nullptr;
     QLineEdit* RetransmitTimeTextBox = nullptr;
-    QLabel* LensSpeedLabel = nullptr;
-    QListWidget* LensSpeedList = nullptr;
-    std::array<QPushButton*, 6> lensButtons_{};
-    QLabel* PresetNumberLabel = nullptr;
-    QLineEdit* PresetNumberTextBox = nullptr;
-    QPushButton* PresetGoButton = nullptr;
-    QPushButton* PresetSetButton = nullptr;
-    QPushButton* PresetClearButton = nullptr;
-    QLabel* PatternNumberLabel = nullptr;
-    QListWidget* PatternNumberListBox = nullptr;
-    QPushButton* StartPatternButton = nullptr;
-    QPushButton* EndPatternButton = nullptr;
-    QPushButton* RunPatternButton = nullptr;
-    QLabel* AuxNumberLabel = nullptr;
-    QLineEdit* AuxNumberTextBox = nullptr;
-    QLabel* MacroNumberLabel = nullptr;
-    QLineEdit* MacroNumberTextBox = nullptr;
-    QLabel* CameraNumberLabel = nullptr;
-    QLineEdit* CameraNumberTextBox = nullptr;
-    QPushButton* CameraButton = nullptr;
-    QPushButton* CamBackwardStepButton = nullptr;
-    QPushButton* CamForwardStepButton = nullptr;
-    QLabel* MonitorNumberLabel = nullptr;
-    QLineEdit* MonitorNumberTextBox = nullptr;
-    QPushButton* MonitorButton = nullptr;
-    QLabel* AlarmNumberLabel = nullptr;
-    QLineEdit* AlarmNumberTextBox = nullptr;
-    QPushButton* TriggerAlarmButton = nullptr;
-    QPushButton* ResetAlarmButton = nullptr;
-    QPushButton* Alarm_Backward_Step_Button = nullptr;
-    QPushButton* Alarm_Forward_Step_Button = nullptr;
-    QGroupBox* ZoneFrame = nullptr;
-    QRadioButton* ZoneStartOption = nullptr;
-    QRadioButton* ZoneEndOption = nullptr;
-    QRadioButton* ZoneScanOnOption = nullptr;
-    QRadioButton* ZoneScanOffOption = nullptr;
-    QLabel* ZoneNumberLabel = nullptr;
-    QListWidget* ZoneNumberList = nullptr;
-    QPushButton* ZoneButton = nullptr;
-    QGroupBox* MiscFrame = nullptr;
-    QRadioButton* FlipOption = nullptr;
-    QRadioButton* RemoteResetOption = nullptr;
-    QRadioButton* ClearScreenOption = nullptr;
-    QRadioButton* ZoomSpeedOption = nullptr;
-    QRadioButton* FocusSpeedOption = nullptr;
-    QPushButton* MiscSendButton = nullptr;
     QGroupBox* H_Data_Frame = nullptr;
-    QList<QWidget*> hDataControls_; // arrows, wipers and poll: never shown by this keyboard
+
+    // What the operator sees, part by part; made after the boundary and the layout they
+    // use, and gone before them.
+    std::unique_ptr<MainMenus> menus_;
+    std::unique_ptr<ReplyBoxes> replies_;
+    std::unique_ptr<LensButtons> lens_;
+    std::unique_ptr<NumberedTargets> targets_;
+    std::unique_ptr<JoystickPanel> joystick_;
+    std::unique_ptr<ModeSetup> modes_;
 };
 
 } // namespace quellpad

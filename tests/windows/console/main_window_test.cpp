@@ -221,6 +221,23 @@ TEST_F(MainWindowTest, AFailingTickIsReportedOnceAndTheKeyboardKeepsWorking) {
     EXPECT_EQ(com1_.Read(8), QByteArray::fromHex("a00000001400af1b"));
 }
 
+// The tick and the retransmission fail at every run while a held zoom cannot be framed:
+// each is told once, which holds only when the name a handler runs under is the one
+// marked repeating.
+TEST_F(MainWindowTest, EachRepeatingHandlerTellsItsFailureOnceUnderItsOwnName) {
+    Start("P");
+    QTest::keyClicks(Child<QLineEdit>("RetransmitTimeTextBox"), QStringLiteral("0.1"));
+    Choose("RetransmitTimerOption");
+    keyboard_->AddressCOM1 = 0;
+    QTest::mousePress(Child("ZoomIn"), Qt::LeftButton);
+    ASSERT_TRUE(WaitUntil([] { return ShownMessages().size() == 2; }));
+    com1_.Drain(450); // several more failing ticks and repeats
+    ASSERT_EQ(ShownMessages().size(), 2) << "one for the tick, one for the retransmission";
+    EXPECT_EQ(ShownMessages()[1].text, ShownMessages()[0].text);
+    EXPECT_TRUE(ShownMessages()[0].text.startsWith(QStringLiteral("Overflow")));
+    QTest::mouseRelease(Child("ZoomIn"), Qt::LeftButton);
+}
+
 TEST_F(MainWindowTest, AnUnpluggedDeviceIsWatchedForAndReopenedEachTimeItComesBack) {
     // COM 1 is bound to an adapter's stable name, a link that the test points at a new
     // pseudo-terminal each time, as a USB adapter comes back under the same name.
