@@ -276,6 +276,7 @@ constexpr std::string_view DirectionMnemonic(Language language, Direction direct
 namespace preset {
 inline constexpr std::uint8_t kFlip = 33;    // turns the camera over
 inline constexpr std::uint8_t kZeroPan = 34; // the zero-pan position
+inline constexpr std::uint8_t kMenu = 95;    // set: the call for the on-screen menu
 } // namespace preset
 
 // What ends the free text of a label or a camera title.

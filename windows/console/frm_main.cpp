@@ -16,6 +16,7 @@
 #include "engine/port_control.h"
 #include "engine/port_watch.h"
 #include "engine/retransmission.h"
+#include "engine/words.h"
 #include "ui/controls.h"
 #include "ui/messages.h"
 
@@ -327,7 +328,7 @@ void FrmMain::CommandChangeTimer_Timer() {
     const bool command = keyboard_.Command1 != 0 || keyboard_.Command2 != 0 ||
                          keyboard_.Data1 != 0 || keyboard_.Data2 != 0 ||
                          (IsAsciiMode(keyboard_.CurrentMode) && !keyboard_.AsciiCommand.isEmpty() &&
-                          keyboard_.AsciiCommand != u"sa");
+                          keyboard_.AsciiCommand != Word(protocol::Kind::StopAll));
     if (outcome.sent && command && !toldNothingOpen_ && !keyboard_.AnyPortOpen()) {
         toldNothingOpen_ = true;
         ShowNotice(NothingOpenNotice(keyboard_));

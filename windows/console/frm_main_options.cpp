@@ -16,6 +16,7 @@
 #include "dialogs/type_commands.h"
 #include "engine/port_watch.h"
 #include "engine/retransmission.h"
+#include "engine/words.h"
 #include "scan_window/frm_scan.h"
 #include "site_window/frm_simulated_site.h"
 #include "traffic_window/frm_traffic.h"
@@ -252,12 +253,13 @@ bool FrmMain::Form_KeyPress(QChar character) {
     boundary_.Run(kFormKeyPress, [&] {
         frmMenuControl window(keyboard_, this);
         RunModalWindow(window, true, [this] {
-            // Set preset 95, which the receiver takes as the call for its menu.
+            // Set the preset that the receiver takes as the call for its menu.
             keyboard_.Command1 = 0;
-            keyboard_.Command2 = 3;
+            keyboard_.Command2 = protocol::code::kSetPreset;
             keyboard_.Data1 = 0;
-            keyboard_.Data2 = 95;
-            keyboard_.AsciiCommand = QStringLiteral("95^a");
+            keyboard_.Data2 = protocol::preset::kMenu;
+            keyboard_.AsciiCommand =
+                QString::number(protocol::preset::kMenu) + Word(protocol::Kind::SetPreset);
             keyboard_.SendCommand();
         });
     });

@@ -5,6 +5,7 @@
 #include "console/main_menus.h"
 #include "engine/keyboard_state.h"
 #include "engine/numeric.h"
+#include "engine/words.h"
 #include "ui/controls.h"
 #include "ui/error_boundary.h"
 #include "ui/key_filter.h"
@@ -187,7 +188,7 @@ void NumberedTargets::Connect(const MainMenus& menus, QTimer* commandChangeTimer
         const int index = camera->data().toInt();
         QObject::connect(camera, &QAction::triggered, context_.window, [this, &k, index] {
             context_.boundary.Run(kMuxCamClick, [&] {
-                LoadAsciiCommand(k, Digits(index + 1) + QStringLiteral("#m"));
+                LoadAsciiCommand(k, Digits(index + 1) + Word(protocol::Kind::MuxCamera));
             });
         });
     }

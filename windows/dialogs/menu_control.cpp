@@ -90,8 +90,6 @@ using D = protocol::Direction;
 
 // The ASCII texts of the arrows carry a speed of their own.
 const QString kMenuSpeed = QStringLiteral("20");
-// Set preset 95: the receiver's call for its on-screen menu.
-constexpr std::uint8_t kMenuPreset = 95;
 
 QString Start(protocol::Direction direction) {
     return DirectionWord(protocol::Language::Ascii, direction, true);
@@ -126,8 +124,8 @@ MenuKeyOutcome MenuKeyDown(Quellpad_Support_Func& k, MenuKey key) {
                       Start(D::IrisClose));
         break;
     case MenuKey::Menu:
-        LoadRegisters(k, 0, protocol::code::kSetPreset, 0, kMenuPreset,
-                      QString::number(kMenuPreset) + Word(protocol::Kind::SetPreset));
+        LoadRegisters(k, 0, protocol::code::kSetPreset, 0, protocol::preset::kMenu,
+                      QString::number(protocol::preset::kMenu) + Word(protocol::Kind::SetPreset));
         break;
     case MenuKey::Escape:
         k.MenuKeyHeld = false;
