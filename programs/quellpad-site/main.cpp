@@ -3,6 +3,7 @@
 #include "site_server/served_lines.h"
 #include "site_window/frm_simulated_site.h"
 
+#include "capture/line_recorder.h"
 #include "engine/errors.h"
 #include "i18n/translations.h"
 
@@ -121,7 +122,20 @@ int main(int argc, char* argv[]) {
                                       closing);
                      });
     std::vector<std::unique_ptr<quellpad::site_server::ServedLine>> lines;
+    std::unique_ptr<quellpad::capture::LineRecorder> recorder;
     try {
+        if (!line.record.isEmpty()) {
+            recorder = std::make_unique<quellpad::capture::LineRecorder>(
+                line.record, quellpad::site::LineFormatText(site.Format()), line.rotateBytes);
+            QObject::connect(recorder.get(), &quellpad::capture::LineRecorder::Stopped, &site,
+                             [&site, &line](const QString& message) {
+                                 site.Tell(Event::Kind::Line, line.record, message);
+                             });
+            site.SetRecorder(
+                [&recorder](const QString& name, bool heard, std::span<const std::uint8_t> bytes) {
+                    recorder->Record(name, heard, bytes);
+                });
+        }
         if (line.pty) {
             lines.push_back(std::make_unique<quellpad::site_server::PtyLine>(site));
             // The path first and alone, for a test or a script to open.
@@ -159,6 +173,8 @@ int main(int argc, char* argv[]) {
                       .arg(quellpad::site_server::RejectionsInWords(served->Rejected())));
     }
     lines.clear();
+    site.SetRecorder({});
+    recorder.reset();
     // Whatever the reader takes within half a second; the program ends within a second
     // whatever the load.
     output.Finish(kClosingMs);

@@ -21,6 +21,8 @@ const QString kSwitcher = QStringLiteral("switcher");
 const QString kMux = QStringLiteral("mux");
 const QString kJson = QStringLiteral("json");
 const QString kView = QStringLiteral("view");
+const QString kRecord = QStringLiteral("record");
+const QString kRotate = QStringLiteral("rotate");
 
 void Describe(QCommandLineParser& parser) {
     parser.setApplicationDescription(
@@ -78,6 +80,19 @@ void Describe(QCommandLineParser& parser) {
     parser.addOption(
         {kJson, QCoreApplication::translate("SiteCommandLine",
                                             "Print every event as one JSON object per line.")});
+    parser.addOption(
+        {kRecord,
+         QCoreApplication::translate(
+             "SiteCommandLine",
+             "Record every served line to this pcapng capture, which Wireshark opens with "
+             "Quellpad's dissector: each line an interface, every run of bytes a packet."),
+         QStringLiteral("file")});
+    parser.addOption(
+        {kRotate,
+         QCoreApplication::translate("SiteCommandLine",
+                                     "Go on in a new file (file-2.pcapng, file-3.pcapng, ...) "
+                                     "each time the capture holds this many megabytes."),
+         QStringLiteral("megabytes")});
     parser.addOption({kView, QCoreApplication::translate("SiteCommandLine",
                                                          "Also open the Simulated Site window.")});
     parser.addPositionalArgument(
@@ -155,6 +170,18 @@ SiteCommandLine ParseSiteCommandLine(const QStringList& arguments) {
         }
         line.wiring.switcher = parser.isSet(kSwitcher);
         line.wiring.multiplexer = parser.isSet(kMux);
+    }
+    line.record = parser.value(kRecord);
+    if (parser.isSet(kRotate)) {
+        bool ok = false;
+        const int megabytes = parser.value(kRotate).toInt(&ok);
+        if (!ok || megabytes < 1 || line.record.isEmpty()) {
+            return refuse(QCoreApplication::translate(
+                              "SiteCommandLine",
+                              "'%1' is not a number of megabytes for --record to rotate at.")
+                              .arg(parser.value(kRotate)));
+        }
+        line.rotateBytes = std::int64_t{megabytes} * 1024 * 1024;
     }
     line.json = parser.isSet(kJson);
     line.view = parser.isSet(kView);

@@ -29,6 +29,10 @@ struct SiteCommandLine {
     site::LineFormat format;
     site::Site::Wiring wiring;
     bool json = false;
+    // A capture of every served line, started afresh; 0 or the size in bytes at which
+    // it goes on in a new file.
+    QString record;
+    std::int64_t rotateBytes = 0;
     bool view = false;
 };
 

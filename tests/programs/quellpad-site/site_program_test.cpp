@@ -1,6 +1,7 @@
 #include "fixtures.h"
 #include "ser2net.h"
 
+#include "capture/capture_reader.h"
 #include "netline/network_line.h"
 #include "protocol/commands.h"
 
@@ -230,7 +231,7 @@ TEST(SiteProgramTcp, PanPositionQueriesAreAnsweredToEveryClient) {
         }
         // Each client's frame in two halves, the halves of the clients interleaved: every
         // client has a wire of its own, so no frame cuts into another's.
-        const QByteArray query = QByteArray::fromHex("ff010051000052");
+        const QByteArray& query = kPanQuery;
         for (const qsizetype from : {0, 3}) {
             for (const auto& socket : sockets) {
                 socket->write(query.mid(from, from == 0 ? 3 : -1));
@@ -253,6 +254,68 @@ TEST(SiteProgramTcp, PanPositionQueriesAreAnsweredToEveryClient) {
         }
     }
     EXPECT_EQ(site.Count("answer", "camera 1 ← pan position"), 3);
+}
+
+// The packets of a capture as far as it reads, and the lines it describes.
+std::vector<capture::Packet> ReadCapture(const QString& path, QStringList& lines) {
+    std::vector<capture::Packet> packets;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly) || file.size() == 0) {
+        return packets;
+    }
+    capture::CaptureReader reader(file);
+    while (auto packet = reader.Next()) {
+        packets.push_back(*packet);
+    }
+    lines.clear();
+    for (const capture::Interface& line : reader.Interfaces()) {
+        lines << line.name;
+    }
+    return packets;
+}
+
+TEST(SiteProgramRecord, AKilledSiteLeavesACaptureOfWhatEachLineCarried) {
+    QTemporaryDir dir;
+    const QString path = dir.filePath("site.pcapng");
+    const quint16 port = FreeLoopbackPort();
+    SiteProgram site(
+        {"--listen", QStringLiteral("127.0.0.1:%1").arg(port), "--json", "--record", path});
+    ASSERT_TRUE(WaitUntil([&] { return LoopbackListening(port); }));
+    QTcpSocket socket;
+    socket.connectToHost(QHostAddress::LocalHost, port);
+    ASSERT_TRUE(socket.waitForConnected(2000));
+    socket.write(kPanQuery);
+    QByteArray answer;
+    ASSERT_TRUE(WaitUntil([&] {
+        answer += socket.readAll();
+        return answer.size() >= 7;
+    }));
+    QStringList lines;
+    // Flushed while it runs: no clean end is needed for the capture to read.
+    ASSERT_TRUE(WaitUntil([&] {
+        std::size_t bytes = 0;
+        for (const capture::Packet& packet : ReadCapture(path, lines)) {
+            bytes += packet.bytes.size();
+        }
+        return bytes >= static_cast<std::size_t>(kPanQuery.size() + answer.size());
+    }));
+    ::kill(static_cast<pid_t>(site.Process().processId()), SIGKILL);
+    site.Process().waitForFinished();
+    // The answer leaves at the line's pace, in as many runs as the pace cuts it into.
+    QByteArray heard;
+    QByteArray answered;
+    std::int64_t last = 0;
+    for (const capture::Packet& packet : ReadCapture(path, lines)) {
+        (packet.inbound ? heard : answered) += QByteArray::fromStdString(packet.bytes);
+        EXPECT_EQ(packet.side,
+                  packet.inbound ? capture::Side::Controller : capture::Side::Equipment);
+        EXPECT_GE(packet.atUs, last);
+        last = packet.atUs;
+    }
+    ASSERT_EQ(lines.size(), 1);
+    EXPECT_TRUE(lines[0].startsWith("tcp")) << lines[0].toStdString();
+    EXPECT_EQ(heard, kPanQuery);
+    EXPECT_EQ(answered, answer);
 }
 
 // A controller at other line settings than the equipment's gets garbage through, and
