@@ -33,6 +33,17 @@
     </message>
 </context>
 <context>
+    <name>Capture</name>
+    <message>
+        <source>The capture &quot;%1&quot; cannot be written: %2.</source>
+        <translation>Der Mitschnitt &quot;%1&quot; kann nicht geschrieben werden: %2.</translation>
+    </message>
+    <message>
+        <source>The capture &quot;%1&quot; stopped: %2. It holds every whole block written before.</source>
+        <translation>Der Mitschnitt &quot;%1&quot; wurde angehalten: %2. Er enthält jeden ganzen Block, der vorher geschrieben wurde.</translation>
+    </message>
+</context>
+<context>
     <name>CommandLine</name>
     <message>
         <source>Control keyboard for CCTV cameras, switchers and multiplexers.</source>
@@ -713,6 +724,10 @@ kleiner als 65000 sein.</translation>
         <source>Text files (*.txt);;CSV files (*.csv)</source>
         <translation>Textdateien (*.txt);;CSV-Dateien (*.csv)</translation>
     </message>
+    <message>
+        <source>;;pcapng captures (*.pcapng)</source>
+        <translation>;;pcapng-Mitschnitte (*.pcapng)</translation>
+    </message>
 </context>
 <context>
     <name>FrmTypeCmnds</name>
@@ -1318,6 +1333,18 @@ Die Antwort auf den Befehl erscheint unten.</translation>
     <message>
         <source>Serves Quellpad&apos;s simulated CCTV site (dome cameras in &quot;D&quot; and &quot;P&quot;, a switcher in &quot;ASCII&quot;, a multiplexer in &quot;MUX ASCII&quot;) to any controller on serial devices, a pseudo-terminal or TCP ports, all lines on the same equipment. Every event is one line of standard output; lines its reader has not taken yet wait in a backlog of %1 kB, and while that is full new lines are dropped whole and counted on standard error.</source>
         <translation>Bedient die simulierte CCTV-Anlage von Quellpad (Domekameras in „D“ und „P“, eine Kreuzschiene in „ASCII“, ein Multiplexer in „MUX ASCII“) für jede Steuerung über serielle Schnittstellen, ein Pseudo-Terminal oder TCP-Ports, alle Leitungen an denselben Geräten. Jedes Ereignis ist eine Zeile der Standardausgabe; Zeilen, die ihr Leser noch nicht abgenommen hat, warten in einem Rückstau von %1 kB, und solange dieser voll ist, werden neue Zeilen ganz verworfen und auf der Standardfehlerausgabe gezählt.</translation>
+    </message>
+    <message>
+        <source>Record every served line to this pcapng capture, which Wireshark opens with Quellpad&apos;s dissector: each line an interface, every run of bytes a packet.</source>
+        <translation>Jede bediente Leitung in diesen pcapng-Mitschnitt aufzeichnen, den Wireshark mit Quellpads Dissector öffnet: jede Leitung eine Schnittstelle, jede Bytefolge ein Paket.</translation>
+    </message>
+    <message>
+        <source>Go on in a new file (file-2.pcapng, file-3.pcapng, ...) each time the capture holds this many megabytes.</source>
+        <translation>In einer neuen Datei weitermachen (file-2.pcapng, file-3.pcapng, ...), sobald der Mitschnitt so viele Megabyte enthält.</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is not a number of megabytes for --record to rotate at.</source>
+        <translation>&apos;%1&apos; ist keine Zahl von Megabyte, bei der --record eine neue Datei beginnt.</translation>
     </message>
 </context>
 <context>

@@ -1,5 +1,6 @@
 #include "frm_traffic.h"
 
+#include "capture/traffic_capture.h"
 #include "ui/controls.h"
 #include "ui/window_memory.h"
 
@@ -30,6 +31,11 @@ namespace {
 
 QString FileFilters() {
     return QCoreApplication::translate("FrmTraffic", "Text files (*.txt);;CSV files (*.csv)");
+}
+// A saved file may also be a capture, which Wireshark opens.
+QString SaveFilters() {
+    return FileFilters() +
+           QCoreApplication::translate("FrmTraffic", ";;pcapng captures (*.pcapng)");
 }
 // What the window remembers, under this group of the user's configuration.
 const QString kMemoryKey = QStringLiteral("Traffic");
@@ -229,10 +235,18 @@ void FrmTraffic::LogToFileButton_Click() {
 void FrmTraffic::SaveButton_Click() {
     QString chosen;
     const QString path = QFileDialog::getSaveFileName(
-        this, tr("Save Traffic"), ui::LastFolder(kMemoryKey), FileFilters(), &chosen);
+        this, tr("Save Traffic"), ui::LastFolder(kMemoryKey), SaveFilters(), &chosen);
     if (!path.isEmpty()) {
         ui::KeepLastFolder(kMemoryKey, path);
         const traffic::FileFormat format = traffic::FormatFor(path, chosen);
+        if (format == traffic::FileFormat::Pcapng) {
+            const QString settings = keyboard_.LineSettingsText();
+            capture::SaveCapture(path, filter_.ShownRows(),
+                                 {{1, keyboard_.Port(1).Device(), settings},
+                                  {2, keyboard_.Port(2).Device(), settings},
+                                  {traffic::kListenPort, Listen->Binding(), QString()}});
+            return;
+        }
         // What the listen line heard per address goes with the rows it explains.
         const auto& addresses = Listen->Addresses();
         traffic::SaveRows(

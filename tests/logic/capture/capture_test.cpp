@@ -1,6 +1,7 @@
 #include "capture/capture_reader.h"
 #include "capture/capture_writer.h"
 #include "capture/traffic_capture.h"
+#include "traffic/traffic_recorder.h"
 
 #include "hostile_files.h"
 
@@ -88,6 +89,44 @@ TEST(Capture, WhatIsWrittenReadsBackLineByLine) {
         EXPECT_EQ(second.bytes, "12Ma");
         EXPECT_EQ(read.packets[0].language, Language::P);
         EXPECT_FALSE(read.packets[0].inbound);
+    }
+}
+
+TEST(Capture, TheTrafficMonitorsRowsSaveAsPacketsOfTheirPortAndLanguage) {
+    traffic::TrafficRecorder recorder;
+    const std::string query = protocol::BuildDFrame(1, 0, 0x51, 0, 0);
+    const std::string answer = protocol::BuildDReply(1, 0x59, 12345);
+    recorder.Sent(1, "D", protocol::AsBytes(query));
+    recorder.Received(1, "D", protocol::AsBytes(answer));
+    recorder.Received(traffic::kListenPort, "ASCII", protocol::AsBytes("12Ma"));
+    const std::vector<traffic::TrafficRow> rows = recorder.Drain();
+    ASSERT_EQ(rows.size(), 3u);
+    QTemporaryDir dir;
+    const QString path = dir.filePath("rows.pcapng");
+    SaveCapture(path, {&rows[0], &rows[1], &rows[2]},
+                {{1, "/dev/ttyUSB0", "9600,n,8,1"}, {traffic::kListenPort, "/dev/ttyUSB1", ""}});
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const Read read = ReadAll(file.readAll());
+    ASSERT_EQ(read.packets.size(), 3u);
+    EXPECT_EQ(read.interfaces[1].name, "Listen");
+    const struct {
+        std::uint32_t interface;
+        bool inbound;
+        Side side;
+        Language language;
+        std::string bytes;
+    } expected[] = {{0, false, Side::Controller, Language::D, query},
+                    {0, true, Side::Equipment, Language::D, answer},
+                    {1, true, Side::Heard, Language::Ascii, "12Ma"}};
+    for (std::size_t i = 0; i < 3; ++i) {
+        const Packet& packet = read.packets[i];
+        EXPECT_EQ(packet.interface, expected[i].interface) << i;
+        EXPECT_EQ(packet.inbound, expected[i].inbound) << i;
+        EXPECT_EQ(packet.side, expected[i].side) << i;
+        EXPECT_EQ(packet.language, expected[i].language) << i;
+        EXPECT_EQ(packet.bytes, expected[i].bytes) << i;
+        EXPECT_EQ(packet.atUs, rows[i].atUs) << i;
     }
 }
 
