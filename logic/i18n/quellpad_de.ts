@@ -42,6 +42,10 @@
         <source>The capture &quot;%1&quot; stopped: %2. It holds every whole block written before.</source>
         <translation>Der Mitschnitt &quot;%1&quot; wurde angehalten: %2. Er enthält jeden ganzen Block, der vorher geschrieben wurde.</translation>
     </message>
+    <message>
+        <source>The capture holds nothing a controller sent. %1</source>
+        <translation>Der Mitschnitt enthält nichts, was ein Steuergerät gesendet hat. %1</translation>
+    </message>
 </context>
 <context>
     <name>CommandLine</name>
@@ -1345,6 +1349,45 @@ Die Antwort auf den Befehl erscheint unten.</translation>
     <message>
         <source>&apos;%1&apos; is not a number of megabytes for --record to rotate at.</source>
         <translation>&apos;%1&apos; ist keine Zahl von Megabyte, bei der --record eine neue Datei beginnt.</translation>
+    </message>
+    <message>
+        <source>Play what the controller sent on the first line of this capture into the site, with its recorded timing, and end when done unless other lines are served.</source>
+        <translation>Abspielen, was das Steuergerät auf der ersten Leitung dieses Mitschnitts gesendet hat, in die Anlage, mit dem aufgezeichneten Zeitverlauf, und danach enden, außer es werden weitere Leitungen bedient.</translation>
+    </message>
+    <message>
+        <source>With --replay, play it onto this line instead: a serial device, a pseudo-terminal, tcp://host:port or rfc2217://host:port, at the capture&apos;s line settings or those of --line.</source>
+        <translation>Mit --replay stattdessen auf diese Leitung abspielen: ein serielles Gerät, ein Pseudo-Terminal, tcp://host:port oder rfc2217://host:port, mit den Leitungseinstellungen des Mitschnitts oder denen von --line.</translation>
+    </message>
+    <message>
+        <source>Replay at other line settings than the capture was recorded at.</source>
+        <translation>Mit anderen Leitungseinstellungen abspielen, als der Mitschnitt aufgezeichnet wurde.</translation>
+    </message>
+    <message>
+        <source>--replay-to needs a capture: --replay file.</source>
+        <translation>--replay-to braucht einen Mitschnitt: --replay file.</translation>
+    </message>
+</context>
+<context>
+    <name>SiteReplay</name>
+    <message>
+        <source>The capture &quot;%1&quot; cannot be read: %2.</source>
+        <translation>Der Mitschnitt &quot;%1&quot; kann nicht gelesen werden: %2.</translation>
+    </message>
+    <message>
+        <source>The capture was recorded at %1 on %2, and the line to play it on is at %3; give --force to play it all the same.</source>
+        <translation>Der Mitschnitt wurde mit %1 auf %2 aufgezeichnet, und die Leitung zum Abspielen steht auf %3; mit --force wird er trotzdem abgespielt.</translation>
+    </message>
+    <message>
+        <source>replay of %1</source>
+        <translation>Wiedergabe von %1</translation>
+    </message>
+    <message>
+        <source>replayed; gaps off by %1 µs at the 99th percentile</source>
+        <translation>abgespielt; Abstände im 99. Perzentil um %1 µs abweichend</translation>
+    </message>
+    <message>
+        <source>replaying</source>
+        <translation>Wiedergabe läuft</translation>
     </message>
 </context>
 <context>

@@ -1,4 +1,5 @@
 #include "quellpad-site/site_command_line.h"
+#include "quellpad-site/site_replay.h"
 #include "quellpad-site/standard_output.h"
 #include "site_server/served_lines.h"
 #include "site_window/frm_simulated_site.h"
@@ -123,6 +124,7 @@ int main(int argc, char* argv[]) {
                      });
     std::vector<std::unique_ptr<quellpad::site_server::ServedLine>> lines;
     std::unique_ptr<quellpad::capture::LineRecorder> recorder;
+    std::unique_ptr<quellpad::site_app::SiteReplay> replay;
     try {
         if (!line.record.isEmpty()) {
             recorder = std::make_unique<quellpad::capture::LineRecorder>(
@@ -148,6 +150,14 @@ int main(int argc, char* argv[]) {
             lines.push_back(std::make_unique<quellpad::site_server::TcpLine>(
                 site, listen.host, listen.port, line.maxClients));
         }
+        if (!line.replay.isEmpty()) {
+            replay = std::make_unique<quellpad::site_app::SiteReplay>(
+                site, line.replay, line.replayTo,
+                line.replayTo.isEmpty() || line.lineGiven
+                    ? quellpad::site::LineFormatText(site.Format())
+                    : QString(),
+                line.force);
+        }
     } catch (const quellpad::QuellpadError& error) {
         output.Finish(kClosingMs);
         std::fprintf(stderr, "quellpad-site: %s\n", qPrintable(error.Message()));
@@ -159,6 +169,15 @@ int main(int argc, char* argv[]) {
                       .arg(quellpad::site::LineFormatText(site.Format())));
     }
     QuitOnSignals(*app);
+    if (replay) {
+        // Alone, the program ends when the capture has been played; beside served lines,
+        // it goes on serving them.
+        if (lines.empty()) {
+            QObject::connect(replay.get(), &quellpad::site_app::SiteReplay::Finished, app.get(),
+                             &QCoreApplication::quit, Qt::QueuedConnection);
+        }
+        QTimer::singleShot(0, replay.get(), &quellpad::site_app::SiteReplay::Start);
+    }
     std::unique_ptr<QWidget> view;
     if (line.view) {
         view.reset(MakeView(site.Equipment()));
@@ -173,6 +192,7 @@ int main(int argc, char* argv[]) {
                       .arg(quellpad::site_server::RejectionsInWords(served->Rejected())));
     }
     lines.clear();
+    replay.reset();
     site.SetRecorder({});
     recorder.reset();
     // Whatever the reader takes within half a second; the program ends within a second

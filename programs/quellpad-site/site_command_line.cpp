@@ -23,6 +23,9 @@ const QString kJson = QStringLiteral("json");
 const QString kView = QStringLiteral("view");
 const QString kRecord = QStringLiteral("record");
 const QString kRotate = QStringLiteral("rotate");
+const QString kReplay = QStringLiteral("replay");
+const QString kReplayTo = QStringLiteral("replay-to");
+const QString kForce = QStringLiteral("force");
 
 void Describe(QCommandLineParser& parser) {
     parser.setApplicationDescription(
@@ -93,6 +96,25 @@ void Describe(QCommandLineParser& parser) {
                                      "Go on in a new file (file-2.pcapng, file-3.pcapng, ...) "
                                      "each time the capture holds this many megabytes."),
          QStringLiteral("megabytes")});
+    parser.addOption(
+        {kReplay,
+         QCoreApplication::translate(
+             "SiteCommandLine",
+             "Play what the controller sent on the first line of this capture into the site, "
+             "with its recorded timing, and end when done unless other lines are served."),
+         QStringLiteral("file")});
+    parser.addOption(
+        {kReplayTo,
+         QCoreApplication::translate(
+             "SiteCommandLine",
+             "With --replay, play it onto this line instead: a serial device, a "
+             "pseudo-terminal, tcp://host:port or rfc2217://host:port, at the capture's line "
+             "settings or those of --line."),
+         QStringLiteral("device")});
+    parser.addOption(
+        {kForce, QCoreApplication::translate(
+                     "SiteCommandLine",
+                     "Replay at other line settings than the capture was recorded at.")});
     parser.addOption({kView, QCoreApplication::translate("SiteCommandLine",
                                                          "Also open the Simulated Site window.")});
     parser.addPositionalArgument(
@@ -147,7 +169,15 @@ SiteCommandLine ParseSiteCommandLine(const QStringList& arguments) {
                               .arg(kMostMaxClients));
         }
     }
-    if (line.devices.isEmpty() && !line.pty && line.listen.empty()) {
+    line.replay = parser.value(kReplay);
+    line.replayTo = parser.value(kReplayTo);
+    line.force = parser.isSet(kForce);
+    line.lineGiven = parser.isSet(kLine);
+    if (!line.replayTo.isEmpty() && line.replay.isEmpty()) {
+        return refuse(QCoreApplication::translate("SiteCommandLine",
+                                                  "--replay-to needs a capture: --replay file."));
+    }
+    if (line.devices.isEmpty() && !line.pty && line.listen.empty() && line.replay.isEmpty()) {
         return refuse(QCoreApplication::translate(
             "SiteCommandLine",
             "No line to serve on: name a device, --pty or --listen [host:]port."));

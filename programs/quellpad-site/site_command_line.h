@@ -33,6 +33,12 @@ struct SiteCommandLine {
     // it goes on in a new file.
     QString record;
     std::int64_t rotateBytes = 0;
+    // A capture whose controller side is played into the site, or onto `replayTo`; line
+    // settings other than the capture's are refused unless forced.
+    QString replay;
+    QString replayTo;
+    bool force = false;
+    bool lineGiven = false;
     bool view = false;
 };
 

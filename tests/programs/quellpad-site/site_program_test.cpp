@@ -2,6 +2,7 @@
 #include "ser2net.h"
 
 #include "capture/capture_reader.h"
+#include "capture/capture_writer.h"
 #include "netline/network_line.h"
 #include "protocol/commands.h"
 
@@ -316,6 +317,67 @@ TEST(SiteProgramRecord, AKilledSiteLeavesACaptureOfWhatEachLineCarried) {
     EXPECT_TRUE(lines[0].startsWith("tcp")) << lines[0].toStdString();
     EXPECT_EQ(heard, kPanQuery);
     EXPECT_EQ(answered, answer);
+}
+
+// A capture of COM 1 at `settings` in which the keyboard asked camera 1's pan position
+// twice, 150 ms apart, and the camera answered.
+QString FieldCapture(const QTemporaryDir& dir, const QString& settings) {
+    const QString path = dir.filePath(settings.left(4) + ".pcapng");
+    capture::CaptureWriter writer(path, {{"COM 1", "/dev/ttyUSB0", settings}});
+    for (const std::int64_t at : {1'000'000, 1'150'000}) {
+        capture::Packet packet;
+        packet.atUs = at;
+        packet.bytes = kPanQuery.toStdString();
+        writer.Write(packet);
+        packet.side = capture::Side::Equipment;
+        packet.inbound = true;
+        packet.bytes = protocol::BuildDReply(1, 0x59, 100);
+        writer.Write(packet);
+    }
+    writer.Flush();
+    return path;
+}
+
+TEST(SiteProgramReplay, ACapturePlaysIntoTheSiteOrOntoALineAtItsSettingsOnly) {
+    QTemporaryDir dir;
+    const QString at2400 = FieldCapture(dir, "2400,n,8,1");
+    const QString at9600 = FieldCapture(dir, "9600,n,8,1");
+    {
+        // Into the site: the camera hears both queries, and the program ends by itself.
+        SiteProgram site({"--replay", at2400, "--json"});
+        ASSERT_TRUE(site.Process().waitForFinished(10'000));
+        site.Process().waitForReadyRead(100);
+        EXPECT_EQ(site.Process().exitCode(), 0);
+        EXPECT_EQ(site.Count("command", "camera 1: query pan"), 2)
+            << site.Lines().join('\n').toStdString();
+    }
+    {
+        // At other settings than the site's: refused, unless forced.
+        SiteProgram refused({"--replay", at9600});
+        ASSERT_TRUE(refused.Process().waitForFinished(10'000));
+        EXPECT_EQ(refused.Process().exitCode(), 1);
+        EXPECT_TRUE(refused.Process().readAllStandardError().contains("--force"));
+        SiteProgram forced({"--replay", at9600, "--force", "--json"});
+        ASSERT_TRUE(forced.Process().waitForFinished(10'000));
+        EXPECT_EQ(forced.Process().exitCode(), 0);
+    }
+    {
+        // Onto a line: the same bytes, with the recorded gap between them.
+        PseudoTerminal terminal;
+        SiteProgram site({"--replay", at9600, "--replay-to", terminal.SlavePath()});
+        const QByteArray first = terminal.Read(static_cast<int>(kPanQuery.size()), 5000);
+        QElapsedTimer gap;
+        gap.start();
+        // The line is at the capture's settings while it plays.
+        const QString settings = terminal.LineSettings();
+        const QByteArray second = terminal.Read(static_cast<int>(kPanQuery.size()), 5000);
+        const qint64 gapMs = gap.elapsed();
+        EXPECT_EQ(first, kPanQuery);
+        EXPECT_EQ(second, kPanQuery);
+        // Not at once: a replay that dropped the timing would send both together.
+        EXPECT_GT(gapMs, 50);
+        EXPECT_EQ(settings, "9600,n,8,1");
+    }
 }
 
 // A controller at other line settings than the equipment's gets garbage through, and
