@@ -1366,6 +1366,18 @@ Die Antwort auf den Befehl erscheint unten.</translation>
         <source>--replay-to needs a capture: --replay file.</source>
         <translation>--replay-to braucht einen Mitschnitt: --replay file.</translation>
     </message>
+    <message>
+        <source>Print where each camera of this capture pointed over time, as CSV (address, time, pan, tilt, zoom, whether a position answer said so), and exit.</source>
+        <translation>Ausgeben, wohin jede Kamera dieses Mitschnitts im Lauf der Zeit zeigte, als CSV (Adresse, Zeit, Schwenk, Neigung, Zoom, ob eine Positionsantwort es sagte), und beenden.</translation>
+    </message>
+    <message>
+        <source>How the site&apos;s receivers turn a speed into degrees per second, for --timeline: &quot;square&quot; (a creep rising on a square law to 100 °/s, the default) or &quot;linear&quot;.</source>
+        <translation>Wie die Empfänger der Anlage eine Geschwindigkeit in Grad pro Sekunde umsetzen, für --timeline: &quot;square&quot; (ein Kriechen, quadratisch steigend bis 100 °/s, die Vorgabe) oder &quot;linear&quot;.</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is no speed curve of receivers (square or linear).</source>
+        <translation>&apos;%1&apos; ist keine Geschwindigkeitskurve von Empfängern (square oder linear).</translation>
+    </message>
 </context>
 <context>
     <name>SiteReplay</name>

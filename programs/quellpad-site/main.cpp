@@ -105,6 +105,8 @@ int main(int argc, char* argv[]) {
     case SiteCommandLine::Action::Refuse:
         std::fprintf(stderr, "quellpad-site: %s\n", qPrintable(line.error));
         return quellpad::site_app::kUsageStatus;
+    case SiteCommandLine::Action::Timeline:
+        return quellpad::site_app::PrintTimeline(line.timeline, line.linearReceivers);
     case SiteCommandLine::Action::Serve:
         break;
     }

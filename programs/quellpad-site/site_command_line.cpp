@@ -26,6 +26,8 @@ const QString kRotate = QStringLiteral("rotate");
 const QString kReplay = QStringLiteral("replay");
 const QString kReplayTo = QStringLiteral("replay-to");
 const QString kForce = QStringLiteral("force");
+const QString kTimeline = QStringLiteral("timeline");
+const QString kReceivers = QStringLiteral("receivers");
 
 void Describe(QCommandLineParser& parser) {
     parser.setApplicationDescription(
@@ -115,6 +117,21 @@ void Describe(QCommandLineParser& parser) {
         {kForce, QCoreApplication::translate(
                      "SiteCommandLine",
                      "Replay at other line settings than the capture was recorded at.")});
+    parser.addOption(
+        {kTimeline,
+         QCoreApplication::translate(
+             "SiteCommandLine",
+             "Print where each camera of this capture pointed over time, as CSV (address, "
+             "time, pan, tilt, zoom, whether a position answer said so), and exit."),
+         QStringLiteral("file")});
+    parser.addOption(
+        {kReceivers,
+         QCoreApplication::translate(
+             "SiteCommandLine",
+             "How the site's receivers turn a speed into degrees per second, for --timeline: "
+             "\"square\" (a creep rising on a square law to 100 °/s, the default) or "
+             "\"linear\"."),
+         QStringLiteral("curve")});
     parser.addOption({kView, QCoreApplication::translate("SiteCommandLine",
                                                          "Also open the Simulated Site window.")});
     parser.addPositionalArgument(
@@ -145,6 +162,21 @@ SiteCommandLine ParseSiteCommandLine(const QStringList& arguments) {
     }
     if (parser.isSet(QStringLiteral("version"))) {
         line.action = SiteCommandLine::Action::ShowVersion;
+        return line;
+    }
+    if (parser.isSet(kReceivers)) {
+        const QString curve = parser.value(kReceivers);
+        if (curve != QStringLiteral("square") && curve != QStringLiteral("linear")) {
+            return refuse(
+                QCoreApplication::translate(
+                    "SiteCommandLine", "'%1' is no speed curve of receivers (square or linear).")
+                    .arg(curve));
+        }
+        line.linearReceivers = curve == QStringLiteral("linear");
+    }
+    if (parser.isSet(kTimeline)) {
+        line.action = SiteCommandLine::Action::Timeline;
+        line.timeline = parser.value(kTimeline);
         return line;
     }
     line.devices = parser.positionalArguments();

@@ -14,7 +14,7 @@ namespace quellpad::site_app {
 // What quellpad-site's arguments ask for. Read before any line or window exists, so that
 // --help, --version and a mistyped option answer at once.
 struct SiteCommandLine {
-    enum class Action { Serve, ShowHelp, ShowVersion, Refuse };
+    enum class Action { Serve, ShowHelp, ShowVersion, Refuse, Timeline };
     Action action = Action::Serve;
     QString error; // why the arguments were refused, one line
     QStringList devices;
@@ -39,6 +39,10 @@ struct SiteCommandLine {
     QString replayTo;
     bool force = false;
     bool lineGiven = false;
+    // A capture whose cameras' pan, tilt and zoom over time are printed as CSV, and
+    // whether its receivers are taken for linear ones rather than the square law.
+    QString timeline;
+    bool linearReceivers = false;
     bool view = false;
 };
 

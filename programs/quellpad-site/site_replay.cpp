@@ -1,5 +1,7 @@
 #include "quellpad-site/site_replay.h"
 
+#include "capture/camera_timeline.h"
+#include "capture/capture_reader.h"
 #include "engine/errors.h"
 #include "engine/port_binding.h"
 #include "engine/serial_device.h"
@@ -9,6 +11,8 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QTimer>
+
+#include <cstdio>
 
 namespace quellpad::site_app {
 
@@ -102,6 +106,40 @@ void SiteReplay::Play() {
         return;
     }
     player_->Start();
+}
+
+} // namespace quellpad::site_app
+
+namespace quellpad::site_app {
+
+int PrintTimeline(const QString& capturePath, bool linearReceivers) {
+    QFile file(capturePath);
+    if (!file.open(QIODevice::ReadOnly)) {
+        std::fprintf(stderr, "quellpad-site: %s\n",
+                     qPrintable(QCoreApplication::translate(
+                                    "SiteReplay", "The capture \"%1\" cannot be read: %2.")
+                                    .arg(capturePath, file.errorString())));
+        return 1;
+    }
+    try {
+        capture::CaptureReader reader(file);
+        capture::ReceiverModel model;
+        if (linearReceivers) {
+            model.curve = capture::ReceiverModel::Curve::Linear;
+        }
+        capture::CameraTimeline timeline(model);
+        while (const auto packet = reader.Next()) {
+            timeline.Add(*packet);
+        }
+        std::fputs(capture::TimelineCsv(timeline.Points()).toUtf8().constData(), stdout);
+        for (const QString& remark : reader.Remarks()) {
+            std::fprintf(stderr, "quellpad-site: %s\n", qPrintable(remark));
+        }
+        return 0;
+    } catch (const capture::CaptureError& error) {
+        std::fprintf(stderr, "quellpad-site: %s\n", qPrintable(error.Message()));
+        return 1;
+    }
 }
 
 } // namespace quellpad::site_app

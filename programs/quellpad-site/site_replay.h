@@ -40,4 +40,8 @@ private:
     int waitedMs_ = 0;
 };
 
+// Prints where each camera of the capture pointed over time as CSV on standard output, what
+// the reader had to say on standard error; the exit status.
+int PrintTimeline(const QString& capture, bool linearReceivers);
+
 } // namespace quellpad::site_app

@@ -338,7 +338,7 @@ QString FieldCapture(const QTemporaryDir& dir, const QString& settings) {
     return path;
 }
 
-TEST(SiteProgramReplay, ACapturePlaysIntoTheSiteOrOntoALineAtItsSettingsOnly) {
+TEST(SiteProgramReplay, ACaptureReplaysAtItsSettingsOnlyAndTellsWhereTheCameraPointed) {
     QTemporaryDir dir;
     const QString at2400 = FieldCapture(dir, "2400,n,8,1");
     const QString at9600 = FieldCapture(dir, "9600,n,8,1");
@@ -377,6 +377,16 @@ TEST(SiteProgramReplay, ACapturePlaysIntoTheSiteOrOntoALineAtItsSettingsOnly) {
         // Not at once: a replay that dropped the timing would send both together.
         EXPECT_GT(gapMs, 50);
         EXPECT_EQ(settings, "9600,n,8,1");
+    }
+    {
+        // Where the camera pointed, as CSV: each answer puts it at pan 1°.
+        SiteProgram timeline({"--timeline", at2400});
+        ASSERT_TRUE(timeline.Process().waitForFinished(10'000));
+        timeline.Process().waitForReadyRead(100);
+        EXPECT_EQ(timeline.Process().exitCode(), 0);
+        EXPECT_EQ(timeline.Lines().value(0), "address,time_s,pan,tilt,zoom,answered");
+        EXPECT_TRUE(timeline.Lines().contains("1,1.150000,1.00,-10.00,0.000,1"))
+            << timeline.Lines().join('\n').toStdString();
     }
 }
 
