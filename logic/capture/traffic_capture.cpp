@@ -36,4 +36,13 @@ void SaveCapture(const QString& path, const std::vector<const traffic::TrafficRo
     writer.Flush();
 }
 
+std::vector<CameraPoint> RowsTimeline(const std::vector<const traffic::TrafficRow*>& rows,
+                                      const ReceiverModel& model) {
+    CameraTimeline timeline(model);
+    for (const traffic::TrafficRow* row : rows) {
+        timeline.Add(RowPacket(*row, static_cast<std::uint32_t>(row->port)));
+    }
+    return timeline.Points();
+}
+
 } // namespace quellpad::capture

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "camera_timeline.h"
 #include "pcapng.h"
 
 #include "traffic/traffic_row.h"
@@ -26,5 +27,9 @@ Packet RowPacket(const traffic::TrafficRow& row, std::uint32_t interface);
 // CaptureError naming the file and the reason.
 void SaveCapture(const QString& path, const std::vector<const traffic::TrafficRow*>& rows,
                  const std::vector<PortLine>& ports);
+
+// Where each camera pointed, rebuilt from the traffic monitor's rows as from a capture.
+std::vector<CameraPoint> RowsTimeline(const std::vector<const traffic::TrafficRow*>& rows,
+                                      const ReceiverModel& model);
 
 } // namespace quellpad::capture

@@ -2813,6 +2813,10 @@ VCR: %3</translation>
             <numerusform>%n Zeilen, %1 verworfen%2</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Ti&amp;meline...</source>
+        <translation>Zeit&amp;verlauf...</translation>
+    </message>
 </context>
 <context>
     <name>quellpad::traffic_window::ListenPanel</name>
@@ -2863,6 +2867,77 @@ VCR: %3</translation>
     <message>
         <source>none</source>
         <translation>keine</translation>
+    </message>
+</context>
+<context>
+    <name>quellpad::traffic_window::TimelineView</name>
+    <message>
+        <source>Camera Timeline</source>
+        <translation>Kamera-Zeitverlauf</translation>
+    </message>
+    <message>
+        <source>&amp;Receivers:</source>
+        <translation>&amp;Empfänger:</translation>
+    </message>
+    <message>
+        <source>Square law, 100 °/s at 64 (the simulated site&apos;s)</source>
+        <translation>Quadratisch, 100 °/s bei 64 (wie in der simulierten Anlage)</translation>
+    </message>
+    <message>
+        <source>Linear, 100 °/s at 64</source>
+        <translation>Linear, 100 °/s bei 64</translation>
+    </message>
+    <message>
+        <source>&amp;Save CSV...</source>
+        <translation>CSV &amp;speichern...</translation>
+    </message>
+    <message>
+        <source>Camera positions</source>
+        <translation>Kamerapositionen</translation>
+    </message>
+    <message>
+        <source>Camera</source>
+        <translation>Kamera</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Pan °</source>
+        <translation>Schwenk °</translation>
+    </message>
+    <message>
+        <source>Tilt °</source>
+        <translation>Neigung °</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>Zoom</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>Aus</translation>
+    </message>
+    <message>
+        <source>answer</source>
+        <translation>Antwort</translation>
+    </message>
+    <message>
+        <source>commands</source>
+        <translation>Befehlen</translation>
+    </message>
+    <message>
+        <source>Save Camera Timeline</source>
+        <translation>Kamera-Zeitverlauf speichern</translation>
+    </message>
+    <message>
+        <source>CSV files (*.csv)</source>
+        <translation>CSV-Dateien (*.csv)</translation>
+    </message>
+    <message>
+        <source>The camera timeline &quot;%1&quot; cannot be written: %2.</source>
+        <translation>Der Kamera-Zeitverlauf &quot;%1&quot; kann nicht geschrieben werden: %2.</translation>
     </message>
 </context>
 </TS>

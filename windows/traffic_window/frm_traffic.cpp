@@ -93,6 +93,13 @@ FrmTraffic::FrmTraffic(Quellpad_Support_Func& keyboard, QWidget* parent)
     QPushButton* save = ui::MakeButton(this, "SaveButton", tr("Sa&ve..."));
     connect(save, &QPushButton::clicked, this,
             [this] { boundary_.Run("SaveButton_Click", [&] { SaveButton_Click(); }); });
+    QPushButton* timeline = ui::MakeButton(this, "TimelineButton", tr("Ti&meline..."));
+    connect(timeline, &QPushButton::clicked, this, [this] {
+        if (Timeline == nullptr) {
+            Timeline = new TimelineView(this);
+        }
+        Timeline->Show(filter_.ShownRows());
+    });
     LogToFileButton = ui::MakeButton(this, "LogToFileButton", tr("&Log to file..."));
     LogToFileButton->setCheckable(true);
     connect(LogToFileButton, &QPushButton::clicked, this,
@@ -100,7 +107,7 @@ FrmTraffic::FrmTraffic(Quellpad_Support_Func& keyboard, QWidget* parent)
     // The buttons on a line of their own below the filters, so that the window can be made
     // as narrow as a small screen at a large scale.
     auto* actions = new QHBoxLayout;
-    for (QPushButton* button : {PauseButton, clear, copy, save, LogToFileButton}) {
+    for (QPushButton* button : {PauseButton, clear, copy, save, timeline, LogToFileButton}) {
         button->setAutoDefault(false);
         actions->addWidget(button);
     }
