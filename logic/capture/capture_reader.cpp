@@ -28,8 +28,10 @@ Packet Skipped() {
 CaptureReader::CaptureReader(QIODevice& device) : device_(device) {
     std::uint32_t type = 0;
     if (!ReadBlock(type) || type != pcapng::kSectionHeader || !SectionHeader()) {
-        throw CaptureError(problem_.isEmpty() ? Tr("This is no pcapng capture.")
-                                              : Tr("This is no pcapng capture: %1").arg(problem_));
+        throw CaptureError(
+            problem_.isEmpty()
+                ? Tr(QT_TRANSLATE_NOOP("Capture", "This is no pcapng capture."))
+                : Tr(QT_TRANSLATE_NOOP("Capture", "This is no pcapng capture: %1")).arg(problem_));
     }
 }
 
@@ -71,15 +73,19 @@ bool CaptureReader::ReadBlock(std::uint32_t& type) {
     }
     if (head != 8) {
         return Stop(
-            Tr("The file ends inside a block at byte %1; it was read up to there.").arg(start));
+            Tr(QT_TRANSLATE_NOOP(
+                   "Capture", "The file ends inside a block at byte %1; it was read up to there."))
+                .arg(start));
     }
     type = U32(0);
     if (type == pcapng::kSectionHeader) {
         // A new section may have the other byte order: its magic tells.
         char magic[4];
         if (device_.peek(magic, 4) != 4) {
-            return Stop(
-                Tr("The file ends inside a block at byte %1; it was read up to there.").arg(start));
+            return Stop(Tr(QT_TRANSLATE_NOOP(
+                               "Capture",
+                               "The file ends inside a block at byte %1; it was read up to there."))
+                            .arg(start));
         }
         std::uint32_t m = 0;
         for (int i = 3; i >= 0; --i) {
@@ -90,13 +96,17 @@ bool CaptureReader::ReadBlock(std::uint32_t& type) {
         } else if (m == Swap32(pcapng::kByteOrderMagic)) {
             swapped_ = true;
         } else {
-            return Stop(Tr("The section at byte %1 has no byte-order mark.").arg(start));
+            return Stop(
+                Tr(QT_TRANSLATE_NOOP("Capture", "The section at byte %1 has no byte-order mark."))
+                    .arg(start));
         }
     }
     const std::uint32_t length = U32(4);
     if (length < 12 || length % 4 != 0 || length > pcapng::kMostBlock) {
-        return Stop(Tr("The block at byte %1 claims a length of %2 bytes, which no sound block "
-                       "has; the file was read up to there.")
+        return Stop(Tr(QT_TRANSLATE_NOOP(
+                           "Capture",
+                           "The block at byte %1 claims a length of %2 bytes, which no sound block "
+                           "has; the file was read up to there."))
                         .arg(start)
                         .arg(length));
     }
@@ -104,11 +114,15 @@ bool CaptureReader::ReadBlock(std::uint32_t& type) {
     const qint64 rest = device_.read(block_.data() + 8, length - 8);
     if (rest != static_cast<qint64>(length) - 8) {
         return Stop(
-            Tr("The file ends inside a block at byte %1; it was read up to there.").arg(start));
+            Tr(QT_TRANSLATE_NOOP(
+                   "Capture", "The file ends inside a block at byte %1; it was read up to there."))
+                .arg(start));
     }
     if (U32(length - 4) != length) {
-        return Stop(Tr("The block at byte %1 ends with another length than it starts with; the "
-                       "file was read up to there.")
+        return Stop(Tr(QT_TRANSLATE_NOOP(
+                           "Capture",
+                           "The block at byte %1 ends with another length than it starts with; the "
+                           "file was read up to there."))
                         .arg(start));
     }
     offset_ += length;
@@ -117,11 +131,13 @@ bool CaptureReader::ReadBlock(std::uint32_t& type) {
 
 bool CaptureReader::SectionHeader() {
     if (block_.size() < 28) {
-        return Stop(Tr("The section header is too short."));
+        return Stop(Tr(QT_TRANSLATE_NOOP("Capture", "The section header is too short.")));
     }
     if (U16(12) != 1) {
         return Stop(
-            Tr("The section is of pcapng version %1, which is not read here.").arg(U16(12)));
+            Tr(QT_TRANSLATE_NOOP("Capture",
+                                 "The section is of pcapng version %1, which is not read here."))
+                .arg(U16(12)));
     }
     // A new section describes its lines afresh.
     interfaces_.clear();
@@ -131,10 +147,11 @@ bool CaptureReader::SectionHeader() {
 
 bool CaptureReader::InterfaceDescription() {
     if (interfaces_.size() >= kMostInterfaces) {
-        return Stop(Tr("The file describes more than %1 lines.").arg(kMostInterfaces));
+        return Stop(Tr(QT_TRANSLATE_NOOP("Capture", "The file describes more than %1 lines."))
+                        .arg(kMostInterfaces));
     }
     if (block_.size() < 20) {
-        return Stop(Tr("An interface block at byte %1 is too short.")
+        return Stop(Tr(QT_TRANSLATE_NOOP("Capture", "An interface block at byte %1 is too short."))
                         .arg(offset_ - static_cast<qint64>(block_.size())));
     }
     Interface interface;
@@ -160,7 +177,8 @@ bool CaptureReader::InterfaceDescription() {
             const bool binary = (resolution & 0x80) != 0;
             // Ticks per second as a power of ten or of two; far-off ones mean a hostile file.
             if ((binary && exponent > 63) || (!binary && exponent > 18)) {
-                return Stop(Tr("An interface has a time resolution that makes no sense."));
+                return Stop(Tr(QT_TRANSLATE_NOOP(
+                    "Capture", "An interface has a time resolution that makes no sense.")));
             }
             std::uint64_t perSecond = 1;
             for (unsigned i = 0; i < exponent; ++i) {
@@ -178,7 +196,7 @@ bool CaptureReader::InterfaceDescription() {
 
 std::optional<Packet> CaptureReader::EnhancedPacket() {
     if (block_.size() < 32) {
-        Stop(Tr("A packet block is too short."));
+        Stop(Tr(QT_TRANSLATE_NOOP("Capture", "A packet block is too short.")));
         return std::nullopt;
     }
     Packet packet;
@@ -186,7 +204,7 @@ std::optional<Packet> CaptureReader::EnhancedPacket() {
     const std::uint64_t ticks = (std::uint64_t{U32(12)} << 32) | U32(16);
     const std::uint32_t captured = U32(20);
     if (captured > block_.size() - 32) {
-        Stop(Tr("A packet block claims more bytes than it holds."));
+        Stop(Tr(QT_TRANSLATE_NOOP("Capture", "A packet block claims more bytes than it holds.")));
         return std::nullopt;
     }
     if (packet.interface >= lines_.size() || !lines_[packet.interface].ours ||
@@ -256,15 +274,21 @@ std::optional<Packet> CaptureReader::Next() {
 QStringList CaptureReader::Remarks() const {
     QStringList remarks;
     if (skippedBlocks_ > 0) {
-        remarks << Tr("%1 blocks of kinds not read here were stepped over.").arg(skippedBlocks_);
+        remarks << Tr(QT_TRANSLATE_NOOP("Capture",
+                                        "%1 blocks of kinds not read here were stepped over."))
+                       .arg(skippedBlocks_);
     }
     if (skippedPackets_ > 0) {
-        remarks << Tr("%1 packets of lines the file does not describe, or not recorded by "
-                      "Quellpad, were skipped.")
+        remarks << Tr(QT_TRANSLATE_NOOP(
+                          "Capture",
+                          "%1 packets of lines the file does not describe, or not recorded by "
+                          "Quellpad, were skipped."))
                        .arg(skippedPackets_);
     }
     if (backwards_ > 0) {
-        remarks << Tr("%1 packets are timed before the packet before them on their line.")
+        remarks << Tr(QT_TRANSLATE_NOOP(
+                          "Capture",
+                          "%1 packets are timed before the packet before them on their line."))
                        .arg(backwards_);
     }
     if (!problem_.isEmpty()) {

@@ -46,6 +46,70 @@
         <source>The capture holds nothing a controller sent. %1</source>
         <translation>Der Mitschnitt enthält nichts, was ein Steuergerät gesendet hat. %1</translation>
     </message>
+    <message>
+        <source>This is no pcapng capture.</source>
+        <translation>Dies ist kein pcapng-Mitschnitt.</translation>
+    </message>
+    <message>
+        <source>This is no pcapng capture: %1</source>
+        <translation>Dies ist kein pcapng-Mitschnitt: %1</translation>
+    </message>
+    <message>
+        <source>The file ends inside a block at byte %1; it was read up to there.</source>
+        <translation>Die Datei endet mitten in einem Block bei Byte %1; sie wurde bis dorthin gelesen.</translation>
+    </message>
+    <message>
+        <source>The section at byte %1 has no byte-order mark.</source>
+        <translation>Der Abschnitt bei Byte %1 hat keine Byte-Reihenfolge-Marke.</translation>
+    </message>
+    <message>
+        <source>The block at byte %1 claims a length of %2 bytes, which no sound block has; the file was read up to there.</source>
+        <translation>Der Block bei Byte %1 gibt eine Länge von %2 Byte an, die kein gültiger Block hat; die Datei wurde bis dorthin gelesen.</translation>
+    </message>
+    <message>
+        <source>The block at byte %1 ends with another length than it starts with; the file was read up to there.</source>
+        <translation>Der Block bei Byte %1 endet mit einer anderen Länge, als er beginnt; die Datei wurde bis dorthin gelesen.</translation>
+    </message>
+    <message>
+        <source>The section header is too short.</source>
+        <translation>Der Abschnittskopf ist zu kurz.</translation>
+    </message>
+    <message>
+        <source>The section is of pcapng version %1, which is not read here.</source>
+        <translation>Der Abschnitt hat die pcapng-Version %1, die hier nicht gelesen wird.</translation>
+    </message>
+    <message>
+        <source>The file describes more than %1 lines.</source>
+        <translation>Die Datei beschreibt mehr als %1 Leitungen.</translation>
+    </message>
+    <message>
+        <source>An interface block at byte %1 is too short.</source>
+        <translation>Ein Schnittstellenblock bei Byte %1 ist zu kurz.</translation>
+    </message>
+    <message>
+        <source>An interface has a time resolution that makes no sense.</source>
+        <translation>Eine Schnittstelle hat eine unsinnige Zeitauflösung.</translation>
+    </message>
+    <message>
+        <source>A packet block is too short.</source>
+        <translation>Ein Paketblock ist zu kurz.</translation>
+    </message>
+    <message>
+        <source>A packet block claims more bytes than it holds.</source>
+        <translation>Ein Paketblock gibt mehr Byte an, als er enthält.</translation>
+    </message>
+    <message>
+        <source>%1 blocks of kinds not read here were stepped over.</source>
+        <translation>%1 Blöcke einer hier nicht gelesenen Art wurden übersprungen.</translation>
+    </message>
+    <message>
+        <source>%1 packets of lines the file does not describe, or not recorded by Quellpad, were skipped.</source>
+        <translation>%1 Pakete von Leitungen, die die Datei nicht beschreibt oder die nicht Quellpad aufgezeichnet hat, wurden übersprungen.</translation>
+    </message>
+    <message>
+        <source>%1 packets are timed before the packet before them on their line.</source>
+        <translation>%1 Pakete liegen zeitlich vor dem Paket vor ihnen auf ihrer Leitung.</translation>
+    </message>
 </context>
 <context>
     <name>CommandLine</name>
