@@ -37,6 +37,18 @@ local e_unknown = ProtoExpert.new("quellpad.unknown", "Not decoded",
 quellpad.experts = { e_bad_check, e_unknown }
 
 local interface_name = Field.new("frame.interface_name")
+local interface_id = Field.new("frame.interface_id")
+
+-- A line's reads as they came, without the keyboard's language: a reply may arrive in
+-- several runs. Each side of each line is read as one stream, as the traffic monitor reads
+-- a port, and what is held is given up after this long without a byte.
+local QUIET_SECONDS = 0.2
+local streams = {}
+local results = {}
+function quellpad.init()
+    streams = {}
+    results = {}
+end
 
 local band, bor, bxor = bit32.band, bit32.bor, bit32.bxor
 
@@ -465,57 +477,80 @@ local function decoders_for(language, answers)
     end
     if answers then return { reply_decoder(), ascii_decoder("ASCII"), ascii_decoder("MUX ASCII") }, {} end
     return { frame_decoder("D"), frame_decoder("P"), ascii_decoder("ASCII"),
-             ascii_decoder("MUX ASCII") }, {}
+             ascii_decoder("MUX ASCII") }, { frame_decoder("D"), frame_decoder("P") }
 end
 
 local MOST_HELD = 256
 
--- The pieces of a run of bytes: { bytes, command or nil, offset }, every byte in one.
-local function split(bytes, language, answers)
+-- Cuts a stream of bytes into pieces, { bytes, command or nil, offset in the stream },
+-- every byte in one, as the traffic monitor cuts what a port reads.
+local function new_splitter(language, answers)
     local decoders, frames = decoders_for(language, answers)
-    local pieces, held, held_at = {}, "", 0
+    local sp = { held = "", held_at = 0, fed = 0 }
+    local pieces
     local function take(c)
         local at = nil
         local from = 1
         while true do
-            local found = held:find(c.bytes, from, true)
+            local found = sp.held:find(c.bytes, from, true)
             if not found then break end
             at, from = found, found + 1
         end
         if at == nil then
-            pieces[#pieces + 1] = { bytes = c.bytes, command = c, offset = held_at }
+            pieces[#pieces + 1] = { bytes = c.bytes, command = c, offset = sp.held_at }
             return
         end
         if at > 1 then
-            pieces[#pieces + 1] = { bytes = held:sub(1, at - 1), offset = held_at }
+            pieces[#pieces + 1] = { bytes = sp.held:sub(1, at - 1), offset = sp.held_at }
         end
-        pieces[#pieces + 1] = { bytes = c.bytes, command = c, offset = held_at + at - 1 }
-        held_at = held_at + at - 1 + #c.bytes
-        held = held:sub(at + #c.bytes)
+        pieces[#pieces + 1] = { bytes = c.bytes, command = c, offset = sp.held_at + at - 1 }
+        sp.held_at = sp.held_at + at - 1 + #c.bytes
+        sp.held = sp.held:sub(at + #c.bytes)
     end
-    for i = 1, #bytes do
-        local byte = bytes:byte(i)
-        held = held .. string.char(byte)
-        local frame_ended = false
-        for _, fd in ipairs(frames) do
-            local out = {}
-            fd.feed(byte, out)
-            frame_ended = frame_ended or #out > 0
+    function sp.feed(bytes)
+        pieces = {}
+        for i = 1, #bytes do
+            local byte = bytes:byte(i)
+            sp.held = sp.held .. string.char(byte)
+            sp.fed = sp.fed + 1
+            local frame_ended = false
+            for _, fd in ipairs(frames) do
+                local out = {}
+                fd.feed(byte, out)
+                frame_ended = frame_ended or #out > 0
+            end
+            for _, d in ipairs(decoders) do
+                local out = {}
+                d.feed(byte, out)
+                for _, c in ipairs(out) do take(c) end
+                if frame_ended then d.frame_ended() end
+            end
+            if #sp.held > MOST_HELD then
+                local noise = #sp.held - MOST_HELD / 2
+                pieces[#pieces + 1] = { bytes = sp.held:sub(1, noise), offset = sp.held_at }
+                sp.held = sp.held:sub(noise + 1)
+                sp.held_at = sp.held_at + noise
+            end
         end
-        for _, d in ipairs(decoders) do
-            local out = {}
-            d.feed(byte, out)
-            for _, c in ipairs(out) do take(c) end
-            if frame_ended then d.frame_ended() end
-        end
-        if #held > MOST_HELD then
-            local noise = #held - MOST_HELD / 2
-            pieces[#pieces + 1] = { bytes = held:sub(1, noise), offset = held_at }
-            held = held:sub(noise + 1)
-            held_at = held_at + noise
-        end
+        return pieces
     end
-    if #held > 0 then pieces[#pieces + 1] = { bytes = held, offset = held_at } end
+    -- Gives up on what is held as bytes that decoded to nothing, and starts afresh.
+    function sp.flush()
+        local out = {}
+        if #sp.held > 0 then out[1] = { bytes = sp.held, offset = sp.held_at } end
+        sp.held_at = sp.held_at + #sp.held
+        sp.held = ""
+        decoders, frames = decoders_for(language, answers)
+        return out
+    end
+    return sp
+end
+
+-- The pieces of one run of bytes on its own.
+local function split(bytes, language, answers)
+    local sp = new_splitter(language, answers)
+    local pieces = sp.feed(bytes)
+    for _, p in ipairs(sp.flush()) do pieces[#pieces + 1] = p end
     return pieces
 end
 
@@ -579,10 +614,37 @@ function quellpad.dissector(tvb, pinfo, root)
     -- A listen line hears a keyboard's commands, and reads them as the controller's.
     local answers = side == 1
     local sent = side == 0
-    local pieces = split(bytes, language, answers)
+    local pieces, base = nil, 0
+    if language ~= nil then
+        -- The traffic monitor's rows: each a whole write or a whole reply.
+        pieces = split(bytes, language, answers)
+    else
+        local r = results[pinfo.number]
+        if r == nil then
+            local id = interface_id()
+            local key = (id and tostring(id.value) or "?") .. "/" .. side
+            local stream = streams[key]
+            if stream == nil then
+                stream = { sp = new_splitter(nil, answers), last = 0 }
+                streams[key] = stream
+            end
+            local now = pinfo.abs_ts
+            r = { pieces = {}, base = stream.sp.fed }
+            if #stream.sp.held > 0 and now - stream.last >= QUIET_SECONDS then
+                r.pieces = stream.sp.flush()
+            end
+            for _, p in ipairs(stream.sp.feed(bytes)) do r.pieces[#r.pieces + 1] = p end
+            stream.last = now
+            results[pinfo.number] = r
+        end
+        pieces, base = r.pieces, r.base
+    end
     local words = {}
     for _, piece in ipairs(pieces) do
-        local range = tvb(4 + piece.offset, #piece.bytes)
+        -- A piece begun in an earlier packet is shown over its part in this one.
+        local from = math.max(piece.offset - base, 0)
+        local to = math.min(piece.offset - base + #piece.bytes, #bytes)
+        local range = to > from and tvb(4 + from, to - from) or tvb(4)
         local text = meaning(port, sent, piece)
         words[#words + 1] = text
         local item = tree:add(f.meaning, range, text)
@@ -609,8 +671,9 @@ function quellpad.dissector(tvb, pinfo, root)
             if c.value and c.value ~= 0 then item:add(f.value, range, c.value) end
         end
     end
-    -- The rows of what the keyboard wrote are one per write, their pieces joined.
-    pinfo.cols.info = table.concat(words, "; ")
+    -- The rows of what the keyboard wrote are one per write, their pieces joined; a run
+    -- that ends nothing yet is the start of what follows.
+    pinfo.cols.info = #words > 0 and table.concat(words, "; ") or "…"
     return tvb:len()
 end
 

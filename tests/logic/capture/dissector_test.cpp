@@ -2,6 +2,7 @@
 // rows of the same bytes: frame by frame the same words, no frame left to another
 // dissector. The sessions sweep the byte space of each language rather than a list of
 // commands, so that a command either side has and the other lacks shows up.
+#include "capture/capture_writer.h"
 #include "capture/traffic_capture.h"
 #include "site/site.h"
 #include "traffic/traffic_recorder.h"
@@ -137,6 +138,58 @@ TEST(Dissector, TsharkReadsEachModesSessionInTheTrafficMonitorsWords) {
                               << "\", monitor \"" << rows[i].meaning.toStdString() << "\"";
             }
         }
+    }
+}
+
+TEST(Dissector, TsharkReadsTheSitesRecordOfALineAsAStreamAsTheMonitorReadsAPort) {
+    const QString tshark = QStandardPaths::findExecutable(QStringLiteral("tshark"));
+    if (tshark.isEmpty()) {
+        GTEST_SKIP() << "tshark is not installed";
+    }
+    // Reads as a line delivers them: the answers in runs of two bytes, which no packet
+    // holds whole, and no language known.
+    QTemporaryDir dir;
+    const QString path = dir.filePath("site.pcapng");
+    traffic::TrafficRecorder recorder;
+    site::Site site;
+    QStringList monitor;
+    {
+        CaptureWriter writer(path, {{"COM 1", "/dev/pts/4", "2400,n,8,1"}});
+        std::int64_t at = 1'000'000;
+        const auto record = [&](Side side, const std::string& bytes) {
+            Packet packet;
+            packet.atUs = at += 1000;
+            packet.side = side;
+            packet.inbound = side == Side::Controller;
+            packet.bytes = bytes;
+            writer.Write(packet);
+        };
+        const std::vector<std::string> writes = Session("D");
+        for (std::size_t i = 0; i < writes.size(); i += 7) {
+            record(Side::Controller, writes[i]);
+            recorder.Sent(1, "D", AsBytes(writes[i]));
+            const std::string answer = site.Hear(AsBytes(writes[i]));
+            for (std::size_t from = 0; from < answer.size(); from += 2) {
+                record(Side::Equipment, answer.substr(from, 2));
+                recorder.Received(1, "D", AsBytes(answer.substr(from, 2)));
+            }
+            for (const traffic::TrafficRow& row : recorder.Drain()) {
+                monitor << row.meaning.split(QStringLiteral("; "));
+            }
+        }
+        writer.Flush();
+    }
+    const auto decoded = Tshark(tshark, path);
+    ASSERT_TRUE(decoded);
+    QStringList words;
+    for (const QString& info : decoded->info) {
+        if (info != QStringLiteral("…")) {
+            words << info.split(QStringLiteral("; "));
+        }
+    }
+    ASSERT_EQ(words.size(), monitor.size());
+    for (qsizetype i = 0; i < words.size(); ++i) {
+        ASSERT_EQ(words[i], monitor[i]) << i;
     }
 }
 
