@@ -33,6 +33,85 @@
     </message>
 </context>
 <context>
+    <name>Capture</name>
+    <message>
+        <source>The capture &quot;%1&quot; cannot be written: %2.</source>
+        <translation>Der Mitschnitt &quot;%1&quot; kann nicht geschrieben werden: %2.</translation>
+    </message>
+    <message>
+        <source>The capture &quot;%1&quot; stopped: %2. It holds every whole block written before.</source>
+        <translation>Der Mitschnitt &quot;%1&quot; wurde angehalten: %2. Er enthält jeden ganzen Block, der vorher geschrieben wurde.</translation>
+    </message>
+    <message>
+        <source>The capture holds nothing a controller sent. %1</source>
+        <translation>Der Mitschnitt enthält nichts, was ein Steuergerät gesendet hat. %1</translation>
+    </message>
+    <message>
+        <source>This is no pcapng capture.</source>
+        <translation>Dies ist kein pcapng-Mitschnitt.</translation>
+    </message>
+    <message>
+        <source>This is no pcapng capture: %1</source>
+        <translation>Dies ist kein pcapng-Mitschnitt: %1</translation>
+    </message>
+    <message>
+        <source>The file ends inside a block at byte %1; it was read up to there.</source>
+        <translation>Die Datei endet mitten in einem Block bei Byte %1; sie wurde bis dorthin gelesen.</translation>
+    </message>
+    <message>
+        <source>The section at byte %1 has no byte-order mark.</source>
+        <translation>Der Abschnitt bei Byte %1 hat keine Byte-Reihenfolge-Marke.</translation>
+    </message>
+    <message>
+        <source>The block at byte %1 claims a length of %2 bytes, which no sound block has; the file was read up to there.</source>
+        <translation>Der Block bei Byte %1 gibt eine Länge von %2 Byte an, die kein gültiger Block hat; die Datei wurde bis dorthin gelesen.</translation>
+    </message>
+    <message>
+        <source>The block at byte %1 ends with another length than it starts with; the file was read up to there.</source>
+        <translation>Der Block bei Byte %1 endet mit einer anderen Länge, als er beginnt; die Datei wurde bis dorthin gelesen.</translation>
+    </message>
+    <message>
+        <source>The section header is too short.</source>
+        <translation>Der Abschnittskopf ist zu kurz.</translation>
+    </message>
+    <message>
+        <source>The section is of pcapng version %1, which is not read here.</source>
+        <translation>Der Abschnitt hat die pcapng-Version %1, die hier nicht gelesen wird.</translation>
+    </message>
+    <message>
+        <source>The file describes more than %1 lines.</source>
+        <translation>Die Datei beschreibt mehr als %1 Leitungen.</translation>
+    </message>
+    <message>
+        <source>An interface block at byte %1 is too short.</source>
+        <translation>Ein Schnittstellenblock bei Byte %1 ist zu kurz.</translation>
+    </message>
+    <message>
+        <source>An interface has a time resolution that makes no sense.</source>
+        <translation>Eine Schnittstelle hat eine unsinnige Zeitauflösung.</translation>
+    </message>
+    <message>
+        <source>A packet block is too short.</source>
+        <translation>Ein Paketblock ist zu kurz.</translation>
+    </message>
+    <message>
+        <source>A packet block claims more bytes than it holds.</source>
+        <translation>Ein Paketblock gibt mehr Byte an, als er enthält.</translation>
+    </message>
+    <message>
+        <source>%1 blocks of kinds not read here were stepped over.</source>
+        <translation>%1 Blöcke einer hier nicht gelesenen Art wurden übersprungen.</translation>
+    </message>
+    <message>
+        <source>%1 packets of lines the file does not describe, or not recorded by Quellpad, were skipped.</source>
+        <translation>%1 Pakete von Leitungen, die die Datei nicht beschreibt oder die nicht Quellpad aufgezeichnet hat, wurden übersprungen.</translation>
+    </message>
+    <message>
+        <source>%1 packets are timed before the packet before them on their line.</source>
+        <translation>%1 Pakete liegen zeitlich vor dem Paket vor ihnen auf ihrer Leitung.</translation>
+    </message>
+</context>
+<context>
     <name>CommandLine</name>
     <message>
         <source>Control keyboard for CCTV cameras, switchers and multiplexers.</source>
@@ -713,6 +792,10 @@ kleiner als 65000 sein.</translation>
         <source>Text files (*.txt);;CSV files (*.csv)</source>
         <translation>Textdateien (*.txt);;CSV-Dateien (*.csv)</translation>
     </message>
+    <message>
+        <source>;;pcapng captures (*.pcapng)</source>
+        <translation>;;pcapng-Mitschnitte (*.pcapng)</translation>
+    </message>
 </context>
 <context>
     <name>FrmTypeCmnds</name>
@@ -1318,6 +1401,69 @@ Die Antwort auf den Befehl erscheint unten.</translation>
     <message>
         <source>Serves Quellpad&apos;s simulated CCTV site (dome cameras in &quot;D&quot; and &quot;P&quot;, a switcher in &quot;ASCII&quot;, a multiplexer in &quot;MUX ASCII&quot;) to any controller on serial devices, a pseudo-terminal or TCP ports, all lines on the same equipment. Every event is one line of standard output; lines its reader has not taken yet wait in a backlog of %1 kB, and while that is full new lines are dropped whole and counted on standard error.</source>
         <translation>Bedient die simulierte CCTV-Anlage von Quellpad (Domekameras in „D“ und „P“, eine Kreuzschiene in „ASCII“, ein Multiplexer in „MUX ASCII“) für jede Steuerung über serielle Schnittstellen, ein Pseudo-Terminal oder TCP-Ports, alle Leitungen an denselben Geräten. Jedes Ereignis ist eine Zeile der Standardausgabe; Zeilen, die ihr Leser noch nicht abgenommen hat, warten in einem Rückstau von %1 kB, und solange dieser voll ist, werden neue Zeilen ganz verworfen und auf der Standardfehlerausgabe gezählt.</translation>
+    </message>
+    <message>
+        <source>Record every served line to this pcapng capture, which Wireshark opens with Quellpad&apos;s dissector: each line an interface, every run of bytes a packet.</source>
+        <translation>Jede bediente Leitung in diesen pcapng-Mitschnitt aufzeichnen, den Wireshark mit Quellpads Dissector öffnet: jede Leitung eine Schnittstelle, jede Bytefolge ein Paket.</translation>
+    </message>
+    <message>
+        <source>Go on in a new file (file-2.pcapng, file-3.pcapng, ...) each time the capture holds this many megabytes.</source>
+        <translation>In einer neuen Datei weitermachen (file-2.pcapng, file-3.pcapng, ...), sobald der Mitschnitt so viele Megabyte enthält.</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is not a number of megabytes for --record to rotate at.</source>
+        <translation>&apos;%1&apos; ist keine Zahl von Megabyte, bei der --record eine neue Datei beginnt.</translation>
+    </message>
+    <message>
+        <source>Play what the controller sent on the first line of this capture into the site, with its recorded timing, and end when done unless other lines are served.</source>
+        <translation>Abspielen, was das Steuergerät auf der ersten Leitung dieses Mitschnitts gesendet hat, in die Anlage, mit dem aufgezeichneten Zeitverlauf, und danach enden, außer es werden weitere Leitungen bedient.</translation>
+    </message>
+    <message>
+        <source>With --replay, play it onto this line instead: a serial device, a pseudo-terminal, tcp://host:port or rfc2217://host:port, at the capture&apos;s line settings or those of --line.</source>
+        <translation>Mit --replay stattdessen auf diese Leitung abspielen: ein serielles Gerät, ein Pseudo-Terminal, tcp://host:port oder rfc2217://host:port, mit den Leitungseinstellungen des Mitschnitts oder denen von --line.</translation>
+    </message>
+    <message>
+        <source>Replay at other line settings than the capture was recorded at.</source>
+        <translation>Mit anderen Leitungseinstellungen abspielen, als der Mitschnitt aufgezeichnet wurde.</translation>
+    </message>
+    <message>
+        <source>--replay-to needs a capture: --replay file.</source>
+        <translation>--replay-to braucht einen Mitschnitt: --replay file.</translation>
+    </message>
+    <message>
+        <source>Print where each camera of this capture pointed over time, as CSV (address, time, pan, tilt, zoom, whether a position answer said so), and exit.</source>
+        <translation>Ausgeben, wohin jede Kamera dieses Mitschnitts im Lauf der Zeit zeigte, als CSV (Adresse, Zeit, Schwenk, Neigung, Zoom, ob eine Positionsantwort es sagte), und beenden.</translation>
+    </message>
+    <message>
+        <source>How the site&apos;s receivers turn a speed into degrees per second, for --timeline: &quot;square&quot; (a creep rising on a square law to 100 °/s, the default) or &quot;linear&quot;.</source>
+        <translation>Wie die Empfänger der Anlage eine Geschwindigkeit in Grad pro Sekunde umsetzen, für --timeline: &quot;square&quot; (ein Kriechen, quadratisch steigend bis 100 °/s, die Vorgabe) oder &quot;linear&quot;.</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is no speed curve of receivers (square or linear).</source>
+        <translation>&apos;%1&apos; ist keine Geschwindigkeitskurve von Empfängern (square oder linear).</translation>
+    </message>
+</context>
+<context>
+    <name>SiteReplay</name>
+    <message>
+        <source>The capture &quot;%1&quot; cannot be read: %2.</source>
+        <translation>Der Mitschnitt &quot;%1&quot; kann nicht gelesen werden: %2.</translation>
+    </message>
+    <message>
+        <source>The capture was recorded at %1 on %2, and the line to play it on is at %3; give --force to play it all the same.</source>
+        <translation>Der Mitschnitt wurde mit %1 auf %2 aufgezeichnet, und die Leitung zum Abspielen steht auf %3; mit --force wird er trotzdem abgespielt.</translation>
+    </message>
+    <message>
+        <source>replay of %1</source>
+        <translation>Wiedergabe von %1</translation>
+    </message>
+    <message>
+        <source>replayed; gaps off by %1 µs at the 99th percentile</source>
+        <translation>abgespielt; Abstände im 99. Perzentil um %1 µs abweichend</translation>
+    </message>
+    <message>
+        <source>replaying</source>
+        <translation>Wiedergabe läuft</translation>
     </message>
 </context>
 <context>
@@ -2731,6 +2877,10 @@ VCR: %3</translation>
             <numerusform>%n Zeilen, %1 verworfen%2</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Ti&amp;meline...</source>
+        <translation>Zeit&amp;verlauf...</translation>
+    </message>
 </context>
 <context>
     <name>quellpad::traffic_window::ListenPanel</name>
@@ -2781,6 +2931,77 @@ VCR: %3</translation>
     <message>
         <source>none</source>
         <translation>keine</translation>
+    </message>
+</context>
+<context>
+    <name>quellpad::traffic_window::TimelineView</name>
+    <message>
+        <source>Camera Timeline</source>
+        <translation>Kamera-Zeitverlauf</translation>
+    </message>
+    <message>
+        <source>&amp;Receivers:</source>
+        <translation>&amp;Empfänger:</translation>
+    </message>
+    <message>
+        <source>Square law, 100 °/s at 64 (the simulated site&apos;s)</source>
+        <translation>Quadratisch, 100 °/s bei 64 (wie in der simulierten Anlage)</translation>
+    </message>
+    <message>
+        <source>Linear, 100 °/s at 64</source>
+        <translation>Linear, 100 °/s bei 64</translation>
+    </message>
+    <message>
+        <source>&amp;Save CSV...</source>
+        <translation>CSV &amp;speichern...</translation>
+    </message>
+    <message>
+        <source>Camera positions</source>
+        <translation>Kamerapositionen</translation>
+    </message>
+    <message>
+        <source>Camera</source>
+        <translation>Kamera</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Pan °</source>
+        <translation>Schwenk °</translation>
+    </message>
+    <message>
+        <source>Tilt °</source>
+        <translation>Neigung °</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>Zoom</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>Aus</translation>
+    </message>
+    <message>
+        <source>answer</source>
+        <translation>Antwort</translation>
+    </message>
+    <message>
+        <source>commands</source>
+        <translation>Befehlen</translation>
+    </message>
+    <message>
+        <source>Save Camera Timeline</source>
+        <translation>Kamera-Zeitverlauf speichern</translation>
+    </message>
+    <message>
+        <source>CSV files (*.csv)</source>
+        <translation>CSV-Dateien (*.csv)</translation>
+    </message>
+    <message>
+        <source>The camera timeline &quot;%1&quot; cannot be written: %2.</source>
+        <translation>Der Kamera-Zeitverlauf &quot;%1&quot; kann nicht geschrieben werden: %2.</translation>
     </message>
 </context>
 </TS>

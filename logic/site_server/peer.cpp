@@ -7,6 +7,7 @@
 
 #include <climits>
 
+#include "engine/line_tap.h"
 #include "protocol/decoders.h"
 #include "traffic/splitter.h"
 
@@ -61,12 +62,16 @@ QString RejectionsInWords(const Rejections& rejected) {
 Peer::Peer(ServedSite& site, QString name, QObject* parent)
     : QObject(parent), site_(site), name_(std::move(name)), controller_(site.Format()),
       pacer_(kDeliveryMs, kSendLimit) {
-    connect(&pacer_, &site::Pacer::Arrived, this, &Peer::Write);
+    connect(&pacer_, &site::Pacer::Arrived, this, [this](const QByteArray& bytes) {
+        site_.Record(name_, false, WireBytes(bytes));
+        emit Write(bytes);
+    });
 }
 
 Peer::~Peer() = default;
 
 void Peer::Hear(std::span<const std::uint8_t> bytes) {
+    site_.Record(name_, true, bytes);
     const site::LineFormat& equipment = site_.Format();
     const bool matched = controller_ == equipment;
     std::string heard(bytes.begin(), bytes.end());

@@ -7,6 +7,8 @@
 #include <QString>
 
 #include <cstdint>
+#include <functional>
+#include <span>
 #include <string>
 
 namespace quellpad::site_server {
@@ -45,11 +47,23 @@ public:
     void Tell(Event::Kind kind, const QString& line, const QString& meaning,
               const QByteArray& bytes = {});
 
+    // Told of every run of bytes a line carried: heard from a controller, or answered on
+    // its way out; nothing is told while none is set.
+    using Recorder =
+        std::function<void(const QString& line, bool heard, std::span<const std::uint8_t> bytes)>;
+    void SetRecorder(Recorder recorder) { recorder_ = std::move(recorder); }
+    void Record(const QString& line, bool heard, std::span<const std::uint8_t> bytes) {
+        if (recorder_) {
+            recorder_(line, heard, bytes);
+        }
+    }
+
 signals:
     void Told(const Event& event);
 
 private:
     site::SimulatedLine equipment_;
+    Recorder recorder_;
 };
 
 } // namespace quellpad::site_server

@@ -34,6 +34,10 @@ void AppendOrFail(PlainFileWriter& file, const QString& path, const QString& tex
 } // namespace
 
 FileFormat FormatFor(const QString& path, const QString& chosenFilter) {
+    if (path.endsWith(QLatin1String(".pcapng"), Qt::CaseInsensitive) ||
+        chosenFilter.contains(QLatin1String("(*.pcapng)"))) {
+        return FileFormat::Pcapng;
+    }
     return path.endsWith(QLatin1String(".csv"), Qt::CaseInsensitive) ||
                    chosenFilter.contains(QLatin1String("(*.csv)")) // in any language
                ? FileFormat::Csv

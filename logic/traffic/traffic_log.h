@@ -18,8 +18,9 @@ public:
     using QuellpadError::QuellpadError;
 };
 
-enum class FileFormat { Text, Csv };
-// CSV for a name ending in ".csv" or when the CSV filter was chosen, otherwise text.
+enum class FileFormat { Text, Csv, Pcapng };
+// CSV for a name ending in ".csv" or when the CSV filter was chosen, a pcapng capture for
+// ".pcapng" or its filter, otherwise text.
 FileFormat FormatFor(const QString& path, const QString& chosenFilter = {});
 
 // Writes the rows to a new file (a header line, then a line per row), and `after`, when

@@ -43,17 +43,20 @@ void TrafficRecorder::Note(int portNumber, Way way, const QString& mode,
 }
 
 void TrafficRecorder::AddRow(std::int64_t ns, int port, Way way, QByteArray bytes, QString meaning,
+                             std::optional<protocol::Language> language,
                              std::vector<TrafficRow>& rows) {
     const std::int64_t us = (ns - steadyOriginNs_) / 1000;
     const std::int64_t since = lastRowUs_ < 0 || us < lastRowUs_ ? 0 : us - lastRowUs_;
     lastRowUs_ = us;
-    rows.push_back({wallOriginUs_ + us, since, port, way, std::move(bytes), std::move(meaning)});
+    rows.push_back(
+        {wallOriginUs_ + us, since, port, way, std::move(bytes), std::move(meaning), language});
 }
 
 void TrafficRecorder::AddReplies(std::int64_t ns, int port, std::vector<TrafficRow>& rows) {
     for (const Piece& piece : pieces_) {
         AddRow(ns, port, Way::Received, QByteArray::fromStdString(piece.bytes),
-               Meaning(port, Way::Received, piece), rows);
+               Meaning(port, Way::Received, piece),
+               received_[static_cast<std::size_t>(port - 1)].DecodedLanguage(), rows);
     }
     pieces_.clear();
 }
@@ -101,7 +104,7 @@ std::vector<TrafficRow> TrafficRecorder::Drain() {
             AddRow(noted.ns, port, Way::Sent,
                    QByteArray(reinterpret_cast<const char*>(bytes.data()),
                               static_cast<qsizetype>(bytes.size())),
-                   meanings.join(QStringLiteral("; ")), rows);
+                   meanings.join(QStringLiteral("; ")), language, rows);
         } else {
             Splitter& splitter = ReceivedSplitter(port, language);
             splitter.Feed(bytes, pieces_);

@@ -41,7 +41,7 @@ private:
     };
     void Note(int portNumber, Way way, const QString& mode, std::span<const std::uint8_t> bytes);
     void AddRow(std::int64_t ns, int port, Way way, QByteArray bytes, QString meaning,
-                std::vector<TrafficRow>& rows);
+                std::optional<protocol::Language> language, std::vector<TrafficRow>& rows);
     void AddReplies(std::int64_t ns, int port, std::vector<TrafficRow>& rows);
     Splitter& ReceivedSplitter(int port, std::optional<protocol::Language> language);
 

@@ -1,10 +1,13 @@
 #pragma once
 
+#include "protocol/commands.h"
+
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
 
 #include <cstdint>
+#include <optional>
 
 namespace quellpad::traffic {
 
@@ -26,6 +29,8 @@ struct TrafficRow {
     QByteArray bytes;
     // In the operator's words: "COM 1 → camera 1: pan right 32".
     QString meaning;
+    // The language the port was set to when the bytes crossed it; none without a decoder.
+    std::optional<protocol::Language> language = std::nullopt;
 };
 
 // The columns of a row as the window, the saved files and the log show them.

@@ -1,8 +1,10 @@
 #include "quellpad-site/site_command_line.h"
+#include "quellpad-site/site_replay.h"
 #include "quellpad-site/standard_output.h"
 #include "site_server/served_lines.h"
 #include "site_window/frm_simulated_site.h"
 
+#include "capture/line_recorder.h"
 #include "engine/errors.h"
 #include "i18n/translations.h"
 
@@ -103,6 +105,8 @@ int main(int argc, char* argv[]) {
     case SiteCommandLine::Action::Refuse:
         std::fprintf(stderr, "quellpad-site: %s\n", qPrintable(line.error));
         return quellpad::site_app::kUsageStatus;
+    case SiteCommandLine::Action::Timeline:
+        return quellpad::site_app::PrintTimeline(line.timeline, line.linearReceivers);
     case SiteCommandLine::Action::Serve:
         break;
     }
@@ -121,7 +125,21 @@ int main(int argc, char* argv[]) {
                                       closing);
                      });
     std::vector<std::unique_ptr<quellpad::site_server::ServedLine>> lines;
+    std::unique_ptr<quellpad::capture::LineRecorder> recorder;
+    std::unique_ptr<quellpad::site_app::SiteReplay> replay;
     try {
+        if (!line.record.isEmpty()) {
+            recorder = std::make_unique<quellpad::capture::LineRecorder>(
+                line.record, quellpad::site::LineFormatText(site.Format()), line.rotateBytes);
+            QObject::connect(recorder.get(), &quellpad::capture::LineRecorder::Stopped, &site,
+                             [&site, &line](const QString& message) {
+                                 site.Tell(Event::Kind::Line, line.record, message);
+                             });
+            site.SetRecorder(
+                [&recorder](const QString& name, bool heard, std::span<const std::uint8_t> bytes) {
+                    recorder->Record(name, heard, bytes);
+                });
+        }
         if (line.pty) {
             lines.push_back(std::make_unique<quellpad::site_server::PtyLine>(site));
             // The path first and alone, for a test or a script to open.
@@ -134,6 +152,14 @@ int main(int argc, char* argv[]) {
             lines.push_back(std::make_unique<quellpad::site_server::TcpLine>(
                 site, listen.host, listen.port, line.maxClients));
         }
+        if (!line.replay.isEmpty()) {
+            replay = std::make_unique<quellpad::site_app::SiteReplay>(
+                site, line.replay, line.replayTo,
+                line.replayTo.isEmpty() || line.lineGiven
+                    ? quellpad::site::LineFormatText(site.Format())
+                    : QString(),
+                line.force);
+        }
     } catch (const quellpad::QuellpadError& error) {
         output.Finish(kClosingMs);
         std::fprintf(stderr, "quellpad-site: %s\n", qPrintable(error.Message()));
@@ -145,6 +171,15 @@ int main(int argc, char* argv[]) {
                       .arg(quellpad::site::LineFormatText(site.Format())));
     }
     QuitOnSignals(*app);
+    if (replay) {
+        // Alone, the program ends when the capture has been played; beside served lines,
+        // it goes on serving them.
+        if (lines.empty()) {
+            QObject::connect(replay.get(), &quellpad::site_app::SiteReplay::Finished, app.get(),
+                             &QCoreApplication::quit, Qt::QueuedConnection);
+        }
+        QTimer::singleShot(0, replay.get(), &quellpad::site_app::SiteReplay::Start);
+    }
     std::unique_ptr<QWidget> view;
     if (line.view) {
         view.reset(MakeView(site.Equipment()));
@@ -159,6 +194,9 @@ int main(int argc, char* argv[]) {
                       .arg(quellpad::site_server::RejectionsInWords(served->Rejected())));
     }
     lines.clear();
+    replay.reset();
+    site.SetRecorder({});
+    recorder.reset();
     // Whatever the reader takes within half a second; the program ends within a second
     // whatever the load.
     output.Finish(kClosingMs);

@@ -21,6 +21,13 @@ const QString kSwitcher = QStringLiteral("switcher");
 const QString kMux = QStringLiteral("mux");
 const QString kJson = QStringLiteral("json");
 const QString kView = QStringLiteral("view");
+const QString kRecord = QStringLiteral("record");
+const QString kRotate = QStringLiteral("rotate");
+const QString kReplay = QStringLiteral("replay");
+const QString kReplayTo = QStringLiteral("replay-to");
+const QString kForce = QStringLiteral("force");
+const QString kTimeline = QStringLiteral("timeline");
+const QString kReceivers = QStringLiteral("receivers");
 
 void Describe(QCommandLineParser& parser) {
     parser.setApplicationDescription(
@@ -78,6 +85,53 @@ void Describe(QCommandLineParser& parser) {
     parser.addOption(
         {kJson, QCoreApplication::translate("SiteCommandLine",
                                             "Print every event as one JSON object per line.")});
+    parser.addOption(
+        {kRecord,
+         QCoreApplication::translate(
+             "SiteCommandLine",
+             "Record every served line to this pcapng capture, which Wireshark opens with "
+             "Quellpad's dissector: each line an interface, every run of bytes a packet."),
+         QStringLiteral("file")});
+    parser.addOption(
+        {kRotate,
+         QCoreApplication::translate("SiteCommandLine",
+                                     "Go on in a new file (file-2.pcapng, file-3.pcapng, ...) "
+                                     "each time the capture holds this many megabytes."),
+         QStringLiteral("megabytes")});
+    parser.addOption(
+        {kReplay,
+         QCoreApplication::translate(
+             "SiteCommandLine",
+             "Play what the controller sent on the first line of this capture into the site, "
+             "with its recorded timing, and end when done unless other lines are served."),
+         QStringLiteral("file")});
+    parser.addOption(
+        {kReplayTo,
+         QCoreApplication::translate(
+             "SiteCommandLine",
+             "With --replay, play it onto this line instead: a serial device, a "
+             "pseudo-terminal, tcp://host:port or rfc2217://host:port, at the capture's line "
+             "settings or those of --line."),
+         QStringLiteral("device")});
+    parser.addOption(
+        {kForce, QCoreApplication::translate(
+                     "SiteCommandLine",
+                     "Replay at other line settings than the capture was recorded at.")});
+    parser.addOption(
+        {kTimeline,
+         QCoreApplication::translate(
+             "SiteCommandLine",
+             "Print where each camera of this capture pointed over time, as CSV (address, "
+             "time, pan, tilt, zoom, whether a position answer said so), and exit."),
+         QStringLiteral("file")});
+    parser.addOption(
+        {kReceivers,
+         QCoreApplication::translate(
+             "SiteCommandLine",
+             "How the site's receivers turn a speed into degrees per second, for --timeline: "
+             "\"square\" (a creep rising on a square law to 100 °/s, the default) or "
+             "\"linear\"."),
+         QStringLiteral("curve")});
     parser.addOption({kView, QCoreApplication::translate("SiteCommandLine",
                                                          "Also open the Simulated Site window.")});
     parser.addPositionalArgument(
@@ -110,6 +164,21 @@ SiteCommandLine ParseSiteCommandLine(const QStringList& arguments) {
         line.action = SiteCommandLine::Action::ShowVersion;
         return line;
     }
+    if (parser.isSet(kReceivers)) {
+        const QString curve = parser.value(kReceivers);
+        if (curve != QStringLiteral("square") && curve != QStringLiteral("linear")) {
+            return refuse(
+                QCoreApplication::translate(
+                    "SiteCommandLine", "'%1' is no speed curve of receivers (square or linear).")
+                    .arg(curve));
+        }
+        line.linearReceivers = curve == QStringLiteral("linear");
+    }
+    if (parser.isSet(kTimeline)) {
+        line.action = SiteCommandLine::Action::Timeline;
+        line.timeline = parser.value(kTimeline);
+        return line;
+    }
     line.devices = parser.positionalArguments();
     line.pty = parser.isSet(kPty);
     for (const QString& text : parser.values(kListen)) {
@@ -132,7 +201,15 @@ SiteCommandLine ParseSiteCommandLine(const QStringList& arguments) {
                               .arg(kMostMaxClients));
         }
     }
-    if (line.devices.isEmpty() && !line.pty && line.listen.empty()) {
+    line.replay = parser.value(kReplay);
+    line.replayTo = parser.value(kReplayTo);
+    line.force = parser.isSet(kForce);
+    line.lineGiven = parser.isSet(kLine);
+    if (!line.replayTo.isEmpty() && line.replay.isEmpty()) {
+        return refuse(QCoreApplication::translate("SiteCommandLine",
+                                                  "--replay-to needs a capture: --replay file."));
+    }
+    if (line.devices.isEmpty() && !line.pty && line.listen.empty() && line.replay.isEmpty()) {
         return refuse(QCoreApplication::translate(
             "SiteCommandLine",
             "No line to serve on: name a device, --pty or --listen [host:]port."));
@@ -155,6 +232,18 @@ SiteCommandLine ParseSiteCommandLine(const QStringList& arguments) {
         }
         line.wiring.switcher = parser.isSet(kSwitcher);
         line.wiring.multiplexer = parser.isSet(kMux);
+    }
+    line.record = parser.value(kRecord);
+    if (parser.isSet(kRotate)) {
+        bool ok = false;
+        const int megabytes = parser.value(kRotate).toInt(&ok);
+        if (!ok || megabytes < 1 || line.record.isEmpty()) {
+            return refuse(QCoreApplication::translate(
+                              "SiteCommandLine",
+                              "'%1' is not a number of megabytes for --record to rotate at.")
+                              .arg(parser.value(kRotate)));
+        }
+        line.rotateBytes = std::int64_t{megabytes} * 1024 * 1024;
     }
     line.json = parser.isSet(kJson);
     line.view = parser.isSet(kView);

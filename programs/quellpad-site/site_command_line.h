@@ -14,7 +14,7 @@ namespace quellpad::site_app {
 // What quellpad-site's arguments ask for. Read before any line or window exists, so that
 // --help, --version and a mistyped option answer at once.
 struct SiteCommandLine {
-    enum class Action { Serve, ShowHelp, ShowVersion, Refuse };
+    enum class Action { Serve, ShowHelp, ShowVersion, Refuse, Timeline };
     Action action = Action::Serve;
     QString error; // why the arguments were refused, one line
     QStringList devices;
@@ -29,6 +29,20 @@ struct SiteCommandLine {
     site::LineFormat format;
     site::Site::Wiring wiring;
     bool json = false;
+    // A capture of every served line, started afresh; 0 or the size in bytes at which
+    // it goes on in a new file.
+    QString record;
+    std::int64_t rotateBytes = 0;
+    // A capture whose controller side is played into the site, or onto `replayTo`; line
+    // settings other than the capture's are refused unless forced.
+    QString replay;
+    QString replayTo;
+    bool force = false;
+    bool lineGiven = false;
+    // A capture whose cameras' pan, tilt and zoom over time are printed as CSV, and
+    // whether its receivers are taken for linear ones rather than the square law.
+    QString timeline;
+    bool linearReceivers = false;
     bool view = false;
 };
 

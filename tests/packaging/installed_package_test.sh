@@ -54,6 +54,8 @@ grep -q $'^D\r$' "$settings" || fail "Settings.dat holds no mode: $(cat -A "$set
 # Network lines load their module on first use, from the architecture's private folder.
 [ -s "$root/usr/lib/x86_64-linux-gnu/quellpad/quellpad_netline_module.so" ] ||
     fail "no network module in /usr/lib/x86_64-linux-gnu/quellpad"
+[ -s "$root/usr/lib/x86_64-linux-gnu/wireshark/plugins/quellpad.lua" ] ||
+    fail "no dissector in Wireshark's Lua plugin folder"
 dpkg-deb -f "$deb" Depends | grep -q libqt6network6 ||
     fail "the package does not depend on the network library its module needs"
 

@@ -24,8 +24,10 @@ for name in "${sections[@]}"; do
     grep -qx "$name" <<<"$text" || fail "no section $name"
 done
 
+# Read once: grep -q leaves a long section's writer to a closed pipe, which pipefail reports.
+options=$(section OPTIONS)
 while read -r option; do
-    section OPTIONS | grep -q -- "$option" || fail "OPTIONS does not describe $option"
+    grep -q -- "$option" <<<"$options" || fail "OPTIONS does not describe $option"
 done < <("$program" --help | grep -oE -- '--[a-z0-9-]+' | sort -u)
 while read -r variable; do
     section ENVIRONMENT | grep -q -- "$variable" || fail "ENVIRONMENT does not name $variable"

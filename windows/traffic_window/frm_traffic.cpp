@@ -1,5 +1,6 @@
 #include "frm_traffic.h"
 
+#include "capture/traffic_capture.h"
 #include "ui/controls.h"
 #include "ui/window_memory.h"
 
@@ -30,6 +31,11 @@ namespace {
 
 QString FileFilters() {
     return QCoreApplication::translate("FrmTraffic", "Text files (*.txt);;CSV files (*.csv)");
+}
+// A saved file may also be a capture, which Wireshark opens.
+QString SaveFilters() {
+    return FileFilters() +
+           QCoreApplication::translate("FrmTraffic", ";;pcapng captures (*.pcapng)");
 }
 // What the window remembers, under this group of the user's configuration.
 const QString kMemoryKey = QStringLiteral("Traffic");
@@ -87,6 +93,13 @@ FrmTraffic::FrmTraffic(Quellpad_Support_Func& keyboard, QWidget* parent)
     QPushButton* save = ui::MakeButton(this, "SaveButton", tr("Sa&ve..."));
     connect(save, &QPushButton::clicked, this,
             [this] { boundary_.Run("SaveButton_Click", [&] { SaveButton_Click(); }); });
+    QPushButton* timeline = ui::MakeButton(this, "TimelineButton", tr("Ti&meline..."));
+    connect(timeline, &QPushButton::clicked, this, [this] {
+        if (Timeline == nullptr) {
+            Timeline = new TimelineView(this);
+        }
+        Timeline->Show(filter_.ShownRows());
+    });
     LogToFileButton = ui::MakeButton(this, "LogToFileButton", tr("&Log to file..."));
     LogToFileButton->setCheckable(true);
     connect(LogToFileButton, &QPushButton::clicked, this,
@@ -94,7 +107,7 @@ FrmTraffic::FrmTraffic(Quellpad_Support_Func& keyboard, QWidget* parent)
     // The buttons on a line of their own below the filters, so that the window can be made
     // as narrow as a small screen at a large scale.
     auto* actions = new QHBoxLayout;
-    for (QPushButton* button : {PauseButton, clear, copy, save, LogToFileButton}) {
+    for (QPushButton* button : {PauseButton, clear, copy, save, timeline, LogToFileButton}) {
         button->setAutoDefault(false);
         actions->addWidget(button);
     }
@@ -229,10 +242,18 @@ void FrmTraffic::LogToFileButton_Click() {
 void FrmTraffic::SaveButton_Click() {
     QString chosen;
     const QString path = QFileDialog::getSaveFileName(
-        this, tr("Save Traffic"), ui::LastFolder(kMemoryKey), FileFilters(), &chosen);
+        this, tr("Save Traffic"), ui::LastFolder(kMemoryKey), SaveFilters(), &chosen);
     if (!path.isEmpty()) {
         ui::KeepLastFolder(kMemoryKey, path);
         const traffic::FileFormat format = traffic::FormatFor(path, chosen);
+        if (format == traffic::FileFormat::Pcapng) {
+            const QString settings = keyboard_.LineSettingsText();
+            capture::SaveCapture(path, filter_.ShownRows(),
+                                 {{1, keyboard_.Port(1).Device(), settings},
+                                  {2, keyboard_.Port(2).Device(), settings},
+                                  {traffic::kListenPort, Listen->Binding(), QString()}});
+            return;
+        }
         // What the listen line heard per address goes with the rows it explains.
         const auto& addresses = Listen->Addresses();
         traffic::SaveRows(

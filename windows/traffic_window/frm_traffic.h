@@ -1,6 +1,7 @@
 #pragma once
 
 #include "listen_panel.h"
+#include "timeline_view.h"
 #include "traffic_model.h"
 
 #include "engine/keyboard_state.h"
@@ -66,6 +67,7 @@ private:
     QCheckBox* Com2FilterCheckBox = nullptr;
     QCheckBox* ListenFilterCheckBox = nullptr;
     ListenPanel* Listen = nullptr;
+    TimelineView* Timeline = nullptr;
     QCheckBox* SentFilterCheckBox = nullptr;
     QCheckBox* ReceivedFilterCheckBox = nullptr;
     QPushButton* PauseButton = nullptr;

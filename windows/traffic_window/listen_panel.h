@@ -33,6 +33,8 @@ public:
     void Start(const QString& binding);
     void Stop();
     bool Listening() const { return line_ != nullptr; }
+    // The line last listened on, as the operator named it; empty before any.
+    const QString& Binding() const { return binding_; }
     QString Verdict() const;
     const bus::AddressTable& Addresses() const { return table_; }
     // Every byte fed to the panel, as the line hands them over; public for the tests'

@@ -195,6 +195,9 @@ TEST(TrafficFormat, TextAndCsvLinesHoldTheSevenColumns) {
     EXPECT_EQ(FormatFor(QStringLiteral("a"), QStringLiteral("Kommagetrennte Werte (*.csv)")),
               FileFormat::Csv);
     EXPECT_EQ(FormatFor(QStringLiteral("a.txt")), FileFormat::Text);
+    EXPECT_EQ(FormatFor(QStringLiteral("a.PCAPNG")), FileFormat::Pcapng);
+    EXPECT_EQ(FormatFor(QStringLiteral("a"), QStringLiteral("pcapng-Mitschnitte (*.pcapng)")),
+              FileFormat::Pcapng);
 }
 
 TEST(TrafficLog, EachBatchIsInTheFileBeforeTheLogIsClosed) {

@@ -1,6 +1,8 @@
 #include "fixtures.h"
 #include "ser2net.h"
 
+#include "capture/capture_reader.h"
+#include "capture/capture_writer.h"
 #include "netline/network_line.h"
 #include "protocol/frames.h"
 
@@ -230,7 +232,7 @@ TEST(SiteProgramTcp, PanPositionQueriesAreAnsweredToEveryClient) {
         }
         // Each client's frame in two halves, the halves of the clients interleaved: every
         // client has a wire of its own, so no frame cuts into another's.
-        const QByteArray query = QByteArray::fromHex("ff010051000052");
+        const QByteArray& query = kPanQuery;
         for (const qsizetype from : {0, 3}) {
             for (const auto& socket : sockets) {
                 socket->write(query.mid(from, from == 0 ? 3 : -1));
@@ -253,6 +255,139 @@ TEST(SiteProgramTcp, PanPositionQueriesAreAnsweredToEveryClient) {
         }
     }
     EXPECT_EQ(site.Count("answer", "camera 1 ← pan position"), 3);
+}
+
+// The packets of a capture as far as it reads, and the lines it describes.
+std::vector<capture::Packet> ReadCapture(const QString& path, QStringList& lines) {
+    std::vector<capture::Packet> packets;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly) || file.size() == 0) {
+        return packets;
+    }
+    capture::CaptureReader reader(file);
+    while (auto packet = reader.Next()) {
+        packets.push_back(*packet);
+    }
+    lines.clear();
+    for (const capture::Interface& line : reader.Interfaces()) {
+        lines << line.name;
+    }
+    return packets;
+}
+
+TEST(SiteProgramRecord, AKilledSiteLeavesACaptureOfWhatEachLineCarried) {
+    QTemporaryDir dir;
+    const QString path = dir.filePath("site.pcapng");
+    const quint16 port = FreeLoopbackPort();
+    SiteProgram site(
+        {"--listen", QStringLiteral("127.0.0.1:%1").arg(port), "--json", "--record", path});
+    ASSERT_TRUE(WaitUntil([&] { return LoopbackListening(port); }));
+    QTcpSocket socket;
+    socket.connectToHost(QHostAddress::LocalHost, port);
+    ASSERT_TRUE(socket.waitForConnected(2000));
+    socket.write(kPanQuery);
+    QByteArray answer;
+    ASSERT_TRUE(WaitUntil([&] {
+        answer += socket.readAll();
+        return answer.size() >= 7;
+    }));
+    QStringList lines;
+    // Flushed while it runs: no clean end is needed for the capture to read.
+    ASSERT_TRUE(WaitUntil([&] {
+        std::size_t bytes = 0;
+        for (const capture::Packet& packet : ReadCapture(path, lines)) {
+            bytes += packet.bytes.size();
+        }
+        return bytes >= static_cast<std::size_t>(kPanQuery.size() + answer.size());
+    }));
+    ::kill(static_cast<pid_t>(site.Process().processId()), SIGKILL);
+    site.Process().waitForFinished();
+    // The answer leaves at the line's pace, in as many runs as the pace cuts it into.
+    QByteArray heard;
+    QByteArray answered;
+    std::int64_t last = 0;
+    for (const capture::Packet& packet : ReadCapture(path, lines)) {
+        (packet.inbound ? heard : answered) += QByteArray::fromStdString(packet.bytes);
+        EXPECT_EQ(packet.side,
+                  packet.inbound ? capture::Side::Controller : capture::Side::Equipment);
+        EXPECT_GE(packet.atUs, last);
+        last = packet.atUs;
+    }
+    ASSERT_EQ(lines.size(), 1);
+    EXPECT_TRUE(lines[0].startsWith("tcp")) << lines[0].toStdString();
+    EXPECT_EQ(heard, kPanQuery);
+    EXPECT_EQ(answered, answer);
+}
+
+// A capture of COM 1 at `settings` in which the keyboard asked camera 1's pan position
+// twice, 150 ms apart, and the camera answered.
+QString FieldCapture(const QTemporaryDir& dir, const QString& settings) {
+    const QString path = dir.filePath(settings.left(4) + ".pcapng");
+    capture::CaptureWriter writer(path, {{"COM 1", "/dev/ttyUSB0", settings}});
+    for (const std::int64_t at : {1'000'000, 1'150'000}) {
+        capture::Packet packet;
+        packet.atUs = at;
+        packet.bytes = kPanQuery.toStdString();
+        writer.Write(packet);
+        packet.side = capture::Side::Equipment;
+        packet.inbound = true;
+        packet.bytes = protocol::BuildDReply(1, 0x59, 100);
+        writer.Write(packet);
+    }
+    writer.Flush();
+    return path;
+}
+
+TEST(SiteProgramReplay, ACaptureReplaysAtItsSettingsOnlyAndTellsWhereTheCameraPointed) {
+    QTemporaryDir dir;
+    const QString at2400 = FieldCapture(dir, "2400,n,8,1");
+    const QString at9600 = FieldCapture(dir, "9600,n,8,1");
+    {
+        // Into the site: the camera hears both queries, and the program ends by itself.
+        SiteProgram site({"--replay", at2400, "--json"});
+        ASSERT_TRUE(site.Process().waitForFinished(10'000));
+        site.Process().waitForReadyRead(100);
+        EXPECT_EQ(site.Process().exitCode(), 0);
+        EXPECT_EQ(site.Count("command", "camera 1: query pan"), 2)
+            << site.Lines().join('\n').toStdString();
+    }
+    {
+        // At other settings than the site's: refused, unless forced.
+        SiteProgram refused({"--replay", at9600});
+        ASSERT_TRUE(refused.Process().waitForFinished(10'000));
+        EXPECT_EQ(refused.Process().exitCode(), 1);
+        EXPECT_TRUE(refused.Process().readAllStandardError().contains("--force"));
+        SiteProgram forced({"--replay", at9600, "--force", "--json"});
+        ASSERT_TRUE(forced.Process().waitForFinished(10'000));
+        EXPECT_EQ(forced.Process().exitCode(), 0);
+    }
+    {
+        // Onto a line: the same bytes, with the recorded gap between them.
+        PseudoTerminal terminal;
+        SiteProgram site({"--replay", at9600, "--replay-to", terminal.SlavePath()});
+        const QByteArray first = terminal.Read(static_cast<int>(kPanQuery.size()), 5000);
+        QElapsedTimer gap;
+        gap.start();
+        // The line is at the capture's settings while it plays.
+        const QString settings = terminal.LineSettings();
+        const QByteArray second = terminal.Read(static_cast<int>(kPanQuery.size()), 5000);
+        const qint64 gapMs = gap.elapsed();
+        EXPECT_EQ(first, kPanQuery);
+        EXPECT_EQ(second, kPanQuery);
+        // Not at once: a replay that dropped the timing would send both together.
+        EXPECT_GT(gapMs, 50);
+        EXPECT_EQ(settings, "9600,n,8,1");
+    }
+    {
+        // Where the camera pointed, as CSV: each answer puts it at pan 1°.
+        SiteProgram timeline({"--timeline", at2400});
+        ASSERT_TRUE(timeline.Process().waitForFinished(10'000));
+        timeline.Process().waitForReadyRead(100);
+        EXPECT_EQ(timeline.Process().exitCode(), 0);
+        EXPECT_EQ(timeline.Lines().value(0), "address,time_s,pan,tilt,zoom,answered");
+        EXPECT_TRUE(timeline.Lines().contains("1,1.150000,1.00,-10.00,0.000,1"))
+            << timeline.Lines().join('\n').toStdString();
+    }
 }
 
 // A controller at other line settings than the equipment's gets garbage through, and

@@ -7,10 +7,12 @@
 #include <QAbstractButton>
 #include <QCheckBox>
 #include <QClipboard>
+#include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTableView>
+#include <QTableWidget>
 
 namespace quellpad::test {
 namespace {
@@ -76,6 +78,30 @@ TEST_F(TrafficWindow, IsMadeOnlyWhenFirstAskedForAndShowsACommandAndItsReply) {
 
     traffic->findChild<QPushButton*>("ClearButton")->click();
     EXPECT_EQ(traffic->Model().rowCount(), 0);
+}
+
+TEST_F(TrafficWindow, TheTimelineShowsWhereTheCameraPointedAtTheCurveChosen) {
+    Start("D");
+    FrmTraffic* traffic = Open();
+    ASSERT_NE(traffic, nullptr);
+    keyboard_->Command2 = 0x02;
+    keyboard_->Data1 = 64;
+    EXPECT_EQ(com1_.Read(7).size(), 7);
+    com1_.Write(QByteArray::fromStdString(protocol::BuildDReply(1, 0x59, 12345)));
+    ASSERT_TRUE(WaitUntil([&] { return Meanings(*traffic).size() >= 2; }));
+    traffic->findChild<QPushButton*>("TimelineButton")->click();
+    auto* view = traffic->findChild<QWidget*>("TimelineView");
+    ASSERT_NE(view, nullptr);
+    EXPECT_TRUE(view->isVisible());
+    auto* table = view->findChild<QTableWidget*>("TimelineTable");
+    // The pan command, then the answer that puts the camera where it said.
+    ASSERT_GE(table->rowCount(), 2);
+    EXPECT_EQ(table->item(0, 0)->text(), "1");
+    const int answer = table->rowCount() - 1;
+    EXPECT_EQ(table->item(answer, 2)->text(), "123.45");
+    EXPECT_EQ(table->item(answer, 5)->text(), "answer");
+    view->findChild<QComboBox*>("ReceiverCurveBox")->setCurrentIndex(1);
+    EXPECT_EQ(table->item(answer, 2)->text(), "123.45");
 }
 
 TEST_F(TrafficWindow, TypedBytesAreSeenAndLoggedWhilePausedAndShownAfter) {
