@@ -109,6 +109,7 @@ int main(int argc, char* argv[]) {
     quellpad::site_app::StandardOutput output(STDOUT_FILENO, STDERR_FILENO);
     bool closing = false;
     quellpad::site_server::ServedSite site(line.wiring, line.format);
+    site.SetFaults(line.faults);
     QObject::connect(&site, &quellpad::site_server::ServedSite::Told,
                      [&line, &output, &closing](const Event& event) {
                          if (output.Full() && !closing) {
@@ -126,6 +127,14 @@ int main(int argc, char* argv[]) {
             lines.push_back(std::make_unique<quellpad::site_server::PtyLine>(site));
             // The path first and alone, for a test or a script to open.
             output.Print(lines.back()->Name());
+        }
+        if (line.tapPty) {
+            lines.push_back(std::make_unique<quellpad::site_server::TapLine>(site));
+            output.Print(lines.back()->Name());
+        }
+        for (const SiteCommandLine::Listen& tap : line.tapTcp) {
+            lines.push_back(
+                std::make_unique<quellpad::site_server::TcpTapLine>(site, tap.host, tap.port));
         }
         for (const QString& device : line.devices) {
             lines.push_back(std::make_unique<quellpad::site_server::DeviceLine>(site, device));
