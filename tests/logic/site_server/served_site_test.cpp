@@ -466,5 +466,45 @@ TEST(ServedFaults, EachFaultReachesTheBusAsAWireCarriesIt) {
               std::string("\xff\x05\x00\x51", 4));
 }
 
+// A listener opens the tap as a serial port: at the bus's settings it hears the controller's
+// query and the camera's answer byte for byte, at others garbage; what it writes goes nowhere.
+TEST(ServedTap, AListenerHearsEveryByteOnTheBusAtItsOwnSettings) {
+    struct Case {
+        speed_t speed;
+        bool whole;
+    };
+    const Case cases[] = {{B9600, true}, {B2400, false}};
+    for (const Case& c : cases) {
+        ServedSite site({{5}, false, false}, {9600});
+        site_server::TapLine tap(site);
+        const int fd = ::open(tap.Name().toLocal8Bit().constData(), O_RDWR | O_NOCTTY | O_NONBLOCK);
+        ASSERT_GE(fd, 0);
+        termios settings{};
+        tcgetattr(fd, &settings);
+        cfmakeraw(&settings);
+        cfsetspeed(&settings, c.speed);
+        tcsetattr(fd, TCSANOW, &settings);
+        ASSERT_EQ(::write(fd, "\xff\x05\x00\x51\x00\x00\x56", 7), 7);
+        Peer peer(site, "line");
+        const std::string query = BuildDFrame(5, 0, 0x51, 0, 0);
+        peer.Hear(protocol::AsBytes(query));
+        QByteArray heard;
+        WaitUntil(
+            [&] {
+                char buffer[256];
+                const ssize_t got = ::read(fd, buffer, sizeof buffer);
+                heard += QByteArray(buffer, got > 0 ? static_cast<qsizetype>(got) : 0);
+                return !peer.Owing() && heard.size() >= 14;
+            },
+            500);
+        ::close(fd);
+        std::vector<protocol::Command> answers;
+        protocol::DReplyDecoder().Feed(protocol::AsBytes(heard.toStdString()), answers);
+        EXPECT_EQ(heard.startsWith(Bytes(query)), c.whole) << heard.toHex().toStdString();
+        EXPECT_EQ(answers.size(), c.whole ? 1u : 0u);
+        EXPECT_EQ(site.Equipment().Equipment().CameraLog(5).size(), 1u) << "only the query obeyed";
+    }
+}
+
 } // namespace
 } // namespace quellpad::test
