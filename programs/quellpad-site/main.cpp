@@ -1,3 +1,4 @@
+#include "quellpad-site/diagnose.h"
 #include "quellpad-site/site_command_line.h"
 #include "quellpad-site/standard_output.h"
 #include "site_server/served_lines.h"
@@ -105,6 +106,10 @@ int main(int argc, char* argv[]) {
         return quellpad::site_app::kUsageStatus;
     case SiteCommandLine::Action::Serve:
         break;
+    }
+    if (!line.diagnose.isEmpty()) {
+        QuitOnSignals(*app);
+        return quellpad::site_app::Diagnose(line.diagnose);
     }
     quellpad::site_app::StandardOutput output(STDOUT_FILENO, STDERR_FILENO);
     bool closing = false;
