@@ -90,7 +90,7 @@ void BusDiagnosis::CloseCommand() {
     }
     // What came after the command that was not a frame: a collided or mangled answer.
     const std::int64_t stray = Stray();
-    if (stray >= strayAtLast_ + 3) {
+    if (stray > strayAtLast_) {
         ++addresses_[static_cast<std::size_t>(lastAddress_)].garbled;
     }
 }
@@ -110,6 +110,8 @@ void BusDiagnosis::Command(const Heard& heard) {
         stoppedAfter_[index] = false;
         before_[index] = heard.command.bytes;
     }
+    // A receiver that never answers leaves no more than a few commands owed.
+    pending_[index] = std::min<std::uint8_t>(pending_[index] + 1, kMostPending);
     lastAddress_ = heard.command.address;
     lastAnswered_ = false;
     strayAtLast_ = Stray();
@@ -117,17 +119,23 @@ void BusDiagnosis::Command(const Heard& heard) {
 
 void BusDiagnosis::Answer(const Heard& heard) {
     const int as = heard.command.address;
-    ++addresses_[static_cast<std::size_t>(as)].answers;
+    const auto index = static_cast<std::size_t>(as);
+    ++addresses_[index].answers;
+    if (pending_[index] > 0) {
+        // An answer to a command of its own, late or not: a controller need not wait.
+        --pending_[index];
+        ++addresses_[index].answered;
+        lastAnswered_ = lastAnswered_ || as == lastAddress_;
+        return;
+    }
     if (lastAddress_ == 0 || lastAnswered_) {
         return;
     }
     Address& last = addresses_[static_cast<std::size_t>(lastAddress_)];
-    if (as == lastAddress_) {
-        ++last.answered;
-    } else {
-        ++last.otherAnswer;
-        last.otherAs = as;
-    }
+    ++last.otherAnswer;
+    last.otherAs = as;
+    std::uint8_t& owed = pending_[static_cast<std::size_t>(lastAddress_)];
+    owed = owed > 0 ? static_cast<std::uint8_t>(owed - 1) : owed;
     lastAnswered_ = true;
 }
 
@@ -180,6 +188,7 @@ BusVerdict BusDiagnosis::Judge() const {
     std::uint32_t bad = 0;
     int affected = 0;
     int commanded = 0;
+    bool judgedAll = true;
     bool d = false;
     QStringList answering;
     for (std::size_t i = 1; i < addresses_.size(); ++i) {
@@ -187,10 +196,17 @@ BusVerdict BusDiagnosis::Judge() const {
         commands += a.commands;
         answers += a.answers;
         answered += a.answered;
-        problems += a.garbled + a.badCommands;
-        bad += a.badCommands;
-        affected += (a.garbled + a.badCommands) > 0 ? 1 : 0;
+        // Garbage that happens to start like a frame names addresses nobody commands.
+        const std::uint32_t trouble = a.commands > 0 ? a.garbled + a.badCommands : 0;
+        problems += trouble;
+        bad += a.commands > 0 ? a.badCommands : 0;
+        affected += trouble > 0 ? 1 : 0;
         commanded += a.commands > 0 ? 1 : 0;
+        // Healthy only once every camera spoken to has been heard enough, each answering
+        // in D, and none stopped by someone else.
+        judgedAll = judgedAll && (a.commands == 0 || (a.commands >= kEnoughCommands &&
+                                                      (!a.d || a.answered * 4 >= a.commands * 3) &&
+                                                      a.resumed == 0 && !stoppedAfter_[i]));
         d = d || (a.d && a.commands > 0);
         if (a.answered > 0) {
             answering << QString::number(i);
@@ -204,7 +220,8 @@ BusVerdict BusDiagnosis::Judge() const {
             continue;
         }
         const auto n = static_cast<int>(i);
-        if (a.d && a.otherAnswer >= 3 && a.answered == 0) {
+        if (a.d && a.otherAnswer >= 3 && a.answered == 0 &&
+            addresses_[static_cast<std::size_t>(a.otherAs)].commands == 0) {
             return {BusFault::AnswerAddress,
                     Tr("Camera %1 is commanded %2 times and never answers as %1; answers as %3 "
                        "come back %4 times instead: the receiver is set to answer as %3. Check "
@@ -227,7 +244,7 @@ BusVerdict BusDiagnosis::Judge() const {
                         .arg(a.badCommands + a.garbled),
                     Share(a.resumed, 4)};
         }
-        const std::uint32_t others = problems - a.garbled - a.badCommands;
+        const std::uint32_t others = problems - (a.garbled + a.badCommands);
         const std::uint32_t otherCommands = commands - a.commands;
         if (a.d && a.garbled >= 3 && a.garbled * 5 >= a.commands * 3 &&
             others * 5 <= otherCommands) {
@@ -282,7 +299,7 @@ BusVerdict BusDiagnosis::Judge() const {
                     Share(commands, 4.0 * kEnoughCommands)};
         }
     }
-    if (commands >= 2 * kEnoughCommands && problems == 0 && (!d || answered * 4 >= commands * 3)) {
+    if (commands >= 2 * kEnoughCommands && problems == 0 && judgedAll) {
         return {BusFault::Healthy,
                 d ? Tr("Healthy: %1 commands to %2 cameras in D at %3, %4 of them answered, none "
                        "fails its check.")

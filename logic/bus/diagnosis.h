@@ -110,6 +110,9 @@ private:
     // The command before the last to each address, to see a stop cut in.
     std::array<std::string, 257> before_{};
     std::array<bool, 257> stoppedAfter_{};
+    // Commands to each address not answered yet.
+    static constexpr std::uint8_t kMostPending = 4;
+    std::array<std::uint8_t, 257> pending_{};
     BusVerdict verdict_;
 };
 
