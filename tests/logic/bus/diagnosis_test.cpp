@@ -6,6 +6,7 @@
 #include "site_server/served_lines.h"
 
 #include <fcntl.h>
+#include <random>
 #include <termios.h>
 #include <unistd.h>
 
@@ -83,6 +84,49 @@ TEST(BusDiagnosis, NamesEachFaultOfTheSiteFromItsListenTap) {
             << verdict.text.toStdString();
         EXPECT_TRUE(verdict.text.contains(c.evidence)) << verdict.text.toStdString();
         EXPECT_LE(listener.Diagnosis().FramesToVerdict(), 50u);
+    }
+}
+
+// Bad input: random bytes, frames split at every byte boundary, a line that goes quiet
+// and comes back, and long traffic never make the diagnosis claim a fault it has
+// no evidence for, nor lose a verdict it has.
+TEST(BusDiagnosis, ClaimsNothingWithoutEvidenceWhateverItHears) {
+    site::Site equipment({{3, 5, 17}, false, false});
+    std::string polls; // six minutes of polls at ten a second, each answered
+    for (int i = 0; i < 3600; ++i) {
+        const std::string query = bus::PollFrame(protocol::Language::D, (i % 3 == 0) ? 3 : 17);
+        polls += query + equipment.Hear(protocol::AsBytes(query));
+    }
+    std::mt19937 random(7);
+    std::string noise(100'000, '\0');
+    for (char& c : noise) {
+        c = static_cast<char>(random() % 4 == 0 ? 0xFF : random());
+    }
+    struct Case {
+        const char* name;
+        const std::string* bytes;
+        std::size_t split; // bytes per read; a quiet second between reads from the 1000th
+        BusFault verdict;
+    };
+    const Case cases[] = {
+        {"minutes, whole frames", &polls, 14, BusFault::Healthy},
+        {"minutes, a byte at a time", &polls, 1, BusFault::Healthy},
+        {"random bytes", &noise, 64, BusFault::Unreadable},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        bus::DiagnosingListener listener(false);
+        const auto all = protocol::AsBytes(*c.bytes);
+        for (std::size_t at = 0, reads = 0; at < all.size(); at += c.split, ++reads) {
+            listener.Feed(all.subspan(at, std::min(c.split, all.size() - at)));
+            if (reads % 1000 == 999) {
+                listener.Elapsed(bus::BusDiagnosis::kSilentSeconds * 2); // the tap vanished
+            }
+            const BusFault now = listener.Diagnosis().Current().fault;
+            ASSERT_TRUE(now == BusFault::Listening || now == c.verdict)
+                << bus::BusFaultName(now) << " after " << at << " bytes";
+        }
+        EXPECT_EQ(listener.Diagnosis().Current().fault, c.verdict);
     }
 }
 
