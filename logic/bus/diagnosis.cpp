@@ -9,10 +9,6 @@ namespace quellpad::bus {
 
 namespace {
 
-QString Tr(const char* text) {
-    return QCoreApplication::translate("BusDiagnosis", text);
-}
-
 bool IsStop(const protocol::Command& command) {
     return command.kind == protocol::Kind::Motion && command.motion.Still();
 }
@@ -140,21 +136,29 @@ void BusDiagnosis::Answer(const Heard& heard) {
 }
 
 BusVerdict BusDiagnosis::Judge() const {
-    const QString settings = settings_.isEmpty() ? Tr("the line's settings") : settings_;
+    const QString settings =
+        settings_.isEmpty() ? QCoreApplication::translate("BusDiagnosis", "the line's settings")
+                            : settings_;
     if (bytes_ == 0) {
         if (quiet_ >= kSilentSeconds) {
             return {BusFault::Silent,
-                    Tr("Nothing heard in %1 s: no controller's bytes reach the bus. Check that "
-                       "the controller's transmit and receive are not swapped (its TX to the "
-                       "converter's RX), that the converter is powered, and the tap's own wiring.")
+                    QCoreApplication::translate(
+                        "BusDiagnosis",
+                        "Nothing heard in %1 s: no controller's bytes reach the bus. Check that "
+                        "the controller's transmit and receive are not swapped (its TX to the "
+                        "converter's RX), that the converter is powered, and the tap's own wiring.")
                         .arg(static_cast<int>(quiet_)),
                     Share(quiet_, 2 * kSilentSeconds)};
         }
-        return {BusFault::Listening, Tr("Still listening: nothing heard yet."), 0};
+        return {BusFault::Listening,
+                QCoreApplication::translate("BusDiagnosis", "Still listening: nothing heard yet."),
+                0};
     }
     if (validBytes_ * 10 < bytes_ && searching_) {
         return {BusFault::Listening,
-                Tr("Still listening: nothing forms a frame at %1 yet; trying other settings.")
+                QCoreApplication::translate(
+                    "BusDiagnosis",
+                    "Still listening: nothing forms a frame at %1 yet; trying other settings.")
                     .arg(settings),
                 0};
     }
@@ -163,19 +167,23 @@ BusVerdict BusDiagnosis::Judge() const {
         // every two bursts, whatever the settings.
         if (bytes_ >= kUnreadableBytes && zeros_ * kInvertedShare >= bytes_) {
             return {BusFault::InvertedPolarity,
-                    Tr("%1 bytes heard and none forms a frame; %2 of them read as line breaks, "
-                       "as when the line rests at the wrong level: the two RS-485 wires are "
-                       "swapped. Swap A and B (+ and -) at the controller's end.")
+                    QCoreApplication::translate(
+                        "BusDiagnosis",
+                        "%1 bytes heard and none forms a frame; %2 of them read as line breaks, "
+                        "as when the line rests at the wrong level: the two RS-485 wires are "
+                        "swapped. Swap A and B (+ and -) at the controller's end.")
                         .arg(bytes_)
                         .arg(zeros_),
                     Share(static_cast<double>(bytes_), 2.0 * kUnreadableBytes)};
         }
         if (bytes_ >= 4 * kUnreadableBytes && (validBytes_ + textBytes_) * 10 < bytes_) {
             return {BusFault::Unreadable,
-                    Tr("%1 bytes heard and none forms a frame at %2: the line's settings or "
-                       "language are none a listener knows, or the line is too noisy to carry "
-                       "anything. Check baud rate, parity and protocol at both ends, then the "
-                       "cable.")
+                    QCoreApplication::translate(
+                        "BusDiagnosis",
+                        "%1 bytes heard and none forms a frame at %2: the line's settings or "
+                        "language are none a listener knows, or the line is too noisy to carry "
+                        "anything. Check baud rate, parity and protocol at both ends, then the "
+                        "cable.")
                         .arg(bytes_)
                         .arg(settings),
                     Share(static_cast<double>(bytes_), 8.0 * kUnreadableBytes)};
@@ -223,9 +231,11 @@ BusVerdict BusDiagnosis::Judge() const {
         if (a.d && a.otherAnswer >= 3 && a.answered == 0 &&
             addresses_[static_cast<std::size_t>(a.otherAs)].commands == 0) {
             return {BusFault::AnswerAddress,
-                    Tr("Camera %1 is commanded %2 times and never answers as %1; answers as %3 "
-                       "come back %4 times instead: the receiver is set to answer as %3. Check "
-                       "the address of the receiver behind camera %1.")
+                    QCoreApplication::translate(
+                        "BusDiagnosis",
+                        "Camera %1 is commanded %2 times and never answers as %1; answers as %3 "
+                        "come back %4 times instead: the receiver is set to answer as %3. Check "
+                        "the address of the receiver behind camera %1.")
                         .arg(n)
                         .arg(a.commands)
                         .arg(a.otherAs)
@@ -234,11 +244,13 @@ BusVerdict BusDiagnosis::Judge() const {
         }
         if (a.resumed >= 2) {
             return {BusFault::SecondController,
-                    Tr("Camera %1 is stopped %2 times right after it is commanded, and the same "
-                       "command resumes each time (%3 frames to it fail their check, as when two "
-                       "transmitters talk at once): a second controller drives camera %1. Find "
-                       "it (another keyboard, a recorder's PTZ port) and take it off the line or "
-                       "give it other cameras.")
+                    QCoreApplication::translate(
+                        "BusDiagnosis",
+                        "Camera %1 is stopped %2 times right after it is commanded, and the same "
+                        "command resumes each time (%3 frames to it fail their check, as when two "
+                        "transmitters talk at once): a second controller drives camera %1. Find "
+                        "it (another keyboard, a recorder's PTZ port) and take it off the line or "
+                        "give it other cameras.")
                         .arg(n)
                         .arg(a.resumed)
                         .arg(a.badCommands + a.garbled),
@@ -249,9 +261,11 @@ BusVerdict BusDiagnosis::Judge() const {
         if (a.d && a.garbled >= 3 && a.garbled * 5 >= a.commands * 3 &&
             others * 5 <= otherCommands) {
             return {BusFault::DuplicateAddress,
-                    Tr("Two receivers answer as camera %1: their answers collide (%2 of %3 "
-                       "answers fail their check) while the other cameras answer cleanly. Find "
-                       "the second receiver set to %1 and give it its own address.")
+                    QCoreApplication::translate(
+                        "BusDiagnosis",
+                        "Two receivers answer as camera %1: their answers collide (%2 of %3 "
+                        "answers fail their check) while the other cameras answer cleanly. Find "
+                        "the second receiver set to %1 and give it its own address.")
                         .arg(n)
                         .arg(a.garbled)
                         .arg(a.commands),
@@ -262,10 +276,12 @@ BusVerdict BusDiagnosis::Judge() const {
     if (problems >= 3 && commands >= 2 * kEnoughCommands && commands >= problems &&
         (affected >= 2 || commanded == 1)) {
         return {BusFault::Noise,
-                Tr("%1 of %2 frames fail their check, are cut short or are answered with "
-                   "garbage, spread over %3 addresses: the line is noisy. Check the termination "
-                   "(120 ohm at the two ends only), the cable's screen and ground, and runs "
-                   "beside mains.")
+                QCoreApplication::translate(
+                    "BusDiagnosis",
+                    "%1 of %2 frames fail their check, are cut short or are answered with "
+                    "garbage, spread over %3 addresses: the line is noisy. Check the termination "
+                    "(120 ohm at the two ends only), the cable's screen and ground, and runs "
+                    "beside mains.")
                     .arg(problems)
                     .arg(commands + bad)
                     .arg(affected),
@@ -277,10 +293,12 @@ BusVerdict BusDiagnosis::Judge() const {
             if (a.d && a.commands >= kEnoughCommands && a.answered == 0 && a.otherAnswer == 0 &&
                 answered >= 2) {
                 return {BusFault::Mute,
-                        Tr("Camera %1 is commanded %2 times at %3 in D and never answers; "
-                           "cameras %4 answer: camera %1 hears but does not answer. Check its "
-                           "answer wiring (a 4-wire receiver's transmit pair) and that its "
-                           "answers are switched on.")
+                        QCoreApplication::translate(
+                            "BusDiagnosis",
+                            "Camera %1 is commanded %2 times at %3 in D and never answers; "
+                            "cameras %4 answer: camera %1 hears but does not answer. Check its "
+                            "answer wiring (a 4-wire receiver's transmit pair) and that its "
+                            "answers are switched on.")
                             .arg(i)
                             .arg(a.commands)
                             .arg(settings, answering.join(QStringLiteral(", "))),
@@ -289,10 +307,12 @@ BusVerdict BusDiagnosis::Judge() const {
         }
         if (answers == 0 && commands >= 2 * kEnoughCommands) {
             return {BusFault::NoAnswers,
-                    Tr("%1 commands to %2 cameras at %3 in D and no camera answers: the "
-                       "keyboard's line settings (baud rate, parity) or protocol differ from "
-                       "the receivers'. Set them alike; with one camera on the line, it may "
-                       "instead hear but not answer.")
+                    QCoreApplication::translate(
+                        "BusDiagnosis",
+                        "%1 commands to %2 cameras at %3 in D and no camera answers: the "
+                        "keyboard's line settings (baud rate, parity) or protocol differ from "
+                        "the receivers'. Set them alike; with one camera on the line, it may "
+                        "instead hear but not answer.")
                         .arg(commands)
                         .arg(commanded)
                         .arg(settings),
@@ -301,22 +321,29 @@ BusVerdict BusDiagnosis::Judge() const {
     }
     if (commands >= 2 * kEnoughCommands && problems == 0 && judgedAll) {
         return {BusFault::Healthy,
-                d ? Tr("Healthy: %1 commands to %2 cameras in D at %3, %4 of them answered, none "
-                       "fails its check.")
+                d ? QCoreApplication::translate(
+                        "BusDiagnosis",
+                        "Healthy: %1 commands to %2 cameras in D at %3, %4 of them answered, none "
+                        "fails its check.")
                         .arg(commands)
                         .arg(commanded)
                         .arg(settings)
                         .arg(answered)
-                  : Tr("Healthy: %1 commands to %2 cameras in %3 at %4, none fails its check (P "
-                       "receivers do not answer, so one that hears nothing cannot be told from "
-                       "here).")
+                  : QCoreApplication::translate(
+                        "BusDiagnosis",
+                        "Healthy: %1 commands to %2 cameras in %3 at %4, none fails its check (P "
+                        "receivers do not answer, so one that hears nothing cannot be told from "
+                        "here).")
                         .arg(commands)
                         .arg(commanded)
                         .arg(language, settings),
                 Share(commands, 4.0 * kEnoughCommands)};
     }
     return {BusFault::Listening,
-            Tr("Still listening: %1 frames heard so far, not yet enough to say.").arg(frames_), 0};
+            QCoreApplication::translate(
+                "BusDiagnosis", "Still listening: %1 frames heard so far, not yet enough to say.")
+                .arg(frames_),
+            0};
 }
 
 BusVerdict BusDiagnosis::Current() const {
