@@ -20,6 +20,7 @@ double Share(double have, double need) {
 // Bytes that read as line breaks, beyond which an unreadable line is an inverted one.
 constexpr std::uint64_t kInvertedShare = 8; // one in eight
 constexpr std::uint64_t kUnreadableBytes = 64;
+constexpr std::uint64_t kJudgeEvery = 32;
 
 } // namespace
 
@@ -69,6 +70,11 @@ void BusDiagnosis::Feed(std::span<const std::uint8_t> bytes, const std::vector<H
         } else {
             Command(one);
         }
+    }
+    // Judged when something checked came, or now and then for a line of bytes alone: a
+    // flood fed a byte at a time costs little.
+    if (heard.empty() && bytes_ % kJudgeEvery != 0) {
+        return;
     }
     verdict_ = Judge();
     if (verdict_.fault != BusFault::Listening && framesToVerdict_ == 0) {
