@@ -25,6 +25,17 @@ std::optional<std::string> ScanQuery(protocol::Language language, int address) {
     return protocol::BuildDFrame(address, 0x00, protocol::code::kQueryPan, 0x00, 0x00);
 }
 
+std::string PollFrame(protocol::Language language, int address) {
+    const std::string query = *ScanQuery(protocol::Language::D, address);
+    if (language != protocol::Language::P) {
+        return query;
+    }
+    const auto byte = [&query](std::size_t i) {
+        return static_cast<std::uint8_t>(query[i]);
+    };
+    return protocol::BuildPFrame(address, byte(2), byte(3), byte(4), byte(5));
+}
+
 QString CannotScan(protocol::Language language) {
     switch (language) {
     case protocol::Language::D:

@@ -38,6 +38,9 @@ struct ScanResult {
 // nothing and the switcher's only answers follow commands that switch or step pictures,
 // so for those languages there is none.
 std::optional<std::string> ScanQuery(protocol::Language language, int address);
+// What a controller polling its receivers sends each in turn, in D or P: the scan's query,
+// which moves nothing; in P the same command bytes, which P receivers take without answer.
+std::string PollFrame(protocol::Language language, int address);
 // Why a language cannot be scanned, as the scanner window says it; empty for D.
 QString CannotScan(protocol::Language language);
 // How long one byte takes on the wire under 8 data bits, no parity and 1 stop bit.

@@ -121,12 +121,14 @@ void Quellpad_Support_Func::WriteToOpenPorts(std::span<const std::uint8_t> com1,
     // The tap hears of a frame once, whole, after its last byte; a write that fails part
     // way still shows what did leave.
     const auto tell = qScopeGuard([&] {
-        if (Tap != nullptr) [[unlikely]] {
-            if (written1 > 0) {
-                Tap->Sent(1, CurrentMode, com1.first(written1));
-            }
-            if (written2 > 0) {
-                Tap->Sent(2, CurrentMode, com2.first(written2));
+        for (LineTap* tap : {Tap, Watch}) {
+            if (tap != nullptr) [[unlikely]] {
+                if (written1 > 0) {
+                    tap->Sent(1, CurrentMode, com1.first(written1));
+                }
+                if (written2 > 0) {
+                    tap->Sent(2, CurrentMode, com2.first(written2));
+                }
             }
         }
     });
@@ -147,8 +149,10 @@ void Quellpad_Support_Func::WriteToOpenPorts(std::span<const std::uint8_t> com1,
 
 QByteArray Quellpad_Support_Func::TakeInput(int portNumber) {
     QByteArray bytes = Port(portNumber).Input();
-    if (Tap != nullptr && !bytes.isEmpty()) [[unlikely]] {
-        Tap->Received(portNumber, CurrentMode, WireBytes(bytes));
+    for (LineTap* tap : {Tap, Watch}) {
+        if (tap != nullptr && !bytes.isEmpty()) [[unlikely]] {
+            tap->Received(portNumber, CurrentMode, WireBytes(bytes));
+        }
     }
     return bytes;
 }

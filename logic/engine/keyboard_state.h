@@ -98,6 +98,8 @@ public:
     // Told of every byte that leaves or arrives through WriteToOpenPorts and TakeInput;
     // none until the operator first opens the traffic monitor.
     LineTap* Tap = nullptr;
+    // Told the same, all the time: what keeps an eye on queries that go unanswered.
+    LineTap* Watch = nullptr;
 
     // Bytes are written and read through WriteToOpenPorts and TakeInput, so that the tap
     // sees them all; the lines themselves are for opening, closing and settings.

@@ -112,6 +112,69 @@
     </message>
 </context>
 <context>
+    <name>BusDiagnosis</name>
+    <message>
+        <source>the line&apos;s settings</source>
+        <translation>die Einstellungen der Leitung</translation>
+    </message>
+    <message>
+        <source>Nothing heard in %1 s: no controller&apos;s bytes reach the bus. Check that the controller&apos;s transmit and receive are not swapped (its TX to the converter&apos;s RX), that the converter is powered, and the tap&apos;s own wiring.</source>
+        <translation>In %1 s nichts gehört: Keine Bytes eines Steuergeräts erreichen den Bus. Prüfen Sie, ob Senden und Empfangen des Steuergeräts vertauscht sind (sein TX an RX des Wandlers), ob der Wandler Strom hat, und die Verdrahtung des Abgriffs selbst.</translation>
+    </message>
+    <message>
+        <source>Still listening: nothing heard yet.</source>
+        <translation>Höre weiter mit: noch nichts gehört.</translation>
+    </message>
+    <message>
+        <source>Still listening: nothing forms a frame at %1 yet; trying other settings.</source>
+        <translation>Höre weiter mit: bei %1 ergibt sich noch kein Telegramm; andere Einstellungen werden versucht.</translation>
+    </message>
+    <message>
+        <source>%1 bytes heard and none forms a frame; %2 of them read as line breaks, as when the line rests at the wrong level: the two RS-485 wires are swapped. Swap A and B (+ and -) at the controller&apos;s end.</source>
+        <translation>%1 Bytes gehört, keines ergibt ein Telegramm; %2 davon lesen sich als Leitungsunterbrechung, wie wenn die Leitung auf dem falschen Pegel ruht: Die beiden RS-485-Adern sind vertauscht. Tauschen Sie A und B (+ und -) am Steuergerät.</translation>
+    </message>
+    <message>
+        <source>%1 bytes heard and none forms a frame at %2: the line&apos;s settings or language are none a listener knows, or the line is too noisy to carry anything. Check baud rate, parity and protocol at both ends, then the cable.</source>
+        <translation>%1 Bytes gehört, keines ergibt bei %2 ein Telegramm: Einstellungen oder Sprache der Leitung sind keinem Mithörer bekannt, oder die Leitung ist zu gestört, um etwas zu tragen. Prüfen Sie Baudrate, Parität und Protokoll an beiden Enden, dann das Kabel.</translation>
+    </message>
+    <message>
+        <source>Camera %1 is commanded %2 times and never answers as %1; answers as %3 come back %4 times instead: the receiver is set to answer as %3. Check the address of the receiver behind camera %1.</source>
+        <translation>Kamera %1 wird %2-mal angesprochen und antwortet nie als %1; stattdessen kommen %4 Antworten als %3: Der Empfänger ist auf Adresse %3 eingestellt. Prüfen Sie die Adresse des Empfängers hinter Kamera %1.</translation>
+    </message>
+    <message>
+        <source>Camera %1 is stopped %2 times right after it is commanded, and the same command resumes each time (%3 frames to it fail their check, as when two transmitters talk at once): a second controller drives camera %1. Find it (another keyboard, a recorder&apos;s PTZ port) and take it off the line or give it other cameras.</source>
+        <translation>Kamera %1 wird %2-mal gleich nach einem Befehl gestoppt, und derselbe Befehl setzt jedes Mal wieder ein (%3 Telegramme an sie fallen bei der Prüfung durch, wie wenn zwei Sender zugleich sprechen): Ein zweites Steuergerät steuert Kamera %1. Finden Sie es (eine andere Tastatur, der PTZ-Anschluss eines Rekorders) und nehmen Sie es von der Leitung oder geben Sie ihm andere Kameras.</translation>
+    </message>
+    <message>
+        <source>Two receivers answer as camera %1: their answers collide (%2 of %3 answers fail their check) while the other cameras answer cleanly. Find the second receiver set to %1 and give it its own address.</source>
+        <translation>Zwei Empfänger antworten als Kamera %1: Ihre Antworten überlagern sich (%2 von %3 Antworten fallen bei der Prüfung durch), während die anderen Kameras sauber antworten. Finden Sie den zweiten auf %1 eingestellten Empfänger und geben Sie ihm eine eigene Adresse.</translation>
+    </message>
+    <message>
+        <source>%1 of %2 frames fail their check, are cut short or are answered with garbage, spread over %3 addresses: the line is noisy. Check the termination (120 ohm at the two ends only), the cable&apos;s screen and ground, and runs beside mains.</source>
+        <translation>%1 von %2 Telegrammen fallen bei der Prüfung durch, brechen ab oder werden mit Unlesbarem beantwortet, verteilt über %3 Adressen: Die Leitung ist gestört. Prüfen Sie den Abschluss (120 Ohm nur an den beiden Enden), Schirm und Erdung des Kabels und Verlegung neben Netzleitungen.</translation>
+    </message>
+    <message>
+        <source>Camera %1 is commanded %2 times at %3 in D and never answers; cameras %4 answer: camera %1 hears but does not answer. Check its answer wiring (a 4-wire receiver&apos;s transmit pair) and that its answers are switched on.</source>
+        <translation>Kamera %1 wird %2-mal mit %3 in D angesprochen und antwortet nie; die Kameras %4 antworten: Kamera %1 hört, antwortet aber nicht. Prüfen Sie ihre Antwortverdrahtung (das Sendepaar eines 4-Draht-Empfängers) und ob ihre Antworten eingeschaltet sind.</translation>
+    </message>
+    <message>
+        <source>%1 commands to %2 cameras at %3 in D and no camera answers: the keyboard&apos;s line settings (baud rate, parity) or protocol differ from the receivers&apos;. Set them alike; with one camera on the line, it may instead hear but not answer.</source>
+        <translation>%1 Befehle an %2 Kameras mit %3 in D, und keine Kamera antwortet: Leitungseinstellungen (Baudrate, Parität) oder Protokoll der Tastatur weichen von denen der Empfänger ab. Stellen Sie sie gleich ein; mit nur einer Kamera an der Leitung kann sie stattdessen hören, aber nicht antworten.</translation>
+    </message>
+    <message>
+        <source>Healthy: %1 commands to %2 cameras in D at %3, %4 of them answered, none fails its check.</source>
+        <translation>Fehlerfrei: %1 Befehle an %2 Kameras in D mit %3, %4 davon beantwortet, keiner fällt bei der Prüfung durch.</translation>
+    </message>
+    <message>
+        <source>Healthy: %1 commands to %2 cameras in %3 at %4, none fails its check (P receivers do not answer, so one that hears nothing cannot be told from here).</source>
+        <translation>Fehlerfrei: %1 Befehle an %2 Kameras in %3 mit %4, keiner fällt bei der Prüfung durch (P-Empfänger antworten nicht, daher ist einer, der nichts hört, von hier aus nicht zu erkennen).</translation>
+    </message>
+    <message>
+        <source>Still listening: %1 frames heard so far, not yet enough to say.</source>
+        <translation>Höre weiter mit: bisher %1 Telegramme gehört, noch nicht genug für ein Urteil.</translation>
+    </message>
+</context>
+<context>
     <name>CommandLine</name>
     <message>
         <source>Control keyboard for CCTV cameras, switchers and multiplexers.</source>
@@ -1465,6 +1528,49 @@ Die Antwort auf den Befehl erscheint unten.</translation>
         <source>replaying</source>
         <translation>Wiedergabe läuft</translation>
     </message>
+    <message>
+        <source>Wire the site with a fault, as the bus carries it; may be given more than once. answer-address=A:B: the camera at A answers as B; duplicate-address=A: two cameras at A, their answers collide; mute=A: the camera at A obeys but never answers; swapped-txrx: the controllers&apos; bytes never reach the bus; inverted-polarity: the controllers&apos; two RS-485 wires are swapped; noise=SHARE: that share of bytes (up to 0.5) corrupted or lost; second-controller=A: another controller keeps stopping camera A and now and then talks over the first. Equipment at other line settings than a controller is --line.</source>
+        <translation>Die Anlage mit einem Fehler verdrahten, so wie der Bus ihn trägt; mehrfach möglich. answer-address=A:B: die Kamera an A antwortet als B; duplicate-address=A: zwei Kameras an A, ihre Antworten überlagern sich; mute=A: die Kamera an A gehorcht, antwortet aber nie; swapped-txrx: die Bytes der Steuergeräte erreichen den Bus nie; inverted-polarity: die beiden RS-485-Adern der Steuergeräte sind vertauscht; noise=ANTEIL: dieser Anteil der Bytes (bis 0.5) verfälscht oder verloren; second-controller=A: ein weiteres Steuergerät stoppt Kamera A immer wieder und spricht hin und wieder über das erste. Geräte mit anderen Leitungseinstellungen als ein Steuergerät: --line.</translation>
+    </message>
+    <message>
+        <source>fault</source>
+        <translation>fehler</translation>
+    </message>
+    <message>
+        <source>Seed of the noise and collisions of --fault, so that a run repeats (default 1).</source>
+        <translation>Startwert für Störungen und Überlagerungen von --fault, damit sich ein Lauf wiederholt (Vorgabe 1).</translation>
+    </message>
+    <message>
+        <source>Offer a listen tap carrying every byte on the bus, controllers&apos; and receivers&apos;, as a listener there hears it: pty (a new pseudo-terminal, heard at the settings its listener sets; its path is printed as a line of its own, after --pty&apos;s) or tcp:[host:]port (heard at the equipment&apos;s settings). Nothing written to a tap reaches the bus.</source>
+        <translation>Einen Abgriff zum Mithören anbieten, der jedes Byte auf dem Bus trägt, von Steuergeräten und Empfängern, so wie ein Mithörer dort es hört: pty (ein neues Pseudo-Terminal, gehört mit den Einstellungen, die sein Mithörer setzt; sein Pfad wird als eigene Zeile ausgegeben, nach dem von --pty) oder tcp:[host:]port (gehört mit den Einstellungen der Geräte). Nichts, was in einen Abgriff geschrieben wird, erreicht den Bus.</translation>
+    </message>
+    <message>
+        <source>Serve nothing: listen on this line (a serial device, tcp://host:port) without writing to it and print, as it changes, what is wrong on the bus and why.</source>
+        <translation>Nichts bereitstellen: auf dieser Leitung (eine serielle Schnittstelle, tcp://host:port) mithören, ohne auf sie zu schreiben, und bei jeder Änderung ausgeben, was auf dem Bus nicht stimmt und warum.</translation>
+    </message>
+    <message>
+        <source>line</source>
+        <translation>leitung</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is not a fault (such as %2).</source>
+        <translation>„%1“ ist kein Fehler (etwa %2).</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is not a seed.</source>
+        <translation>„%1“ ist kein Startwert.</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is not a tap (pty or tcp:[host:]port).</source>
+        <translation>„%1“ ist kein Abgriff (pty oder tcp:[host:]port).</translation>
+    </message>
+</context>
+<context>
+    <name>SiteDiagnose</name>
+    <message>
+        <source>%1  %2  sure %3 %  %4</source>
+        <translation>%1  %2  sicher %3 %  %4</translation>
+    </message>
 </context>
 <context>
     <name>SiteWords</name>
@@ -1624,6 +1730,13 @@ Die Antwort auf den Befehl erscheint unten.</translation>
     <message>
         <source>received</source>
         <translation>empfangen</translation>
+    </message>
+</context>
+<context>
+    <name>UnansweredQueries</name>
+    <message>
+        <source>COM %1: %2 queries running had no answer. Likely: the receiver&apos;s baud rate or parity differs from the port&apos;s, another protocol or address, transmit and receive swapped, or the two RS-485 wires swapped. Options &gt; Scan for Receivers finds who answers.</source>
+        <translation>COM %1: %2 Abfragen nacheinander ohne Antwort. Wahrscheinlich: Baudrate oder Parität des Empfängers weichen vom Anschluss ab, anderes Protokoll oder andere Adresse, Senden und Empfangen vertauscht oder die beiden RS-485-Adern vertauscht. Optionen &gt; Empfänger suchen findet, wer antwortet.</translation>
     </message>
 </context>
 <context>
@@ -2931,6 +3044,10 @@ VCR: %3</translation>
     <message>
         <source>none</source>
         <translation>keine</translation>
+    </message>
+    <message>
+        <source>%1 (sure: %2 %)</source>
+        <translation>%1 (sicher: %2 %)</translation>
     </message>
 </context>
 <context>

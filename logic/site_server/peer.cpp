@@ -62,38 +62,51 @@ QString RejectionsInWords(const Rejections& rejected) {
 Peer::Peer(ServedSite& site, QString name, QObject* parent)
     : QObject(parent), site_(site), name_(std::move(name)), controller_(site.Format()),
       pacer_(kDeliveryMs, kSendLimit) {
-    connect(&pacer_, &site::Pacer::Arrived, this, [this](const QByteArray& bytes) {
-        site_.Record(name_, false, WireBytes(bytes));
-        emit Write(bytes);
-    });
+    connect(&pacer_, &site::Pacer::Arrived, this, &Peer::Deliver);
 }
 
 Peer::~Peer() = default;
 
 void Peer::Hear(std::span<const std::uint8_t> bytes) {
     site_.Record(name_, true, bytes);
+    site::FaultyWire& wire = site_.Wire();
     const site::LineFormat& equipment = site_.Format();
-    const bool matched = controller_ == equipment;
-    std::string heard(bytes.begin(), bytes.end());
-    if (!matched) {
+    if (!wire.Reaches()) {
+        // Its transmit drives a wire nothing listens on.
+        rejected_.ignored += bytes.size();
+        TellRejected(false);
+        return;
+    }
+    const bool matched = controller_ == equipment && !wire.Inverted();
+    std::string heard = wire.Carry(
+        std::string_view(reinterpret_cast<const char*>(bytes.data()), bytes.size()), controller_);
+    site_.Carry(heard, controller_, wire.Inverted());
+    if (wire.Inverted()) {
+        heard = site::ReceivedAs(heard, controller_, equipment, true);
+    } else if (!matched) {
         for (char& c : heard) {
             c = static_cast<char>(
                 site::Garble(static_cast<std::uint8_t>(c), controller_, equipment));
         }
+    }
+    if (!matched) {
         rejected_.garbled += bytes.size();
     }
     const std::size_t badBefore = ear_.Rejected();
     obeyed_.clear();
-    std::string reply = site_.Equipment().HearFrom(ear_, protocol::AsBytes(heard), &obeyed_);
+    site_.Equipment().HearFrom(ear_, protocol::AsBytes(heard), &obeyed_);
     heard_ += bytes.size();
+    std::string reply;
     for (const site::Site::Obeyed& obeyed : obeyed_) {
         obeyedBytes_ += obeyed.command.bytes.size();
         site_.Tell(Event::Kind::Command, name_,
                    traffic::EquipmentMeaning(traffic::Way::Sent, obeyed.command),
                    QByteArray::fromStdString(obeyed.command.bytes));
-        if (!obeyed.reply.empty()) {
-            site_.Tell(Event::Kind::Answer, name_, AnswerMeaning(obeyed.command, obeyed.reply),
-                       QByteArray::fromStdString(obeyed.reply));
+        const std::string answer = wire.Answer(obeyed.command.address, obeyed.reply, equipment);
+        if (!answer.empty()) {
+            reply += answer;
+            site_.Tell(Event::Kind::Answer, name_, AnswerMeaning(obeyed.command, answer),
+                       QByteArray::fromStdString(answer));
         }
     }
     rejected_.badFrames += ear_.Rejected() - badBefore;
@@ -101,18 +114,31 @@ void Peer::Hear(std::span<const std::uint8_t> bytes) {
     const std::uint64_t unobeyed = heard_ > obeyedBytes_ ? heard_ - obeyedBytes_ : 0;
     rejected_.ignored = unobeyed > rejected_.garbled ? unobeyed - rejected_.garbled : 0;
     TellRejected(false);
+    reply = wire.Noisy(reply);
     if (reply.empty()) {
         return;
-    }
-    if (!matched) {
-        for (char& c : reply) {
-            c = static_cast<char>(
-                site::Garble(static_cast<std::uint8_t>(c), equipment, controller_));
-        }
     }
     if (!pacer_.Send(reply, site_.Format().BitsPerByte() / site_.Format().baud)) {
         Lost(reply.size());
     }
+}
+
+void Peer::Deliver(const QByteArray& bytes) {
+    // The receivers drive the bus at their own settings; the controller reads them at its.
+    const site::LineFormat& equipment = site_.Format();
+    site_.Carry(bytes.toStdString(), equipment, false);
+    QByteArray received = bytes;
+    if (site_.Wire().Inverted()) {
+        received = QByteArray::fromStdString(
+            site::ReceivedAs(bytes.toStdString(), equipment, controller_, true));
+    } else if (controller_ != equipment) {
+        for (char& c : received) {
+            c = static_cast<char>(
+                site::Garble(static_cast<std::uint8_t>(c), equipment, controller_));
+        }
+    }
+    site_.Record(name_, false, WireBytes(received));
+    emit Write(received);
 }
 
 void Peer::Forget() {

@@ -68,6 +68,9 @@ signals:
     void Write(const QByteArray& bytes);
 
 private:
+    // Answers whose last bit has left the receivers.
+    void Deliver(const QByteArray& bytes);
+
     ServedSite& site_;
     QString name_;
     site::LineFormat controller_;

@@ -33,6 +33,35 @@ QString SystemReason() {
     return QString::fromLocal8Bit(std::strerror(errno));
 }
 
+// A new pseudo-terminal, raw at the equipment's own settings, as a serial port a
+// controller opens and sets before it speaks; its path in `path`. Throws QuellpadError.
+int OpenTerminal(const site::LineFormat& format, QString& path) {
+    const int fd = posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
+    if (fd < 0 || grantpt(fd) != 0 || unlockpt(fd) != 0) {
+        const QString reason = SystemReason();
+        if (fd >= 0) {
+            ::close(fd);
+        }
+        CannotServe(QCoreApplication::translate("ServedSite", "a new pseudo-terminal"), reason);
+    }
+    path = QString::fromLocal8Bit(ptsname(fd));
+    termios settings{};
+    tcgetattr(fd, &settings);
+    cfmakeraw(&settings);
+    static constexpr struct {
+        int baud;
+        speed_t speed;
+    } kSpeeds[] = {{1200, B1200},   {2400, B2400},   {4800, B4800},   {9600, B9600},
+                   {19200, B19200}, {38400, B38400}, {57600, B57600}, {115200, B115200}};
+    for (const auto& known : kSpeeds) {
+        if (known.baud == format.baud) {
+            cfsetspeed(&settings, known.speed);
+        }
+    }
+    tcsetattr(fd, TCSANOW, &settings);
+    return fd;
+}
+
 } // namespace
 
 site::LineFormat TerminalFormat(int fd) {
@@ -75,31 +104,7 @@ site::LineFormat TerminalFormat(int fd) {
 }
 
 PtyLine::PtyLine(ServedSite& site, QObject* parent) : ServedLine(parent), site_(site) {
-    fd_ = posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
-    if (fd_ < 0 || grantpt(fd_) != 0 || unlockpt(fd_) != 0) {
-        const QString reason = SystemReason();
-        if (fd_ >= 0) {
-            ::close(fd_);
-        }
-        CannotServe(QCoreApplication::translate("ServedSite", "a new pseudo-terminal"), reason);
-    }
-    path_ = QString::fromLocal8Bit(ptsname(fd_));
-    // The terminal starts raw at the equipment's own settings, as a serial port a
-    // controller opens and sets before it speaks.
-    termios settings{};
-    tcgetattr(fd_, &settings);
-    cfmakeraw(&settings);
-    static constexpr struct {
-        int baud;
-        speed_t speed;
-    } kSpeeds[] = {{1200, B1200},   {2400, B2400},   {4800, B4800},   {9600, B9600},
-                   {19200, B19200}, {38400, B38400}, {57600, B57600}, {115200, B115200}};
-    for (const auto& known : kSpeeds) {
-        if (known.baud == site.Format().baud) {
-            cfsetspeed(&settings, known.speed);
-        }
-    }
-    tcsetattr(fd_, TCSANOW, &settings);
+    fd_ = OpenTerminal(site.Format(), path_);
     peer_ = std::make_unique<Peer>(site, path_);
     connect(peer_.get(), &Peer::Write, this, &PtyLine::Write);
     notifier_ = new QSocketNotifier(fd_, QSocketNotifier::Read, this);
@@ -460,6 +465,77 @@ bool ParseListenAddress(const QString& text, QHostAddress& host, quint16& port) 
     host = address;
     port = static_cast<quint16>(number);
     return true;
+}
+
+} // namespace quellpad::site_server
+
+namespace quellpad::site_server {
+
+TapLine::TapLine(ServedSite& site, QObject* parent) : ServedLine(parent), site_(site) {
+    fd_ = OpenTerminal(site.Format(), path_);
+    connect(&site, &ServedSite::OnWire, this, &TapLine::Carry);
+    // A listener never speaks on the bus: whatever it writes is read and dropped.
+    auto* notifier = new QSocketNotifier(fd_, QSocketNotifier::Read, this);
+    connect(notifier, &QSocketNotifier::activated, this, [this] {
+        std::uint8_t buffer[kReadChunk];
+        while (::read(fd_, buffer, sizeof buffer) > 0) {
+        }
+    });
+}
+
+TapLine::~TapLine() {
+    if (fd_ >= 0) {
+        ::close(fd_);
+    }
+}
+
+void TapLine::Carry(const QByteArray& bytes, const site::LineFormat& sentAt, bool inverted) {
+    site::LineFormat listener = TerminalFormat(fd_);
+    if (listener.baud <= 0) {
+        listener = site_.Format();
+    }
+    const std::string heard = site::ReceivedAs(bytes.toStdString(), sentAt, listener, inverted);
+    // A listener that does not read loses what the terminal cannot hold, as on a real tap.
+    [[maybe_unused]] const ssize_t put = ::write(fd_, heard.data(), heard.size());
+}
+
+TcpTapLine::TcpTapLine(ServedSite& site, const QHostAddress& host, quint16 port, QObject* parent)
+    : ServedLine(parent), site_(site) {
+    if (!server_.listen(host, port)) {
+        CannotServe(QStringLiteral("tcp %1:%2").arg(host.toString()).arg(port),
+                    server_.errorString());
+    }
+    connect(&server_, &QTcpServer::newConnection, this, [this] {
+        while (QTcpSocket* client = server_.nextPendingConnection()) {
+            client->setParent(this);
+            clients_.push_back(client);
+            connect(client, &QTcpSocket::readyRead, client, [client] { client->readAll(); });
+            connect(client, &QTcpSocket::disconnected, this, [this, client] {
+                std::erase(clients_, client);
+                client->deleteLater();
+            });
+        }
+    });
+    connect(&site, &ServedSite::OnWire, this, &TcpTapLine::Carry);
+}
+
+TcpTapLine::~TcpTapLine() = default;
+
+QString TcpTapLine::Name() const {
+    return QStringLiteral("tap tcp %1:%2")
+        .arg(server_.serverAddress().toString())
+        .arg(server_.serverPort());
+}
+
+void TcpTapLine::Carry(const QByteArray& bytes, const site::LineFormat& sentAt, bool inverted) {
+    // A TCP listener has no line settings: it hears the bus at the equipment's.
+    const QByteArray heard = QByteArray::fromStdString(
+        site::ReceivedAs(bytes.toStdString(), sentAt, site_.Format(), inverted));
+    for (QTcpSocket* client : clients_) {
+        if (client->bytesToWrite() < kSocketBuffer) {
+            client->write(heard);
+        }
+    }
 }
 
 } // namespace quellpad::site_server

@@ -8,6 +8,7 @@
 #include <QHostAddress>
 #include <QSocketNotifier>
 #include <QTcpServer>
+#include <QTcpSocket>
 #include <QTimer>
 
 #include <QElapsedTimer>
@@ -176,6 +177,44 @@ private:
     bool toldFull_ = false;
     Rejections gone_;
     std::vector<std::unique_ptr<TcpClient>> clients_;
+};
+
+// A listener's tap on the bus: a new pseudo-terminal carrying what every controller and
+// every receiver puts on the wire, as a UART at the terminal's settings (the listener's
+// own) receives it. Nothing written to it reaches the bus.
+class TapLine final : public ServedLine {
+    Q_OBJECT
+public:
+    explicit TapLine(ServedSite& site, QObject* parent = nullptr);
+    ~TapLine() override;
+    QString Name() const override { return path_; }
+    Rejections Rejected() const override { return {}; }
+
+private:
+    void Carry(const QByteArray& bytes, const site::LineFormat& sentAt, bool inverted);
+
+    ServedSite& site_;
+    int fd_ = -1;
+    QString path_;
+};
+
+// The same tap on a TCP port, heard at the equipment's settings, by any number of
+// listeners; a listener that does not read loses what does not fit its socket.
+class TcpTapLine final : public ServedLine {
+    Q_OBJECT
+public:
+    TcpTapLine(ServedSite& site, const QHostAddress& host, quint16 port, QObject* parent = nullptr);
+    ~TcpTapLine() override;
+    QString Name() const override;
+    Rejections Rejected() const override { return {}; }
+    quint16 Port() const { return server_.serverPort(); }
+
+private:
+    void Carry(const QByteArray& bytes, const site::LineFormat& sentAt, bool inverted);
+
+    ServedSite& site_;
+    QTcpServer server_;
+    std::vector<QTcpSocket*> clients_;
 };
 
 // "[HOST:]PORT" as --listen takes it; false when it is not one.

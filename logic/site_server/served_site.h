@@ -1,6 +1,7 @@
 #pragma once
 
 #include "site/simulated_line.h"
+#include "site/site_faults.h"
 
 #include <QByteArray>
 #include <QObject>
@@ -46,6 +47,16 @@ public:
     const site::LineFormat& Format() const { return equipment_.EquipmentFormat(); }
     void Tell(Event::Kind kind, const QString& line, const QString& meaning,
               const QByteArray& bytes = {});
+    // What is wrong with the site's wiring; none unless the installer asks for it.
+    void SetFaults(site::SiteFaults faults) { wire_ = site::FaultyWire(std::move(faults)); }
+    site::FaultyWire& Wire() { return wire_; }
+    // Bytes a controller or a receiver has just put on the bus, at the settings it drives
+    // them at; a listener on the bus hears them.
+    void Carry(const std::string& bytes, const site::LineFormat& sentAt, bool inverted) {
+        if (!bytes.empty()) {
+            emit OnWire(QByteArray::fromStdString(bytes), sentAt, inverted);
+        }
+    }
 
     // Told of every run of bytes a line carried: heard from a controller, or answered on
     // its way out; nothing is told while none is set.
@@ -60,10 +71,12 @@ public:
 
 signals:
     void Told(const Event& event);
+    void OnWire(const QByteArray& bytes, const site::LineFormat& sentAt, bool inverted);
 
 private:
     site::SimulatedLine equipment_;
     Recorder recorder_;
+    site::FaultyWire wire_;
 };
 
 } // namespace quellpad::site_server

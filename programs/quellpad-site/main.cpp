@@ -1,3 +1,4 @@
+#include "quellpad-site/diagnose.h"
 #include "quellpad-site/site_command_line.h"
 #include "quellpad-site/site_replay.h"
 #include "quellpad-site/standard_output.h"
@@ -110,9 +111,14 @@ int main(int argc, char* argv[]) {
     case SiteCommandLine::Action::Serve:
         break;
     }
+    if (!line.diagnose.isEmpty()) {
+        QuitOnSignals(*app);
+        return quellpad::site_app::Diagnose(line.diagnose);
+    }
     quellpad::site_app::StandardOutput output(STDOUT_FILENO, STDERR_FILENO);
     bool closing = false;
     quellpad::site_server::ServedSite site(line.wiring, line.format);
+    site.SetFaults(line.faults);
     QObject::connect(&site, &quellpad::site_server::ServedSite::Told,
                      [&line, &output, &closing](const Event& event) {
                          if (output.Full() && !closing) {
@@ -144,6 +150,14 @@ int main(int argc, char* argv[]) {
             lines.push_back(std::make_unique<quellpad::site_server::PtyLine>(site));
             // The path first and alone, for a test or a script to open.
             output.Print(lines.back()->Name());
+        }
+        if (line.tapPty) {
+            lines.push_back(std::make_unique<quellpad::site_server::TapLine>(site));
+            output.Print(lines.back()->Name());
+        }
+        for (const SiteCommandLine::Listen& tap : line.tapTcp) {
+            lines.push_back(
+                std::make_unique<quellpad::site_server::TcpTapLine>(site, tap.host, tap.port));
         }
         for (const QString& device : line.devices) {
             lines.push_back(std::make_unique<quellpad::site_server::DeviceLine>(site, device));

@@ -28,6 +28,10 @@ const QString kReplayTo = QStringLiteral("replay-to");
 const QString kForce = QStringLiteral("force");
 const QString kTimeline = QStringLiteral("timeline");
 const QString kReceivers = QStringLiteral("receivers");
+const QString kFault = QStringLiteral("fault");
+const QString kSeed = QStringLiteral("seed");
+const QString kTap = QStringLiteral("tap");
+const QString kDiagnose = QStringLiteral("diagnose");
 
 void Describe(QCommandLineParser& parser) {
     parser.setApplicationDescription(
@@ -134,6 +138,42 @@ void Describe(QCommandLineParser& parser) {
          QStringLiteral("curve")});
     parser.addOption({kView, QCoreApplication::translate("SiteCommandLine",
                                                          "Also open the Simulated Site window.")});
+    parser.addOption(
+        {kFault,
+         QCoreApplication::translate(
+             "SiteCommandLine",
+             "Wire the site with a fault, as the bus carries it; may be given more than once. "
+             "answer-address=A:B: the camera at A answers as B; duplicate-address=A: two "
+             "cameras at A, their answers collide; mute=A: the camera at A obeys but never "
+             "answers; swapped-txrx: the controllers' bytes never reach the bus; "
+             "inverted-polarity: the controllers' two RS-485 wires are swapped; noise=SHARE: "
+             "that share of bytes (up to 0.5) corrupted or lost; second-controller=A: another "
+             "controller keeps stopping camera A and now and then talks over the first. "
+             "Equipment at other line settings than a controller is --line."),
+         QCoreApplication::translate("SiteCommandLine", "fault")});
+    parser.addOption(
+        {kSeed,
+         QCoreApplication::translate("SiteCommandLine",
+                                     "Seed of the noise and collisions of --fault, so that a run "
+                                     "repeats (default 1)."),
+         QStringLiteral("number")});
+    parser.addOption(
+        {kTap,
+         QCoreApplication::translate(
+             "SiteCommandLine",
+             "Offer a listen tap carrying every byte on the bus, controllers' and receivers', "
+             "as a listener there hears it: pty (a new pseudo-terminal, heard at the settings "
+             "its listener sets; its path is printed as a line of its own, after --pty's) or "
+             "tcp:[host:]port (heard at the equipment's settings). Nothing written to a tap "
+             "reaches the bus."),
+         QStringLiteral("pty|tcp:[host:]port")});
+    parser.addOption(
+        {kDiagnose,
+         QCoreApplication::translate(
+             "SiteCommandLine",
+             "Serve nothing: listen on this line (a serial device, tcp://host:port) without "
+             "writing to it and print, as it changes, what is wrong on the bus and why."),
+         QCoreApplication::translate("SiteCommandLine", "line")});
     parser.addPositionalArgument(
         QStringLiteral("device"),
         QCoreApplication::translate("SiteCommandLine",
@@ -208,6 +248,40 @@ SiteCommandLine ParseSiteCommandLine(const QStringList& arguments) {
     if (!line.replayTo.isEmpty() && line.replay.isEmpty()) {
         return refuse(QCoreApplication::translate("SiteCommandLine",
                                                   "--replay-to needs a capture: --replay file."));
+    }
+    for (const QString& text : parser.values(kFault)) {
+        site::SiteFault fault;
+        if (!site::ParseSiteFault(text, fault)) {
+            return refuse(
+                QCoreApplication::translate("SiteCommandLine", "'%1' is not a fault (such as %2).")
+                    .arg(text, site::SiteFaultNames()));
+        }
+        line.faults.faults.push_back(fault);
+    }
+    if (parser.isSet(kSeed)) {
+        bool ok = false;
+        line.faults.seed = parser.value(kSeed).toUInt(&ok);
+        if (!ok) {
+            return refuse(QCoreApplication::translate("SiteCommandLine", "'%1' is not a seed.")
+                              .arg(parser.value(kSeed)));
+        }
+    }
+    for (const QString& text : parser.values(kTap)) {
+        SiteCommandLine::Listen listen;
+        if (text == QStringLiteral("pty")) {
+            line.tapPty = true;
+        } else if (text.startsWith(QStringLiteral("tcp:")) &&
+                   site_server::ParseListenAddress(text.mid(4), listen.host, listen.port)) {
+            line.tapTcp.push_back(listen);
+        } else {
+            return refuse(QCoreApplication::translate("SiteCommandLine",
+                                                      "'%1' is not a tap (pty or tcp:[host:]port).")
+                              .arg(text));
+        }
+    }
+    line.diagnose = parser.value(kDiagnose);
+    if (!line.diagnose.isEmpty()) {
+        return line;
     }
     if (line.devices.isEmpty() && !line.pty && line.listen.empty() && line.replay.isEmpty()) {
         return refuse(QCoreApplication::translate(

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "site/simulated_line.h"
+#include "site/site_faults.h"
 #include "site_server/served_lines.h"
 
 #include <QHostAddress>
@@ -44,6 +45,12 @@ struct SiteCommandLine {
     QString timeline;
     bool linearReceivers = false;
     bool view = false;
+    site::SiteFaults faults;
+    // Listen taps: a pseudo-terminal, TCP ports.
+    bool tapPty = false;
+    std::vector<Listen> tapTcp;
+    // A line to listen on and diagnose instead of serving a site.
+    QString diagnose;
 };
 
 // The exit status of arguments that cannot be used, as for any command-line program.

@@ -62,9 +62,12 @@ FrmMain::FrmMain(Quellpad_Support_Func& keyboard, QWidget* parent)
     replies_->ConnectAddresses();
     targets_->Connect(*menus_, CommandChangeTimer, lens_->LensSpeedList);
     new KeyPreview(this, [this](QChar character) { return Form_KeyPress(character); });
+    WatchUnansweredQueries();
 }
 
-FrmMain::~FrmMain() = default;
+FrmMain::~FrmMain() {
+    keyboard_.Watch = nullptr;
+}
 
 void FrmMain::ConnectHandlers() {
     auto on = [this](QAction* item, const char* entry, void (FrmMain::*handler)()) {
@@ -384,6 +387,13 @@ void FrmMain::Port_Back(int number, const QString& message) {
     // updates the port's failure box if that is still showing.
     boundary_.ReportRecovery(PortSubject(number), message);
     ShowNotice({message, {}});
+}
+
+void FrmMain::WatchUnansweredQueries() {
+    queryWatch_.tell = [this](const StatusNotice& notice) {
+        ShowNotice(notice);
+    };
+    keyboard_.Watch = &queryWatch_;
 }
 
 void FrmMain::ShowNotice(const StatusNotice& notice) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "bus/query_watch.h"
 #include "console/joystick.h"
 #include "engine/keyboard_state.h"
 #include "engine/port_control.h"
@@ -133,6 +134,9 @@ private:
     // A line of news beside the ports' bindings, announced to a screen reader; an empty
     // text takes it away.
     void ShowNotice(const StatusNotice& notice);
+    // Tells once in the status bar when D queries on a port go unanswered several times
+    // running, and what is likely wrong.
+    void WatchUnansweredQueries();
 
     Quellpad_Support_Func& keyboard_;
     // The "Simulated Site" window, once the operator has asked for it.
@@ -166,6 +170,7 @@ private:
     PortAlert portAlerts_[2];
     ui::StatusText* settingsPlace_ = nullptr;
     ui::StatusText* startNotice_ = nullptr; // the ports that did not open at start-up
+    bus::UnansweredQueries queryWatch_;
 
     // Timers.
     QTimer* CommandChangeTimer = nullptr;

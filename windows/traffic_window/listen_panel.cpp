@@ -58,6 +58,9 @@ ListenPanel::ListenPanel(std::function<void(const QByteArray&, const QString&)> 
     CopyAddressesButton->setAutoDefault(false);
     ListenVerdictLabel = ui::MakeLabel(this, "ListenVerdictLabel");
     ListenVerdictLabel->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    ListenDiagnosisLabel = ui::MakeLabel(this, "ListenDiagnosisLabel");
+    ListenDiagnosisLabel->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    ListenDiagnosisLabel->setWordWrap(true);
     AddressTableWidget = new QTableWidget(0, bus::kAddressColumns, this);
     AddressTableWidget->setObjectName(QStringLiteral("AddressTableWidget"));
     AddressTableWidget->setAccessibleName(tr("Addresses heard"));
@@ -76,7 +79,8 @@ ListenPanel::ListenPanel(std::function<void(const QByteArray&, const QString&)> 
     layout->addWidget(ListenButton, 0, 2);
     layout->addWidget(CopyAddressesButton, 0, 3);
     layout->addWidget(ListenVerdictLabel, 1, 0, 1, 4);
-    layout->addWidget(AddressTableWidget, 2, 0, 1, 4);
+    layout->addWidget(ListenDiagnosisLabel, 2, 0, 1, 4);
+    layout->addWidget(AddressTableWidget, 3, 0, 1, 4);
     layout->setColumnStretch(1, 1);
 
     connect(ListenButton, &QPushButton::clicked, this, [this](bool on) {
@@ -92,6 +96,11 @@ ListenPanel::ListenPanel(std::function<void(const QByteArray&, const QString&)> 
             bus::AddressText(table_.Sorted(bus::AddressColumn::Address, true)));
     });
     ListenVerdictLabel->setText(tr("Not listening."));
+    tick_.setInterval(1000);
+    connect(&tick_, &QTimer::timeout, this, [this] {
+        diagnosis_.Elapsed(tick_.interval() / 1000.0);
+        ShowAddresses();
+    });
 }
 
 ListenPanel::~ListenPanel() = default;
@@ -103,7 +112,11 @@ void ListenPanel::Start(const QString& binding) {
     table_.Clear();
     detector_ = std::make_unique<bus::Detector>();
     search_ = serialDevice_ ? std::make_unique<bus::SettingsSearch>() : nullptr;
+    diagnosis_ = bus::BusDiagnosis();
+    diagnosis_.SetSearching(search_ != nullptr);
+    diagnosis_.SetSettings(search_ ? QString::fromStdString(search_->Current()) : QString());
     Open();
+    tick_.start();
     ListenButton->setChecked(true);
     ShowAddresses();
 }
@@ -128,6 +141,7 @@ void ListenPanel::Open() {
 
 void ListenPanel::Stop() {
     line_.reset();
+    tick_.stop();
     ListenButton->setChecked(false);
     ShowAddresses();
 }
@@ -138,13 +152,12 @@ void ListenPanel::Hear(const QByteArray& bytes) {
         static_cast<std::size_t>(bytes.size()));
     scratch_.clear();
     bool reopen = false;
-    const bus::Detector* hearing = detector_.get();
-    if (search_) {
-        reopen = search_->Feed(span, scratch_);
-        hearing = &search_->Hearing();
-    } else if (detector_) {
-        detector_->Feed(span, scratch_);
+    // A byte at a time, so that the diagnosis knows what came between two frames; bytes
+    // after settings are given up on were heard at the old ones.
+    for (std::size_t i = 0; i < span.size() && !reopen; ++i) {
+        reopen = HearOne(span.subspan(i, 1));
     }
+    const bus::Detector* hearing = search_ ? &search_->Hearing() : detector_.get();
     const auto language = hearing ? hearing->Spoken() : std::nullopt;
     heard_(bytes, language ? ModeOf(*language) : QString());
     const QDateTime now = QDateTime::currentDateTime();
@@ -164,6 +177,29 @@ void ListenPanel::Hear(const QByteArray& bytes) {
         });
     }
     ShowAddresses();
+}
+
+bool ListenPanel::HearOne(std::span<const std::uint8_t> byte) {
+    oneScratch_.clear();
+    bool reopen = false;
+    if (search_) {
+        reopen = search_->Feed(byte, oneScratch_);
+    } else if (detector_) {
+        detector_->Feed(byte, oneScratch_);
+    }
+    scratch_.insert(scratch_.end(), oneScratch_.begin(), oneScratch_.end());
+    if (!reopen) {
+        diagnosis_.Feed(byte, oneScratch_);
+        return false;
+    }
+    // Frames heard at settings given up on say nothing of the bus; bytes that formed none
+    // at any settings add up to a line no settings cure.
+    if (diagnosis_.HeardFrames()) {
+        diagnosis_.Reset();
+    }
+    diagnosis_.SetSettings(QString::fromStdString(search_->Current()));
+    diagnosis_.SetSearching(!search_->AllGarbage());
+    return true;
 }
 
 QString ListenPanel::Verdict() const {
@@ -199,6 +235,14 @@ QString ListenPanel::Verdict() const {
 
 void ListenPanel::ShowAddresses() {
     ListenVerdictLabel->setText(Verdict());
+    const bus::BusVerdict diagnosis = diagnosis_.Current();
+    const QString text = line_ || detector_
+                             ? tr("%1 (sure: %2 %)")
+                                   .arg(diagnosis.text)
+                                   .arg(static_cast<int>(diagnosis.confidence * 100 + 0.5))
+                             : QString();
+    ListenDiagnosisLabel->setText(text);
+    ListenDiagnosisLabel->setAccessibleName(text);
     AddressTableWidget->setSortingEnabled(false);
     const auto rows = table_.Sorted(bus::AddressColumn::Address, true);
     AddressTableWidget->setRowCount(static_cast<int>(rows.size()));

@@ -2,9 +2,11 @@
 
 #include "bus/address_table.h"
 #include "bus/detector.h"
+#include "bus/diagnosis.h"
 #include "bus/listen_line.h"
 #include "ui/error_boundary.h"
 
+#include <QTimer>
 #include <QWidget>
 
 #include <functional>
@@ -36,6 +38,8 @@ public:
     // The line last listened on, as the operator named it; empty before any.
     const QString& Binding() const { return binding_; }
     QString Verdict() const;
+    // What is wrong on the bus, as far as listening can tell so far.
+    bus::BusVerdict Diagnosis() const { return diagnosis_.Current(); }
     const bus::AddressTable& Addresses() const { return table_; }
     // Every byte fed to the panel, as the line hands them over; public for the tests'
     // sake of feeding a recorded capture.
@@ -44,6 +48,9 @@ public:
 private:
     void Open();
     void ShowAddresses();
+    // Feeds one byte to the language detector and the diagnosis; true when the settings
+    // are to change.
+    bool HearOne(std::span<const std::uint8_t> byte);
 
     std::function<void(const QByteArray&, const QString&)> heard_;
     ui::ErrorBoundary& boundary_;
@@ -54,11 +61,16 @@ private:
     std::unique_ptr<bus::Detector> detector_;
     bus::AddressTable table_;
     std::vector<bus::Heard> scratch_;
+    std::vector<bus::Heard> oneScratch_;
+    bus::BusDiagnosis diagnosis_;
+    // Tells the diagnosis the time that passes, so that a silent line is called silent.
+    QTimer tick_;
 
     QLineEdit* ListenDeviceBox = nullptr;
     QPushButton* ListenButton = nullptr;
     QPushButton* CopyAddressesButton = nullptr;
     QLabel* ListenVerdictLabel = nullptr;
+    QLabel* ListenDiagnosisLabel = nullptr;
     QTableWidget* AddressTableWidget = nullptr;
 };
 

@@ -1,6 +1,7 @@
 // The rebuild of where a camera pointed, from a capture alone, against the simulated
 // site's own record of its camera over ten minutes of joystick use.
 #include "capture/camera_timeline.h"
+#include "protocol/frames.h"
 #include "site/site.h"
 
 #include <QRandomGenerator>

@@ -1,6 +1,7 @@
 #include "capture/capture_reader.h"
 #include "capture/capture_writer.h"
 #include "capture/traffic_capture.h"
+#include "protocol/frames.h"
 #include "traffic/traffic_recorder.h"
 
 #include "hostile_files.h"

@@ -4,6 +4,7 @@
 // commands, so that a command either side has and the other lacks shows up.
 #include "capture/capture_writer.h"
 #include "capture/traffic_capture.h"
+#include "protocol/frames.h"
 #include "site/site.h"
 #include "traffic/traffic_recorder.h"
 
@@ -23,7 +24,11 @@ using protocol::AsBytes;
 std::vector<std::string> Session(const QString& mode) {
     std::vector<std::string> writes;
     if (mode == "D" || mode == "P") {
-        const auto build = mode == "D" ? protocol::BuildDFrame : protocol::BuildPFrame;
+        const auto language = mode == "D" ? protocol::Language::D : protocol::Language::P;
+        const auto build = [language](int address, std::uint8_t c1, std::uint8_t c2,
+                                      std::uint8_t d1, std::uint8_t d2) {
+            return protocol::BuildFrame(language, address, {c1, c2, d1, d2});
+        };
         for (const int c1 : {0x00, 0x01, 0x02, 0x04, 0x08, 0x10, 0x80}) {
             for (int c2 = 0; c2 < 256; ++c2) {
                 const auto code = static_cast<std::uint8_t>(c2);

@@ -383,3 +383,129 @@ TEST(ServedDeviceLine, AVanishedDeviceIsToldOnceAndServedAgainWhenItReturns) {
 
 } // namespace
 } // namespace quellpad::test
+
+namespace quellpad::test {
+namespace {
+
+// Each fault of a site's wiring as a listener on the bus and the controller meet it: pan
+// queries to camera 5, one a frame as a keyboard sends them.
+TEST(ServedFaults, EachFaultReachesTheBusAsAWireCarriesIt) {
+    struct Case {
+        const char* fault;
+        int queries;
+        int minQueries, maxQueries; // queries to camera 5 a listener reads whole
+        int stops;                  // stops to camera 5 sent by someone else, at least
+        int answerAs;               // the address the answers carry
+        int minAnswers, maxAnswers; // answers that check
+        bool heard;                 // the listener hears anything at all
+    };
+    const Case cases[] = {
+        {"", 4, 4, 4, 0, 5, 4, 4, true},
+        {"mute=5", 4, 4, 4, 0, 5, 0, 0, true},
+        {"answer-address=5:6", 4, 4, 4, 0, 6, 4, 4, true},
+        {"duplicate-address=5", 4, 4, 4, 0, 5, 0, 1, true},
+        {"swapped-txrx", 4, 0, 0, 0, 5, 0, 0, false},
+        {"inverted-polarity", 4, 0, 0, 0, 5, 0, 0, true},
+        {"noise=0.1", 20, 1, 19, 0, 5, 1, 19, true},
+        {"second-controller=5", 6, 3, 5, 1, 5, 3, 6, true},
+    };
+    site::LineFormat format{9600};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.fault);
+        ServedSite site({{3, 5}, false, false}, format);
+        site::SiteFaults faults;
+        if (*c.fault != 0) {
+            faults.faults.emplace_back();
+            ASSERT_TRUE(site::ParseSiteFault(c.fault, faults.faults.back()));
+            EXPECT_EQ(site::SiteFaultText(faults.faults.back()), c.fault);
+        }
+        site.SetFaults(faults);
+        std::string tap;
+        QObject::connect(&site, &ServedSite::OnWire,
+                         [&](const QByteArray& bytes, const site::LineFormat& sent, bool inverted) {
+                             tap += site::ReceivedAs(bytes.toStdString(), sent, format, inverted);
+                         });
+        Peer peer(site, "line");
+        QByteArray answered;
+        QObject::connect(&peer, &Peer::Write, [&](const QByteArray& bytes) { answered += bytes; });
+        const std::string query = BuildDFrame(5, 0, 0x51, 0, 0);
+        for (int i = 0; i < c.queries; ++i) {
+            peer.Hear(protocol::AsBytes(query));
+        }
+        ASSERT_TRUE(WaitUntil([&] { return !peer.Owing(); }));
+        std::vector<protocol::Command> answers;
+        std::vector<protocol::Command> frames;
+        protocol::DReplyDecoder().Feed(protocol::AsBytes(tap), answers);
+        protocol::DFrameDecoder().Feed(protocol::AsBytes(tap), frames);
+        const auto count = [&frames](const std::string& bytes) {
+            return std::count_if(frames.begin(), frames.end(),
+                                 [&](const protocol::Command& f) { return f.bytes == bytes; });
+        };
+        EXPECT_GE(count(query), c.minQueries);
+        EXPECT_LE(count(query), c.maxQueries);
+        EXPECT_GE(count(BuildDFrame(5, 0, 0, 0, 0)), c.stops);
+        EXPECT_GE(static_cast<int>(answers.size()), c.minAnswers);
+        EXPECT_LE(static_cast<int>(answers.size()), c.maxAnswers);
+        for (const protocol::Command& answer : answers) {
+            EXPECT_EQ(answer.address, c.answerAs);
+        }
+        EXPECT_EQ(!tap.empty(), c.heard);
+        // What reaches the controller is what the receivers put on the wire.
+        EXPECT_EQ(answered.isEmpty(),
+                  c.maxAnswers == 0 && std::string(c.fault) != "duplicate-address=5");
+    }
+    // The wires swapped: every level inverted, a break wherever the line would idle.
+    const std::string inverted =
+        site::ReceivedAs(BuildDFrame(5, 0, 0x51, 0, 0), format, format, true);
+    EXPECT_EQ(inverted.front(), 0);
+    EXPECT_EQ(inverted.back(), 0);
+    // At the same settings and the right way round, bytes cross unchanged; at others, not.
+    EXPECT_EQ(site::ReceivedAs("\xff\x05", format, format), "\xff\x05");
+    EXPECT_NE(site::ReceivedAs("\xff\x05\x00\x51", format, {4800}),
+              std::string("\xff\x05\x00\x51", 4));
+    EXPECT_EQ(site::ReceivedAs(std::string("\xff\x05\x00\x51", 4), {4800, 'e'}, {4800, 'e'}),
+              std::string("\xff\x05\x00\x51", 4));
+}
+
+// A listener opens the tap as a serial port: at the bus's settings it hears the controller's
+// query and the camera's answer byte for byte, at others garbage; what it writes goes nowhere.
+TEST(ServedTap, AListenerHearsEveryByteOnTheBusAtItsOwnSettings) {
+    struct Case {
+        speed_t speed;
+        bool whole;
+    };
+    const Case cases[] = {{B9600, true}, {B2400, false}};
+    for (const Case& c : cases) {
+        ServedSite site({{5}, false, false}, {9600});
+        site_server::TapLine tap(site);
+        const int fd = ::open(tap.Name().toLocal8Bit().constData(), O_RDWR | O_NOCTTY | O_NONBLOCK);
+        ASSERT_GE(fd, 0);
+        termios settings{};
+        tcgetattr(fd, &settings);
+        cfmakeraw(&settings);
+        cfsetspeed(&settings, c.speed);
+        tcsetattr(fd, TCSANOW, &settings);
+        ASSERT_EQ(::write(fd, "\xff\x05\x00\x51\x00\x00\x56", 7), 7);
+        Peer peer(site, "line");
+        const std::string query = BuildDFrame(5, 0, 0x51, 0, 0);
+        peer.Hear(protocol::AsBytes(query));
+        QByteArray heard;
+        WaitUntil(
+            [&] {
+                char buffer[256];
+                const ssize_t got = ::read(fd, buffer, sizeof buffer);
+                heard += QByteArray(buffer, got > 0 ? static_cast<qsizetype>(got) : 0);
+                return !peer.Owing() && heard.size() >= 14;
+            },
+            500);
+        ::close(fd);
+        std::vector<protocol::Command> answers;
+        protocol::DReplyDecoder().Feed(protocol::AsBytes(heard.toStdString()), answers);
+        EXPECT_EQ(heard.startsWith(Bytes(query)), c.whole) << heard.toHex().toStdString();
+        EXPECT_EQ(answers.size(), c.whole ? 1u : 0u);
+        EXPECT_EQ(site.Equipment().Equipment().CameraLog(5).size(), 1u) << "only the query obeyed";
+    }
+}
+
+} // namespace
+} // namespace quellpad::test

@@ -1,6 +1,7 @@
 #include "fixtures.h"
 #include "ser2net.h"
 
+#include "bus/scanner.h"
 #include "capture/capture_reader.h"
 #include "capture/capture_writer.h"
 #include "netline/network_line.h"
@@ -20,6 +21,7 @@
 #include <netinet/in.h>
 #include <poll.h>
 #include <sys/socket.h>
+#include <termios.h>
 #include <thread>
 #include <unistd.h>
 
@@ -70,6 +72,40 @@ private:
 };
 
 class SiteProgramTest : public KeyboardFixture {};
+
+// A headless box listens on the served site's TCP tap while a keyboard polls cameras 3, 5
+// and 17, camera 5 mute: --diagnose names it, and what to check.
+TEST(SiteProgramDiagnose, NamesTheCameraThatNeverAnswersFromTheTap) {
+    const quint16 port = FreeLoopbackPort();
+    SiteProgram site({"--pty", "--tap", QStringLiteral("tcp:127.0.0.1:%1").arg(port), "--cameras",
+                      "3,5,17", "--line", "9600,n,8,1", "--fault", "mute=5"});
+    const int keyboard =
+        ::open(site.PtyPath().toLocal8Bit().constData(), O_RDWR | O_NOCTTY | O_NONBLOCK);
+    ASSERT_GE(keyboard, 0);
+    termios settings{};
+    tcgetattr(keyboard, &settings);
+    cfmakeraw(&settings);
+    cfsetspeed(&settings, B9600);
+    tcsetattr(keyboard, TCSANOW, &settings);
+    ASSERT_TRUE(WaitUntil([&] { return LoopbackListening(port); }));
+    SiteProgram diagnose({"--diagnose", QStringLiteral("tcp://127.0.0.1:%1").arg(port)});
+    ASSERT_TRUE(WaitUntil([&] { return !diagnose.Lines().isEmpty(); }));
+    const auto named = [&] {
+        return diagnose.Lines().last().contains("  mute  ");
+    };
+    for (int poll = 0; poll < 60 && !named(); ++poll) {
+        const int cameras[] = {3, 5, 17};
+        const std::string frame = bus::PollFrame(protocol::Language::D, cameras[poll % 3]);
+        ASSERT_EQ(::write(keyboard, frame.data(), frame.size()), 7);
+        WaitUntil([] { return false; }, 30);
+        char answers[64];
+        while (::read(keyboard, answers, sizeof answers) > 0) {
+        }
+    }
+    ::close(keyboard);
+    EXPECT_TRUE(diagnose.Lines().last().contains("Camera 5 is commanded"))
+        << diagnose.Lines().join('\n').toStdString();
+}
 
 // Camera 1's pan query, which the site's dome answers.
 const QByteArray kPanQuery = QByteArray::fromStdString(protocol::BuildDFrame(1, 0, 0x51, 0, 0));
@@ -497,6 +533,13 @@ TEST(SiteProgramArguments, HelpVersionAndRefusalsAnswerOnTheTerminal) {
          "",
          "quellpad-site: '2400,x,8,1' are not line settings (such as 2400,n,8,1).\n"},
         {{"/dev/nonexistent-quellpad"}, 1, "", "quellpad-site: cannot serve the site on "},
+        {{"--pty", "--fault", "mute=0"}, 2, "", "quellpad-site: 'mute=0' is not a fault (such as "},
+        {{"--pty", "--fault", "noise=0.9"}, 2, "", "quellpad-site: 'noise=0.9' is not a fault"},
+        {{"--pty", "--tap", "serial"},
+         2,
+         "",
+         "quellpad-site: 'serial' is not a tap (pty or tcp:[host:]port).\n"},
+        {{"--diagnose", "/dev/nonexistent-quellpad"}, 1, "", "quellpad-site: "},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.arguments.join(' ').toStdString());

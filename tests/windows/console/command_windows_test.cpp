@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -101,6 +102,21 @@ TEST_F(CommandWindowsTest, AdvancedAndExtendedWindowsLoadWhileTheDispatcherRunsA
                       });
         ASSERT_TRUE(opened) << item;
         EXPECT_EQ(keyboard_->Command2, 0) << item;
+        if (std::string(item) == "AdvancedCommandsOption") {
+            // Nothing answers on COM 1: after three unanswered queries the status bar says
+            // so once, with where to look.
+            WhileOpen([&] { Child<QAction>(item)->trigger(); },
+                      [&](QDialog& commands) {
+                          for (int i = 0; i < 4; ++i) {
+                              commands.findChild<QPushButton*>("QueryPanButton")->click();
+                              com1_.Read(7);
+                          }
+                      });
+            const QString notice = Child<QLabel>("StartNoticeLabel")->text();
+            EXPECT_TRUE(notice.startsWith("COM 1: 3 queries running had no answer"))
+                << notice.toStdString();
+            EXPECT_TRUE(notice.contains("Scan for Receivers"));
+        }
         EXPECT_EQ(com1_.Drain(250), QByteArray())
             << "cleared with their last-sent copies, the registers send nothing more";
     }

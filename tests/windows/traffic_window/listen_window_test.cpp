@@ -55,6 +55,12 @@ TEST_F(ListenWindow, HearsABusAsItsOwnPortNamesItAndNeverWritesToIt) {
     }
     ASSERT_TRUE(WaitUntil([&] { return traffic->Listener().Addresses().Size() == 3; }));
     EXPECT_EQ(Verdict(*traffic), "Language D at 2400,n,8,1; addresses spoken to: 3, 17, 200.");
+    // Thirty commands in D and not one answer: the diagnosis says so, and what to check.
+    auto* diagnosis = traffic->findChild<QLabel*>("ListenDiagnosisLabel");
+    EXPECT_TRUE(diagnosis->text().startsWith("30 commands to 3 cameras at 2400,n,8,1 in D and no "
+                                             "camera answers"))
+        << diagnosis->text().toStdString();
+    EXPECT_EQ(diagnosis->accessibleName(), diagnosis->text());
     auto* addresses = traffic->findChild<QTableWidget*>("AddressTableWidget");
     ASSERT_EQ(addresses->rowCount(), 3);
     // Sorted by frames, most first, as a click on the header does.
