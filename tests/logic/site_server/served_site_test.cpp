@@ -9,10 +9,12 @@
 #include <QTcpSocket>
 #include <QTemporaryDir>
 
+#include <atomic>
 #include <fcntl.h>
 #include <netinet/in.h>
 #include <sys/socket.h>
 #include <termios.h>
+#include <thread>
 #include <unistd.h>
 
 namespace quellpad::test {
@@ -207,6 +209,46 @@ private:
     bool ended_ = false;
     QByteArray received_;
 };
+
+// A client flooding its socket with switcher texts as fast as the kernel takes them is
+// read a chunk at a time, in turn with the others: the polite client beside it is answered
+// much as when it is alone.
+TEST(ServedTcpLine, AFloodingClientLeavesThePoliteOneAnsweredInTurn) {
+    ServedSite site({}, {});
+    site_server::TcpLine line(site, QHostAddress::LocalHost, 0);
+    QTcpSocket polite;
+    polite.connectToHost(QHostAddress::LocalHost, line.Port());
+    ASSERT_TRUE(polite.waitForConnected(2000));
+    const std::string query = BuildDFrame(1, 0, 0x51, 0, 0);
+    qint64 quiet = 0;
+    for (int i = 0; i < 3; ++i) {
+        quiet = std::max(quiet, AnswerMs(polite, Bytes(query)));
+    }
+    RawClient flooder(line.Port());
+    ASSERT_TRUE(flooder.Connected());
+    std::atomic<bool> flooding{true};
+    std::thread flood([&] {
+        std::string texts;
+        while (texts.size() < 60000) {
+            texts += "1Ma";
+        }
+        while (flooding) {
+            if (::send(flooder.Fd(), texts.data(), texts.size(), MSG_NOSIGNAL) < 0) {
+                std::this_thread::sleep_for(std::chrono::milliseconds(1));
+            }
+        }
+    });
+    WaitUntil([] { return false; }, 300);
+    qint64 flooded = 0;
+    for (int i = 0; i < 5; ++i) {
+        flooded = std::max(flooded, AnswerMs(polite, Bytes(query)));
+    }
+    flooding = false;
+    flood.join();
+    // Far outside what a chunk a turn costs; the flood read whole took seconds.
+    EXPECT_LT(flooded, quiet + 1000) << "alone: " << quiet << " ms";
+    std::cout << "answer alone: " << quiet << " ms, beside a flood: " << flooded << " ms\n";
+}
 
 // Two ways a controller leaves, and what the line does about it: a TCP client that stops
 // sending is still answered, then closed; a controller that closes the pseudo-terminal
