@@ -10,7 +10,6 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
-#include <QRegularExpression>
 #include <QSerialPort>
 #include <QTcpSocket>
 
@@ -200,8 +199,7 @@ TEST(SiteProgramEnd, HangupTerminateAndInterruptEachCloseEveryLineAtOnce) {
         ::close(controller);
         EXPECT_FALSE(LoopbackListening(port)) << "every line is closed";
         EXPECT_TRUE(AllJson(site.Lines().mid(1)));
-        EXPECT_TRUE(
-            site.Lines().last().contains(QRegularExpression("closed; not obeyed: \\d+ bad")))
+        EXPECT_TRUE(site.Lines().last().contains("closed; not obeyed: 0 bad"))
             << site.Lines().last().toStdString();
     }
 }
