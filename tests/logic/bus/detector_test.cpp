@@ -166,22 +166,6 @@ TEST(SharedWire, ATextRightAfterAFrameIsReadFromItsOwnFirstByte) {
     }
 }
 
-TEST(Detector, FindsTheWorkingSettingsAmongTheCandidates) {
-    // Under any other settings than 4800,n,8,1 the bus reads as noise.
-    bus::SettingsSearch search;
-    std::vector<bus::Heard> heard;
-    unsigned seed = 1;
-    for (int round = 0; round < 40 && !search.Found(); ++round) {
-        const std::string bytes =
-            search.Current() == "4800,n,8,1" ? Traffic(Language::D, 10) : Random(400, seed++);
-        search.Feed(AsBytes(bytes), heard);
-    }
-    ASSERT_TRUE(search.Found());
-    EXPECT_FALSE(search.AllGarbage());
-    EXPECT_EQ(search.Current(), "4800,n,8,1");
-    EXPECT_EQ(search.Hearing().Spoken(), Language::D);
-}
-
 TEST(Detector, CallsABusGarbageOnlyOnceEverySettingHasBeenTried) {
     bus::SettingsSearch search;
     std::vector<bus::Heard> heard;

@@ -22,7 +22,7 @@ TEST(PortBindingTest, EnvironmentThenBindingsFileThenDefault) {
         const char* file;        // nullptr: no entry
         PortBinding expected;
     };
-    const QString device = DefaultDevice(2);
+    const QString device = QStringLiteral("/dev/ttyS1"); // the platform's second serial port
     const Case cases[] = {
         {"nothing chosen", nullptr, nullptr, {device, BindingSource::Default}},
         {"file only", nullptr, "/dev/ttyUSB3", {"/dev/ttyUSB3", BindingSource::BindingsFile}},

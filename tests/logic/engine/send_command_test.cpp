@@ -25,39 +25,38 @@ protected:
 };
 
 TEST_F(SendCommandTest, WorkedFramesLeaveByteExactWithTheirEcho) {
+    // COM 1 alone, then COM 2 alone at an address of its own (COM 1's is 1).
     struct Case {
+        int port;
         const char* mode;
         int address;
         int registers[4];
         QByteArray wire;
     };
     const Case cases[] = {
-        {"D", 1, {0x00, 0x00, 0x00, 0x00}, QByteArray::fromHex("ff010000000001")},
-        {"D", 1, {0x00, 0x02, 0x20, 0x00}, QByteArray::fromHex("ff010002200023")},
-        {"D", 254, {0x88, 0x90, 0xFF, 0x3F}, QByteArray::fromHex("fffe8890ff3f54")},
-        {"P", 1, {0x00, 0x00, 0x00, 0x00}, QByteArray::fromHex("a00000000000af0f")},
-        {"P", 2, {0x00, 0x02, 0x20, 0x00}, QByteArray::fromHex("a00100022000af2c")},
+        {1, "D", 1, {0x00, 0x00, 0x00, 0x00}, QByteArray::fromHex("ff010000000001")},
+        {1, "D", 1, {0x00, 0x02, 0x20, 0x00}, QByteArray::fromHex("ff010002200023")},
+        {1, "D", 254, {0x88, 0x90, 0xFF, 0x3F}, QByteArray::fromHex("fffe8890ff3f54")},
+        {1, "P", 1, {0x00, 0x00, 0x00, 0x00}, QByteArray::fromHex("a00000000000af0f")},
+        {1, "P", 2, {0x00, 0x02, 0x20, 0x00}, QByteArray::fromHex("a00100022000af2c")},
+        {2, "D", 3, {0x00, 0x00, 0x00, 0x00}, QByteArray::fromHex("ff030000000003")},
     };
-    OpenPorts(true, false);
     for (const Case& c : cases) {
+        OpenPorts(c.port == 1, c.port == 2);
+        if (c.port == 2) {
+            keyboard_->MSComm1().Close();
+        }
         keyboard_->CurrentMode = QLatin1String(c.mode);
-        keyboard_->AddressCOM1 = static_cast<std::uint8_t>(c.address);
+        keyboard_->AddressCOM1 = static_cast<std::uint8_t>(c.port == 1 ? c.address : 1);
+        keyboard_->AddressCOM2 = static_cast<std::uint8_t>(c.address);
         Load(c.registers[0], c.registers[1], c.registers[2], c.registers[3]);
         keyboard_->SendCommand();
-        EXPECT_EQ(com1_.Read(static_cast<int>(c.wire.size())).toHex(' '), c.wire.toHex(' '));
-        EXPECT_EQ(echo1_, QString::fromLatin1(c.wire.toHex(' ').toUpper() + ' '));
-        EXPECT_EQ(echo2_, QString());
+        PseudoTerminal& wire = c.port == 1 ? com1_ : com2_;
+        EXPECT_EQ(wire.Read(static_cast<int>(c.wire.size())).toHex(' '), c.wire.toHex(' '));
+        const QString echo = QString::fromLatin1(c.wire.toHex(' ').toUpper() + ' ');
+        EXPECT_EQ(echo1_, c.port == 1 ? echo : QString());
+        EXPECT_EQ(echo2_, c.port == 2 ? echo : QString());
     }
-}
-
-TEST_F(SendCommandTest, OnlyComTwoOpenUsesItsOwnAddress) {
-    OpenPorts(false, true);
-    keyboard_->CurrentMode = kModeD;
-    keyboard_->AddressCOM2 = 3;
-    keyboard_->SendCommand();
-    EXPECT_EQ(com2_.Read(7), QByteArray::fromHex("ff030000000003"));
-    EXPECT_EQ(echo1_, QString());
-    EXPECT_EQ(echo2_, QStringLiteral("FF 03 00 00 00 00 03 "));
 }
 
 TEST_F(SendCommandTest, BothPortsAreInterleavedByteByByteComOneFirst) {

@@ -247,12 +247,5 @@ TEST_F(SerialDeviceTest, ADeviceThisUserMayNotOpenIsToldAsRefusedAsItsPermission
     }
 }
 
-TEST_F(SerialDeviceTest, BindingsComeFromTheEnvironment) {
-    Bind(1, QStringLiteral("/dev/ttyUSB7"));
-    EXPECT_EQ(DeviceForPort(1), QStringLiteral("/dev/ttyUSB7"));
-    qunsetenv("QUELLPAD_COM2");
-    EXPECT_EQ(DeviceForPort(2), QStringLiteral("/dev/ttyS1"));
-}
-
 } // namespace
 } // namespace quellpad::test

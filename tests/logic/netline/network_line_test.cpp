@@ -1,4 +1,5 @@
 #include "fixtures.h"
+#include "hostile_server.h"
 #include "ser2net.h"
 
 #include "bus/listen_line.h"
@@ -11,13 +12,6 @@
 #include <QProcess>
 #include <QSignalSpy>
 #include <QStandardPaths>
-#include <QTcpServer>
-#include <QTcpSocket>
-
-#include <arpa/inet.h>
-#include <netinet/in.h>
-#include <sys/socket.h>
-#include <unistd.h>
 
 namespace quellpad::test {
 namespace {
@@ -174,21 +168,8 @@ INSTANTIATE_TEST_SUITE_P(RawAndRfc2217, NetworkLineTest, ::testing::Bool(),
 
 // A server whose queue of connections is full drops the call unanswered, as one that hangs.
 TEST(NetworkLine, AServerThatDoesNotAnswerIsGivenUpOnWithoutWaitingInOpen) {
-    const int listener = socket(AF_INET, SOCK_STREAM, 0);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t size = sizeof address;
-    ASSERT_EQ(bind(listener, reinterpret_cast<sockaddr*>(&address), size), 0);
-    ASSERT_EQ(listen(listener, 0), 0);
-    getsockname(listener, reinterpret_cast<sockaddr*>(&address), &size);
-    const QString url = QStringLiteral("tcp://127.0.0.1:%1").arg(ntohs(address.sin_port));
-    QTcpSocket queued[2];
-    for (QTcpSocket& filler : queued) {
-        filler.connectToHost(QHostAddress::LocalHost, ntohs(address.sin_port));
-    }
-    WaitUntil([&] { return queued[0].state() == QAbstractSocket::ConnectedState; });
-
+    const HostileServer server(HostileServer::Behaviour::NeverAnswersBacklog);
+    const QString url = server.Url(false);
     NetworkLine line(1, url);
     line.SetConnectTimeout(300);
     QSignalSpy failed(&line, &SerialLine::LineFailed);
@@ -202,7 +183,6 @@ TEST(NetworkLine, AServerThatDoesNotAnswerIsGivenUpOnWithoutWaitingInOpen) {
               QStringLiteral("COM 1 (%1): the server did not answer within 0.3 seconds; it is "
                              "tried again every 2 seconds and reopens by itself.")
                   .arg(url));
-    close(listener);
 }
 
 TEST(NetworkBinding, UrlsMakeNetworkLinesAndOtherBindingsDevices) {

@@ -31,28 +31,9 @@ std::string Bytes(std::initializer_list<int> values) {
     return out;
 }
 
-// What the keyboard itself puts on COM 1, read back from the pseudo-terminal.
-class KeyboardFramesTest : public KeyboardFixture {
-protected:
-    std::string Sent(const QString& mode, int c1, int c2, int d1, int d2) {
-        keyboard_->CurrentMode = mode;
-        keyboard_->AddressCOM1 = 3;
-        keyboard_->SetCommandBytes(c1, c2, d1, d2);
-        keyboard_->SendCommand();
-        const QByteArray wire = com1_.Read(mode == kModeD ? 7 : 8);
-        return wire.toStdString();
-    }
-    std::string SentText(const QString& text) {
-        keyboard_->CurrentMode = kModeAscii;
-        keyboard_->AsciiCommand = text;
-        keyboard_->SendCommand();
-        return com1_.Read(static_cast<int>(text.trimmed().size())).toStdString();
-    }
-};
-
-TEST_F(KeyboardFramesTest, EveryRegisterCommandOfTheKeyboardDecodesByName) {
+TEST(FrameDecoders, EveryRegisterCommandOfTheKeyboardDecodesByName) {
     struct Case {
-        int c1, c2, d1, d2;
+        std::uint8_t c1, c2, d1, d2;
         const char* d;
         const char* p;
     };
@@ -109,23 +90,22 @@ TEST_F(KeyboardFramesTest, EveryRegisterCommandOfTheKeyboardDecodesByName) {
         {0x00, 0x69, 0x00, 0x00, "start download", "start download"},
         {0x00, 0x7F, 0x00, 0x00, "unknown", "unknown"},
     };
-    OpenPorts(true, false);
     for (const Case& c : cases) {
         SCOPED_TRACE(c.d);
         protocol::DFrameDecoder d;
-        const auto fromD = FeedAll(d, Sent(kModeD, c.c1, c.c2, c.d1, c.d2));
+        const auto fromD = FeedAll(d, protocol::BuildDFrame(3, c.c1, c.c2, c.d1, c.d2));
         ASSERT_EQ(fromD.size(), 1u);
         EXPECT_EQ(fromD[0].address, 3);
         EXPECT_EQ(fromD[0].Describe().substr(0, std::string(c.d).size()), c.d);
         protocol::PFrameDecoder p;
-        const auto fromP = FeedAll(p, Sent(kModeP, c.c1, c.c2, c.d1, c.d2));
+        const auto fromP = FeedAll(p, protocol::BuildPFrame(3, c.c1, c.c2, c.d1, c.d2));
         ASSERT_EQ(fromP.size(), 1u);
         EXPECT_EQ(fromP[0].address, 3);
         EXPECT_EQ(fromP[0].Describe().substr(0, std::string(c.p).size()), c.p);
     }
 }
 
-TEST_F(KeyboardFramesTest, EveryTextOfTheKeyboardDecodesByName) {
+TEST(AsciiDecoders, EveryTextOfTheKeyboardDecodesByName) {
     struct Case {
         const char* text;
         Language language;
@@ -176,12 +156,10 @@ TEST_F(KeyboardFramesTest, EveryTextOfTheKeyboardDecodesByName) {
         {"1Ma ym 2#a", Language::Ascii, {"monitor 1", "camera 2"}},
         {"1Ma ym 2#a", Language::MuxAscii, {"digital zoom"}},
     };
-    OpenPorts(true, false);
     for (const Case& c : cases) {
         SCOPED_TRACE(c.text);
         protocol::AsciiDecoder decoder(c.language);
-        const std::string wire = SentText(QString::fromLatin1(c.text));
-        EXPECT_EQ(Words(FeedAll(decoder, wire)), c.words);
+        EXPECT_EQ(Words(FeedAll(decoder, c.text)), c.words);
     }
 }
 

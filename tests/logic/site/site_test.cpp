@@ -163,45 +163,39 @@ TEST(SiteWiring, OnlyTheWiredEquipmentAnswers) {
     EXPECT_THROW(Site({{256}}), std::invalid_argument);
 }
 
-TEST(SiteWiring, ReadsCameraAddressesAsAnInstallerWritesThem) {
+// Camera addresses read as an installer writes them, and written back in the shortest form
+// that reads the same.
+TEST(SiteWiring, CameraAddressesReadAndWriteAsAnInstallerDoes) {
     struct Case {
         const char* text;
         std::vector<int> addresses; // empty: refused
+        const char* written;
     };
     const Case cases[] = {
-        {"1-8", {1, 2, 3, 4, 5, 6, 7, 8}},
-        {"200,3,17", {3, 17, 200}},
-        {"1-3,2,255", {1, 2, 3, 255}},
-        {"7", {7}},
-        {"", {}},
-        {"0-4", {}},
-        {"1-256", {}},
-        {"8-1", {}},
-        {"1,,2", {}},
-        {"1,", {}},
-        {"a", {}},
-        {"1-", {}},
-        {" 3", {}},
+        {"1-8", {1, 2, 3, 4, 5, 6, 7, 8}, "1-8"},
+        {"200,3,17", {3, 17, 200}, "3,17,200"},
+        {"1-3,2,255", {1, 2, 3, 255}, "1-3,255"},
+        {"1,2,4", {1, 2, 4}, "1,2,4"},
+        {"1,2,3,5,6,255", {1, 2, 3, 5, 6, 255}, "1-3,5,6,255"},
+        {"7", {7}, "7"},
+        {"", {}, ""},
+        {"0-4", {}, ""},
+        {"1-256", {}, ""},
+        {"8-1", {}, ""},
+        {"1,,2", {}, ""},
+        {"1,", {}, ""},
+        {"a", {}, ""},
+        {"1-", {}, ""},
+        {" 3", {}, ""},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.text);
         std::vector<int> addresses{42};
         EXPECT_EQ(site::ParseCameraAddresses(c.text, addresses), !c.addresses.empty());
         EXPECT_EQ(addresses, c.addresses.empty() ? std::vector<int>{42} : c.addresses);
-    }
-}
-
-TEST(SiteWiring, WritesCameraAddressesBackAsAnInstallerReadsThem) {
-    const std::pair<std::vector<int>, const char*> cases[] = {{{1, 2, 3, 4, 5, 6, 7, 8}, "1-8"},
-                                                              {{3, 17, 200}, "3,17,200"},
-                                                              {{1, 2, 4}, "1,2,4"},
-                                                              {{1, 2, 3, 5, 6, 255}, "1-3,5,6,255"},
-                                                              {{7}, "7"}};
-    for (const auto& [addresses, text] : cases) {
-        EXPECT_EQ(site::CameraAddressesText(addresses), text);
-        std::vector<int> read;
-        EXPECT_TRUE(site::ParseCameraAddresses(text, read));
-        EXPECT_EQ(read, addresses);
+        if (!c.addresses.empty()) {
+            EXPECT_EQ(site::CameraAddressesText(c.addresses), c.written);
+        }
     }
 }
 

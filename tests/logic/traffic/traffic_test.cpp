@@ -200,24 +200,9 @@ TEST(TrafficFormat, TextAndCsvLinesHoldTheSevenColumns) {
               FileFormat::Pcapng);
 }
 
-TEST(TrafficLog, EachBatchIsInTheFileBeforeTheLogIsClosed) {
-    QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("traffic.log"));
-    TrafficLogFile log(path, QStringLiteral("Log started"));
-    log.Write({Row("\xFF", "a")});
-    log.Write({Row("\x01", "b"), Row("\x02", "c")});
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QStringList lines = QString::fromUtf8(file.readAll()).split(u'\n');
-    ASSERT_EQ(lines.size(), 6);
-    EXPECT_EQ(lines[1], LogHeader());
-    EXPECT_EQ(lines[4], LogLine(Row("\x02", "c")));
-    EXPECT_EQ(lines[5], QString());
-}
-
 // A second session appends to the first: each opens with when it started and how the
 // ports were set, and every row carries its date, so a log that runs past midnight reads
-// right.
+// right. Each batch is in the file before the log is closed.
 TEST(TrafficLog, AnExistingLogIsAppendedToWithASessionLineAndDatedRows) {
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("traffic.log"));
@@ -232,7 +217,9 @@ TEST(TrafficLog, AnExistingLogIsAppendedToWithASessionLineAndDatedRows) {
         QDateTime(QDate(2026, 3, 7), QTime(23, 59, 59, 500)).toMSecsSinceEpoch() * 1000;
     TrafficRow afterMidnight = Row("\x02", "c");
     afterMidnight.atUs = beforeMidnight.atUs + 1'000'000;
-    TrafficLogFile(path, start).Write({beforeMidnight, afterMidnight});
+    TrafficLogFile second(path, start);
+    second.Write({beforeMidnight});
+    second.Write({afterMidnight});
 
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
@@ -244,23 +231,10 @@ TEST(TrafficLog, AnExistingLogIsAppendedToWithASessionLineAndDatedRows) {
                          "2026-03-08\t00:00:00.500\t1.608\tCOM 2\treceived\t02\t.\tc", ""}));
 }
 
-TEST(TrafficLog, AFileThatCannotBeWrittenIsNamedWithTheReason) {
-    QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("missing/traffic.csv"));
-    try {
-        TrafficLogFile log(path, {});
-        FAIL() << "opened";
-    } catch (const TrafficFileError& error) {
-        EXPECT_EQ(error.Message(), QStringLiteral("The traffic log \"%1\" cannot be written: No "
-                                                  "such file or directory.")
-                                       .arg(path));
-    }
-    EXPECT_THROW(SaveRows(path, FileFormat::Csv, {}), TrafficFileError);
-}
-
 // A FIFO or a device where the log or a saved file is to go is refused at once, with or
-// without a reader at its other end: the window would wait on it for ever.
-TEST(TrafficLog, AFifoOrDeviceIsRefusedWithoutWaitingOnIt) {
+// without a reader at its other end: the window would wait on it for ever. Any file that
+// cannot be written is named with the reason.
+TEST(TrafficLog, AFileThatCannotBeWrittenIsNamedWithTheReasonWithoutWaitingOnIt) {
     QTemporaryDir dir;
     const QString fifo = dir.filePath(QStringLiteral("traffic.log"));
     ASSERT_TRUE(test::MakeFifo(fifo));
@@ -274,6 +248,8 @@ TEST(TrafficLog, AFifoOrDeviceIsRefusedWithoutWaitingOnIt) {
         {"a FIFO nobody reads", fifo, false, "No such device or address"},
         {"a FIFO with a reader", fifo, true, "it is not a plain file"},
         {"a device", QStringLiteral("/dev/full"), false, "it is not a plain file"},
+        {"a missing folder", dir.filePath(QStringLiteral("missing/traffic.csv")), false,
+         "No such file or directory"},
     };
     for (const Case& c : cases) {
         const int reader =
