@@ -33,6 +33,69 @@
     </message>
 </context>
 <context>
+    <name>BusDiagnosis</name>
+    <message>
+        <source>the line&apos;s settings</source>
+        <translation>die Einstellungen der Leitung</translation>
+    </message>
+    <message>
+        <source>Nothing heard in %1 s: no controller&apos;s bytes reach the bus. Check that the controller&apos;s transmit and receive are not swapped (its TX to the converter&apos;s RX), that the converter is powered, and the tap&apos;s own wiring.</source>
+        <translation>In %1 s nichts gehört: Keine Bytes eines Steuergeräts erreichen den Bus. Prüfen Sie, ob Senden und Empfangen des Steuergeräts vertauscht sind (sein TX an RX des Wandlers), ob der Wandler Strom hat, und die Verdrahtung des Abgriffs selbst.</translation>
+    </message>
+    <message>
+        <source>Still listening: nothing heard yet.</source>
+        <translation>Höre weiter mit: noch nichts gehört.</translation>
+    </message>
+    <message>
+        <source>Still listening: nothing forms a frame at %1 yet; trying other settings.</source>
+        <translation>Höre weiter mit: bei %1 ergibt sich noch kein Telegramm; andere Einstellungen werden versucht.</translation>
+    </message>
+    <message>
+        <source>%1 bytes heard and none forms a frame; %2 of them read as line breaks, as when the line rests at the wrong level: the two RS-485 wires are swapped. Swap A and B (+ and -) at the controller&apos;s end.</source>
+        <translation>%1 Bytes gehört, keines ergibt ein Telegramm; %2 davon lesen sich als Leitungsunterbrechung, wie wenn die Leitung auf dem falschen Pegel ruht: Die beiden RS-485-Adern sind vertauscht. Tauschen Sie A und B (+ und -) am Steuergerät.</translation>
+    </message>
+    <message>
+        <source>%1 bytes heard and none forms a frame at %2: the line&apos;s settings or language are none a listener knows, or the line is too noisy to carry anything. Check baud rate, parity and protocol at both ends, then the cable.</source>
+        <translation>%1 Bytes gehört, keines ergibt bei %2 ein Telegramm: Einstellungen oder Sprache der Leitung sind keinem Mithörer bekannt, oder die Leitung ist zu gestört, um etwas zu tragen. Prüfen Sie Baudrate, Parität und Protokoll an beiden Enden, dann das Kabel.</translation>
+    </message>
+    <message>
+        <source>Camera %1 is commanded %2 times and never answers as %1; answers as %3 come back %4 times instead: the receiver is set to answer as %3. Check the address of the receiver behind camera %1.</source>
+        <translation>Kamera %1 wird %2-mal angesprochen und antwortet nie als %1; stattdessen kommen %4 Antworten als %3: Der Empfänger ist auf Adresse %3 eingestellt. Prüfen Sie die Adresse des Empfängers hinter Kamera %1.</translation>
+    </message>
+    <message>
+        <source>Camera %1 is stopped %2 times right after it is commanded, and the same command resumes each time (%3 frames to it fail their check, as when two transmitters talk at once): a second controller drives camera %1. Find it (another keyboard, a recorder&apos;s PTZ port) and take it off the line or give it other cameras.</source>
+        <translation>Kamera %1 wird %2-mal gleich nach einem Befehl gestoppt, und derselbe Befehl setzt jedes Mal wieder ein (%3 Telegramme an sie fallen bei der Prüfung durch, wie wenn zwei Sender zugleich sprechen): Ein zweites Steuergerät steuert Kamera %1. Finden Sie es (eine andere Tastatur, der PTZ-Anschluss eines Rekorders) und nehmen Sie es von der Leitung oder geben Sie ihm andere Kameras.</translation>
+    </message>
+    <message>
+        <source>Two receivers answer as camera %1: their answers collide (%2 of %3 answers fail their check) while the other cameras answer cleanly. Find the second receiver set to %1 and give it its own address.</source>
+        <translation>Zwei Empfänger antworten als Kamera %1: Ihre Antworten überlagern sich (%2 von %3 Antworten fallen bei der Prüfung durch), während die anderen Kameras sauber antworten. Finden Sie den zweiten auf %1 eingestellten Empfänger und geben Sie ihm eine eigene Adresse.</translation>
+    </message>
+    <message>
+        <source>%1 of %2 frames fail their check, are cut short or are answered with garbage, spread over %3 addresses: the line is noisy. Check the termination (120 ohm at the two ends only), the cable&apos;s screen and ground, and runs beside mains.</source>
+        <translation>%1 von %2 Telegrammen fallen bei der Prüfung durch, brechen ab oder werden mit Unlesbarem beantwortet, verteilt über %3 Adressen: Die Leitung ist gestört. Prüfen Sie den Abschluss (120 Ohm nur an den beiden Enden), Schirm und Erdung des Kabels und Verlegung neben Netzleitungen.</translation>
+    </message>
+    <message>
+        <source>Camera %1 is commanded %2 times at %3 in D and never answers; cameras %4 answer: camera %1 hears but does not answer. Check its answer wiring (a 4-wire receiver&apos;s transmit pair) and that its answers are switched on.</source>
+        <translation>Kamera %1 wird %2-mal mit %3 in D angesprochen und antwortet nie; die Kameras %4 antworten: Kamera %1 hört, antwortet aber nicht. Prüfen Sie ihre Antwortverdrahtung (das Sendepaar eines 4-Draht-Empfängers) und ob ihre Antworten eingeschaltet sind.</translation>
+    </message>
+    <message>
+        <source>%1 commands to %2 cameras at %3 in D and no camera answers: the keyboard&apos;s line settings (baud rate, parity) or protocol differ from the receivers&apos;. Set them alike; with one camera on the line, it may instead hear but not answer.</source>
+        <translation>%1 Befehle an %2 Kameras mit %3 in D, und keine Kamera antwortet: Leitungseinstellungen (Baudrate, Parität) oder Protokoll der Tastatur weichen von denen der Empfänger ab. Stellen Sie sie gleich ein; mit nur einer Kamera an der Leitung kann sie stattdessen hören, aber nicht antworten.</translation>
+    </message>
+    <message>
+        <source>Healthy: %1 commands to %2 cameras in D at %3, %4 of them answered, none fails its check.</source>
+        <translation>Fehlerfrei: %1 Befehle an %2 Kameras in D mit %3, %4 davon beantwortet, keiner fällt bei der Prüfung durch.</translation>
+    </message>
+    <message>
+        <source>Healthy: %1 commands to %2 cameras in %3 at %4, none fails its check (P receivers do not answer, so one that hears nothing cannot be told from here).</source>
+        <translation>Fehlerfrei: %1 Befehle an %2 Kameras in %3 mit %4, keiner fällt bei der Prüfung durch (P-Empfänger antworten nicht, daher ist einer, der nichts hört, von hier aus nicht zu erkennen).</translation>
+    </message>
+    <message>
+        <source>Still listening: %1 frames heard so far, not yet enough to say.</source>
+        <translation>Höre weiter mit: bisher %1 Telegramme gehört, noch nicht genug für ein Urteil.</translation>
+    </message>
+</context>
+<context>
     <name>Capture</name>
     <message>
         <source>The capture &quot;%1&quot; cannot be written: %2.</source>
@@ -109,69 +172,6 @@
     <message>
         <source>%1 packets are timed before the packet before them on their line.</source>
         <translation>%1 Pakete liegen zeitlich vor dem Paket vor ihnen auf ihrer Leitung.</translation>
-    </message>
-</context>
-<context>
-    <name>BusDiagnosis</name>
-    <message>
-        <source>the line&apos;s settings</source>
-        <translation>die Einstellungen der Leitung</translation>
-    </message>
-    <message>
-        <source>Nothing heard in %1 s: no controller&apos;s bytes reach the bus. Check that the controller&apos;s transmit and receive are not swapped (its TX to the converter&apos;s RX), that the converter is powered, and the tap&apos;s own wiring.</source>
-        <translation>In %1 s nichts gehört: Keine Bytes eines Steuergeräts erreichen den Bus. Prüfen Sie, ob Senden und Empfangen des Steuergeräts vertauscht sind (sein TX an RX des Wandlers), ob der Wandler Strom hat, und die Verdrahtung des Abgriffs selbst.</translation>
-    </message>
-    <message>
-        <source>Still listening: nothing heard yet.</source>
-        <translation>Höre weiter mit: noch nichts gehört.</translation>
-    </message>
-    <message>
-        <source>Still listening: nothing forms a frame at %1 yet; trying other settings.</source>
-        <translation>Höre weiter mit: bei %1 ergibt sich noch kein Telegramm; andere Einstellungen werden versucht.</translation>
-    </message>
-    <message>
-        <source>%1 bytes heard and none forms a frame; %2 of them read as line breaks, as when the line rests at the wrong level: the two RS-485 wires are swapped. Swap A and B (+ and -) at the controller&apos;s end.</source>
-        <translation>%1 Bytes gehört, keines ergibt ein Telegramm; %2 davon lesen sich als Leitungsunterbrechung, wie wenn die Leitung auf dem falschen Pegel ruht: Die beiden RS-485-Adern sind vertauscht. Tauschen Sie A und B (+ und -) am Steuergerät.</translation>
-    </message>
-    <message>
-        <source>%1 bytes heard and none forms a frame at %2: the line&apos;s settings or language are none a listener knows, or the line is too noisy to carry anything. Check baud rate, parity and protocol at both ends, then the cable.</source>
-        <translation>%1 Bytes gehört, keines ergibt bei %2 ein Telegramm: Einstellungen oder Sprache der Leitung sind keinem Mithörer bekannt, oder die Leitung ist zu gestört, um etwas zu tragen. Prüfen Sie Baudrate, Parität und Protokoll an beiden Enden, dann das Kabel.</translation>
-    </message>
-    <message>
-        <source>Camera %1 is commanded %2 times and never answers as %1; answers as %3 come back %4 times instead: the receiver is set to answer as %3. Check the address of the receiver behind camera %1.</source>
-        <translation>Kamera %1 wird %2-mal angesprochen und antwortet nie als %1; stattdessen kommen %4 Antworten als %3: Der Empfänger ist auf Adresse %3 eingestellt. Prüfen Sie die Adresse des Empfängers hinter Kamera %1.</translation>
-    </message>
-    <message>
-        <source>Camera %1 is stopped %2 times right after it is commanded, and the same command resumes each time (%3 frames to it fail their check, as when two transmitters talk at once): a second controller drives camera %1. Find it (another keyboard, a recorder&apos;s PTZ port) and take it off the line or give it other cameras.</source>
-        <translation>Kamera %1 wird %2-mal gleich nach einem Befehl gestoppt, und derselbe Befehl setzt jedes Mal wieder ein (%3 Telegramme an sie fallen bei der Prüfung durch, wie wenn zwei Sender zugleich sprechen): Ein zweites Steuergerät steuert Kamera %1. Finden Sie es (eine andere Tastatur, der PTZ-Anschluss eines Rekorders) und nehmen Sie es von der Leitung oder geben Sie ihm andere Kameras.</translation>
-    </message>
-    <message>
-        <source>Two receivers answer as camera %1: their answers collide (%2 of %3 answers fail their check) while the other cameras answer cleanly. Find the second receiver set to %1 and give it its own address.</source>
-        <translation>Zwei Empfänger antworten als Kamera %1: Ihre Antworten überlagern sich (%2 von %3 Antworten fallen bei der Prüfung durch), während die anderen Kameras sauber antworten. Finden Sie den zweiten auf %1 eingestellten Empfänger und geben Sie ihm eine eigene Adresse.</translation>
-    </message>
-    <message>
-        <source>%1 of %2 frames fail their check, are cut short or are answered with garbage, spread over %3 addresses: the line is noisy. Check the termination (120 ohm at the two ends only), the cable&apos;s screen and ground, and runs beside mains.</source>
-        <translation>%1 von %2 Telegrammen fallen bei der Prüfung durch, brechen ab oder werden mit Unlesbarem beantwortet, verteilt über %3 Adressen: Die Leitung ist gestört. Prüfen Sie den Abschluss (120 Ohm nur an den beiden Enden), Schirm und Erdung des Kabels und Verlegung neben Netzleitungen.</translation>
-    </message>
-    <message>
-        <source>Camera %1 is commanded %2 times at %3 in D and never answers; cameras %4 answer: camera %1 hears but does not answer. Check its answer wiring (a 4-wire receiver&apos;s transmit pair) and that its answers are switched on.</source>
-        <translation>Kamera %1 wird %2-mal mit %3 in D angesprochen und antwortet nie; die Kameras %4 antworten: Kamera %1 hört, antwortet aber nicht. Prüfen Sie ihre Antwortverdrahtung (das Sendepaar eines 4-Draht-Empfängers) und ob ihre Antworten eingeschaltet sind.</translation>
-    </message>
-    <message>
-        <source>%1 commands to %2 cameras at %3 in D and no camera answers: the keyboard&apos;s line settings (baud rate, parity) or protocol differ from the receivers&apos;. Set them alike; with one camera on the line, it may instead hear but not answer.</source>
-        <translation>%1 Befehle an %2 Kameras mit %3 in D, und keine Kamera antwortet: Leitungseinstellungen (Baudrate, Parität) oder Protokoll der Tastatur weichen von denen der Empfänger ab. Stellen Sie sie gleich ein; mit nur einer Kamera an der Leitung kann sie stattdessen hören, aber nicht antworten.</translation>
-    </message>
-    <message>
-        <source>Healthy: %1 commands to %2 cameras in D at %3, %4 of them answered, none fails its check.</source>
-        <translation>Fehlerfrei: %1 Befehle an %2 Kameras in D mit %3, %4 davon beantwortet, keiner fällt bei der Prüfung durch.</translation>
-    </message>
-    <message>
-        <source>Healthy: %1 commands to %2 cameras in %3 at %4, none fails its check (P receivers do not answer, so one that hears nothing cannot be told from here).</source>
-        <translation>Fehlerfrei: %1 Befehle an %2 Kameras in %3 mit %4, keiner fällt bei der Prüfung durch (P-Empfänger antworten nicht, daher ist einer, der nichts hört, von hier aus nicht zu erkennen).</translation>
-    </message>
-    <message>
-        <source>Still listening: %1 frames heard so far, not yet enough to say.</source>
-        <translation>Höre weiter mit: bisher %1 Telegramme gehört, noch nicht genug für ein Urteil.</translation>
     </message>
 </context>
 <context>
@@ -1505,29 +1505,6 @@ Die Antwort auf den Befehl erscheint unten.</translation>
         <source>&apos;%1&apos; is no speed curve of receivers (square or linear).</source>
         <translation>&apos;%1&apos; ist keine Geschwindigkeitskurve von Empfängern (square oder linear).</translation>
     </message>
-</context>
-<context>
-    <name>SiteReplay</name>
-    <message>
-        <source>The capture &quot;%1&quot; cannot be read: %2.</source>
-        <translation>Der Mitschnitt &quot;%1&quot; kann nicht gelesen werden: %2.</translation>
-    </message>
-    <message>
-        <source>The capture was recorded at %1 on %2, and the line to play it on is at %3; give --force to play it all the same.</source>
-        <translation>Der Mitschnitt wurde mit %1 auf %2 aufgezeichnet, und die Leitung zum Abspielen steht auf %3; mit --force wird er trotzdem abgespielt.</translation>
-    </message>
-    <message>
-        <source>replay of %1</source>
-        <translation>Wiedergabe von %1</translation>
-    </message>
-    <message>
-        <source>replayed; gaps off by %1 µs at the 99th percentile</source>
-        <translation>abgespielt; Abstände im 99. Perzentil um %1 µs abweichend</translation>
-    </message>
-    <message>
-        <source>replaying</source>
-        <translation>Wiedergabe läuft</translation>
-    </message>
     <message>
         <source>Wire the site with a fault, as the bus carries it; may be given more than once. answer-address=A:B: the camera at A answers as B; duplicate-address=A: two cameras at A, their answers collide; mute=A: the camera at A obeys but never answers; swapped-txrx: the controllers&apos; bytes never reach the bus; inverted-polarity: the controllers&apos; two RS-485 wires are swapped; noise=SHARE: that share of bytes (up to 0.5) corrupted or lost; second-controller=A: another controller keeps stopping camera A and now and then talks over the first. Equipment at other line settings than a controller is --line.</source>
         <translation>Die Anlage mit einem Fehler verdrahten, so wie der Bus ihn trägt; mehrfach möglich. answer-address=A:B: die Kamera an A antwortet als B; duplicate-address=A: zwei Kameras an A, ihre Antworten überlagern sich; mute=A: die Kamera an A gehorcht, antwortet aber nie; swapped-txrx: die Bytes der Steuergeräte erreichen den Bus nie; inverted-polarity: die beiden RS-485-Adern der Steuergeräte sind vertauscht; noise=ANTEIL: dieser Anteil der Bytes (bis 0.5) verfälscht oder verloren; second-controller=A: ein weiteres Steuergerät stoppt Kamera A immer wieder und spricht hin und wieder über das erste. Geräte mit anderen Leitungseinstellungen als ein Steuergerät: --line.</translation>
@@ -1570,6 +1547,29 @@ Die Antwort auf den Befehl erscheint unten.</translation>
     <message>
         <source>%1  %2  sure %3 %  %4</source>
         <translation>%1  %2  sicher %3 %  %4</translation>
+    </message>
+</context>
+<context>
+    <name>SiteReplay</name>
+    <message>
+        <source>The capture &quot;%1&quot; cannot be read: %2.</source>
+        <translation>Der Mitschnitt &quot;%1&quot; kann nicht gelesen werden: %2.</translation>
+    </message>
+    <message>
+        <source>The capture was recorded at %1 on %2, and the line to play it on is at %3; give --force to play it all the same.</source>
+        <translation>Der Mitschnitt wurde mit %1 auf %2 aufgezeichnet, und die Leitung zum Abspielen steht auf %3; mit --force wird er trotzdem abgespielt.</translation>
+    </message>
+    <message>
+        <source>replay of %1</source>
+        <translation>Wiedergabe von %1</translation>
+    </message>
+    <message>
+        <source>replayed; gaps off by %1 µs at the 99th percentile</source>
+        <translation>abgespielt; Abstände im 99. Perzentil um %1 µs abweichend</translation>
+    </message>
+    <message>
+        <source>replaying</source>
+        <translation>Wiedergabe läuft</translation>
     </message>
 </context>
 <context>
