@@ -69,10 +69,9 @@ TEST_P(KeyboardVocabularyTest, EverythingTheKeyboardSendsDecodesToWords) {
 }
 
 INSTANTIATE_TEST_SUITE_P(EveryMode, KeyboardVocabularyTest,
-                         ::testing::Values("D", "P", "ASCII", "MUX ASCII"), [](const auto& info) {
-                             return std::string(info.param) == "MUX ASCII"
-                                        ? std::string("MuxAscii")
-                                        : std::string(info.param);
+                         ::testing::Values("D", "P", "ASCII", "MUX ASCII"), [](const auto& row) {
+                             return std::string(row.param) == "MUX ASCII" ? std::string("MuxAscii")
+                                                                          : std::string(row.param);
                          });
 
 } // namespace
