@@ -454,7 +454,7 @@ TEST_F(MainWindowTest, AScreenReaderHearsEveryControlByItsCurrentCaption) {
     };
     for (const auto& [name, kind, text] : heard) {
         EXPECT_EQ(QAccessible::queryAccessibleInterface(Child(name))->text(kind),
-                  QLatin1String(text))
+                  QString::fromLatin1(text))
             << name;
     }
     EXPECT_EQ(
