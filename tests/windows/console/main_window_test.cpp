@@ -19,6 +19,7 @@
 #include <QPushButton>
 #include <QScopeGuard>
 #include <QScrollBar>
+#include <QSet>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
@@ -400,6 +401,23 @@ TEST_F(MainWindowTest, AHeldLensButtonStopsOnlyAtTheReleaseWhereverItLands) {
     mouse(QEvent::MouseButtonPress, Qt::RightButton, inside);
     EXPECT_EQ(keyboard_->Command1, 0x00) << "the right button does nothing";
     mouse(QEvent::MouseButtonRelease, Qt::RightButton, inside);
+}
+
+// Tab takes the operator to every box and list of the main window; that Tab and Shift+Tab
+// leave each control again, the retransmit box among them, is AccessibilityTest's.
+TEST_F(MainWindowTest, TabReachesEveryBoxAndList) {
+    Start("D");
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    QSet<QString> reached;
+    for (int i = 0; i < 40; ++i) {
+        reached << QApplication::focusWidget()->objectName();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    }
+    for (const char* name : {"AddressCOM1_TextBox", "AddressCOM2_TextBox", "AccessResponseTextBox",
+                             "RetransmitTimeTextBox", "LensSpeedList", "PresetNumberTextBox",
+                             "PatternNumberListBox", "AuxNumberTextBox", "ZoneNumberList"}) {
+        EXPECT_TRUE(reached.contains(QLatin1String(name))) << name;
+    }
 }
 
 TEST_F(MainWindowTest, EachEnabledMenuOpensByAltAndItsLetter) {
