@@ -69,9 +69,10 @@ TEST_P(KeyboardVocabularyTest, EverythingTheKeyboardSendsDecodesToWords) {
 }
 
 INSTANTIATE_TEST_SUITE_P(EveryMode, KeyboardVocabularyTest,
-                         ::testing::Values("D", "P", "ASCII", "MUX ASCII"), [](const auto& row) {
-                             return std::string(row.param) == "MUX ASCII" ? std::string("MuxAscii")
-                                                                          : std::string(row.param);
+                         ::testing::Values("D", "P", "ASCII", "MUX ASCII"), [](const auto& param) {
+                             return std::string(param.param) == "MUX ASCII"
+                                        ? std::string("MuxAscii")
+                                        : std::string(param.param);
                          });
 
 } // namespace
