@@ -467,6 +467,7 @@ TEST_F(MainWindowTest, AScreenReaderHearsEveryControlByItsCurrentCaption) {
         {"AccessResponseTextBox", QAccessible::Name, "P Response"},
         {"AccessResponseTextBox", QAccessible::Value, " A2"},
         {"AddressCOM1_TextBox", QAccessible::Name, "Address COM1"},
+        {"AddressCOM1Label", QAccessible::Name, "Address COM1"},
         {"COM1CommandLabel", QAccessible::Name, "COM1 Command Sent"},
         {"LensSpeedList", QAccessible::Name, "Lens Speed"},
     };
