@@ -31,6 +31,15 @@ protected:
         window_->show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(window_.get(), kExposeWait));
     }
+    // The main window on a keyboard whose ports `makeLine` makes (a simulated site, a
+    // device), shown; exposed when the test needs it so.
+    void LoadOn(LineFactory makeLine) {
+        window_.reset();
+        keyboard_ = std::make_unique<Quellpad_Support_Func>(makeLine);
+        window_ = std::make_unique<FrmMain>(*keyboard_);
+        window_->Form_Load();
+        window_->show();
+    }
     // Offscreen a window is exposed at once; on a display a window manager maps it, which
     // takes its time when the whole suite shares the machine's two cores.
     static constexpr int kExposeWait = 30000;

@@ -162,21 +162,25 @@ TEST_F(DispatcherTest, AuxPulseSetsThenClearsTheAux) {
 TEST_F(DispatcherTest, AsciiStopSubstitution) {
     struct Case {
         const char* name;
+        const QString& mode;
         const char* command;
+        const char* lastSent;
         bool portOpen;
         const char* after;
         QByteArray sentTwice; // what two ticks put on the wire
     };
     const Case cases[] = {
-        {"motion text becomes the stop, sent once", "25La", true, "sa", "sa"},
-        {"a switcher command stays and is not re-sent", "1Ma", true, "1Ma", ""},
-        {"no port open: anything becomes the stop", "1Ma", false, "sa", ""},
+        {"motion text becomes the stop, sent once", kModeAscii, "25La", "25La", true, "sa", "sa"},
+        {"a switcher command stays and is not re-sent", kModeAscii, "1Ma", "1Ma", true, "1Ma", ""},
+        {"no port open: anything becomes the stop", kModeAscii, "1Ma", "1Ma", false, "sa", ""},
+        {"MUX ASCII sends a change once, with no stop of its own", kModeMuxAscii, "dLm", "", true,
+         "dLm", "dLm"},
     };
-    keyboard_->CurrentMode = kModeAscii;
     for (const Case& c : cases) {
+        keyboard_->CurrentMode = c.mode;
         c.portOpen ? keyboard_->MSComm1().Open() : keyboard_->MSComm1().Close();
         keyboard_->AsciiCommand = QLatin1String(c.command);
-        keyboard_->LastAsciiCommand = QLatin1String(c.command);
+        keyboard_->LastAsciiCommand = QLatin1String(c.lastSent);
         Tick();
         Tick();
         EXPECT_EQ(keyboard_->AsciiCommand, QLatin1String(c.after)) << c.name;
@@ -214,14 +218,6 @@ TEST_F(DispatcherTest, AlarmRangeSendsEachAlarmOnceThenRestoresTheRange) {
         EXPECT_FALSE(keyboard_->AlarmTriggerPending || keyboard_->AlarmResetPending) << c.text;
         EXPECT_EQ(keyboard_->AlarmRangeStart, c.text[0] - '0') << "restored for the next use";
     }
-}
-
-TEST_F(DispatcherTest, MuxAsciiSendsChangesOnlyWithNoStopOfItsOwn) {
-    keyboard_->CurrentMode = kModeMuxAscii;
-    keyboard_->AsciiCommand = QStringLiteral("dLm");
-    Tick();
-    Tick();
-    EXPECT_EQ(com1_.Drain(10), QByteArray("dLm"));
 }
 
 } // namespace

@@ -254,17 +254,12 @@ TEST_F(OperatorInputTest, TheRunCommandsFirstStartAnswersEachCommandOnceAndReada
     ASSERT_EQ(prepare.exitCode(), 0) << prepare.readAllStandardError().toStdString();
     qunsetenv("QUELLPAD_COM1"); // the bindings file decides, as for scripts/run
     qunsetenv("QUELLPAD_COM2");
-    window_.reset();
-    keyboard_ =
-        std::make_unique<Quellpad_Support_Func>([](int number) -> std::unique_ptr<SerialLine> {
-            if (IsSimulatedSiteBinding(ResolvePortBinding(number).binding)) {
-                return std::make_unique<site::SimulatedLine>(number);
-            }
-            return std::make_unique<SerialDevice>(number, QStringLiteral("/dev/quellpad-none"));
-        });
-    window_ = std::make_unique<FrmMain>(*keyboard_);
-    window_->Form_Load();
-    window_->show();
+    LoadOn([](int number) -> std::unique_ptr<SerialLine> {
+        if (IsSimulatedSiteBinding(ResolvePortBinding(number).binding)) {
+            return std::make_unique<site::SimulatedLine>(number);
+        }
+        return std::make_unique<SerialDevice>(number, QStringLiteral("/dev/quellpad-none"));
+    });
     EXPECT_TRUE(Child<QAction>("Com1Option")->isChecked());
     EXPECT_FALSE(Child<QAction>("Com2Option")->isChecked());
     EXPECT_EQ(keyboard_->MSComm2().Device(), keyboard_->MSComm1().Device())
@@ -285,17 +280,12 @@ TEST_F(OperatorInputTest, TheRunCommandsFirstStartAnswersEachCommandOnceAndReada
 TEST_F(OperatorInputTest, AControlUsedWithNoPortOpenSaysOnceWhichPortsAreClosedAndHowToOpen) {
     Bind(1, kSimulatedSiteBinding);
     WriteSettings("2400\r\nn\r\nFalse\r\n1 2\r\nD\r\nNone\r\n");
-    window_.reset();
-    keyboard_ =
-        std::make_unique<Quellpad_Support_Func>([](int number) -> std::unique_ptr<SerialLine> {
-            if (IsSimulatedSiteBinding(ResolvePortBinding(number).binding)) {
-                return std::make_unique<site::SimulatedLine>(number);
-            }
-            return std::make_unique<SerialDevice>(number, DeviceForPort(number));
-        });
-    window_ = std::make_unique<FrmMain>(*keyboard_);
-    window_->Form_Load();
-    window_->show();
+    LoadOn([](int number) -> std::unique_ptr<SerialLine> {
+        if (IsSimulatedSiteBinding(ResolvePortBinding(number).binding)) {
+            return std::make_unique<site::SimulatedLine>(number);
+        }
+        return std::make_unique<SerialDevice>(number, DeviceForPort(number));
+    });
     auto* notice = Child<QLabel>("StartNoticeLabel");
     const QString told = QStringLiteral("Nothing was sent: COM 1 (simulated site) and COM 2 (%1) "
                                         "are closed; open COM 1 or COM 2 in the Options menu.")

@@ -1,4 +1,4 @@
-#include "fixtures.h"
+#include "main_window_fixture.h"
 #include "protocol/frames.h"
 
 #include "console/frm_main.h"
@@ -26,51 +26,35 @@ namespace quellpad::test {
 namespace {
 
 // The real main window with both COM ports on simulated sites.
-class SimulatedDriveTest : public ::testing::Test {
+class SimulatedDriveTest : public MainWindowFixture {
 protected:
     void Start(const char* mode, const char* enabled = "1 2") {
-        qputenv("QUELLPAD_SETTINGS_DIR", dir_.path().toLocal8Bit());
-        qputenv("XDG_CONFIG_HOME", QFile::encodeName(dir_.filePath(QStringLiteral("config"))));
-        qputenv("QUELLPAD_COM1", "sim");
-        qputenv("QUELLPAD_COM2", "sim");
-        QFile file(QDir(dir_.path()).filePath(QStringLiteral("Settings.dat")));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(QByteArray("2400\r\nn\r\nFalse\r\n1 2\r\n") + mode + "\r\n" + enabled + "\r\n");
-        file.close();
-        keyboard_ = std::make_unique<Quellpad_Support_Func>(&site::MakeLine);
-        window_ = std::make_unique<FrmMain>(*keyboard_);
-        window_->Form_Load();
-        window_->show();
+        Bind(1, QStringLiteral("sim"));
+        Bind(2, QStringLiteral("sim"));
+        WriteSettings(QByteArray("2400\r\nn\r\nFalse\r\n1 2\r\n") + mode + "\r\n" + enabled +
+                      "\r\n");
+        LoadOn(&site::MakeLine);
         ASSERT_TRUE(QTest::qWaitForWindowExposed(window_.get()));
         ASSERT_TRUE(keyboard_->MSComm1().IsOpen());
         ASSERT_EQ(keyboard_->MSComm2().IsOpen(), QByteArray(enabled) == "1 2");
         ASSERT_EQ(keyboard_->MSComm1().Device(), QStringLiteral("simulated site"));
     }
-    void TearDown() override {
-        window_.reset();
-        keyboard_.reset();
-    }
     const site::Site& Site1() {
         return dynamic_cast<site::SimulatedLine&>(keyboard_->MSComm1()).Equipment();
     }
     QString Responses() const {
-        return window_->findChild<QPlainTextEdit*>(QStringLiteral("AccessResponseTextBox"))
-            ->toPlainText();
+        return Child<QPlainTextEdit>("AccessResponseTextBox")->toPlainText();
     }
     static double Turned(double from, double to) {
         const double d = std::fmod(to - from + 540.0, 360.0) - 180.0;
         return d;
     }
-
-    QTemporaryDir dir_;
-    std::unique_ptr<Quellpad_Support_Func> keyboard_;
-    std::unique_ptr<FrmMain> window_;
 };
 
 TEST_F(SimulatedDriveTest, JoystickHeldRightPansTheCameraAndThePanQueryReportsIt) {
     // COM 2 closed: two sites answering at once interleave their bytes in the one box.
     Start("D", "1");
-    QWidget* square = window_->findChild<QWidget*>(QStringLiteral("Joystick_Square"));
+    QWidget* square = Child("Joystick_Square");
     const QPoint right = square->rect().center() + QPoint(square->width() / 4, 0);
     const double before = Site1().Camera(1).Pan();
     QTest::mousePress(square, Qt::LeftButton, {}, right);
@@ -99,7 +83,7 @@ TEST_F(SimulatedDriveTest, JoystickHeldRightPansTheCameraAndThePanQueryReportsIt
 TEST_F(SimulatedDriveTest, PresetStoredWithItsLabelAndRecalledThroughTheButtons) {
     Start("D");
     keyboard_->LabelText = QStringLiteral("DOCK");
-    auto* number = window_->findChild<QLineEdit*>(QStringLiteral("PresetNumberTextBox"));
+    auto* number = Child<QLineEdit>("PresetNumberTextBox");
     number->clear();
     QTest::keyClicks(number, QStringLiteral("5"));
     const auto click = [this](const char* button) {
@@ -142,7 +126,7 @@ TEST_F(SimulatedDriveTest, MonitorAndCameraSelectedOnTheSwitcherThroughTheButton
 TEST_F(SimulatedDriveTest, SiteWindowIsMadeAtTheFirstRequestAndSitsBesideTheKeyboard) {
     Start("D");
     EXPECT_EQ(window_->findChild<QWidget*>(QStringLiteral("FrmSimulatedSite")), nullptr);
-    window_->findChild<QAction*>(QStringLiteral("SimulatedSiteOption"))->trigger();
+    Choose("SimulatedSiteOption");
     auto* site = window_->findChild<QWidget*>(QStringLiteral("FrmSimulatedSite"));
     ASSERT_NE(site, nullptr);
     EXPECT_TRUE(site->isVisible());
@@ -159,7 +143,7 @@ TEST_F(SimulatedDriveTest, SiteWindowIsMadeAtTheFirstRequestAndSitsBesideTheKeyb
     auto* log = com1->findChild<QPlainTextEdit*>(QStringLiteral("CameraLogTextBox"));
     EXPECT_TRUE(log->toPlainText().contains(QStringLiteral("D: set pan 180.00")));
 
-    window_->findChild<QAction*>(QStringLiteral("SimulatedSiteOption"))->trigger();
+    Choose("SimulatedSiteOption");
     EXPECT_EQ(window_->findChildren<site_window::FrmSimulatedSite*>().size(), 1);
 }
 
@@ -169,8 +153,8 @@ TEST_F(SimulatedDriveTest, SiteWindowIsMadeAtTheFirstRequestAndSitsBesideTheKeyb
 // finds the site as it was left.
 TEST_F(SimulatedDriveTest, TheSiteWindowRewiresTheSiteAndTheNextStartKeepsIt) {
     Start("D");
-    window_->findChild<QAction*>(QStringLiteral("SimulatedSiteOption"))->trigger();
-    auto* panel = window_->findChild<QWidget*>(QStringLiteral("COM1SitePanel"));
+    Choose("SimulatedSiteOption");
+    auto* panel = Child("COM1SitePanel");
     auto* cameras = panel->findChild<QLineEdit*>(QStringLiteral("SiteCamerasTextBox"));
     auto* format = panel->findChild<QLineEdit*>(QStringLiteral("SiteLineSettingsTextBox"));
     auto* rewire = panel->findChild<QAbstractButton*>(QStringLiteral("RewireSiteButton"));
@@ -220,7 +204,7 @@ TEST_F(SimulatedDriveTest, TheSiteWindowRewiresTheSiteAndTheNextStartKeepsIt) {
 // while it is open brings up the site of the new line, never the one let go.
 TEST_F(SimulatedDriveTest, APortBoundAnewInTheSettingsWindowShowsItsNewSite) {
     Start("D");
-    window_->findChild<QAction*>(QStringLiteral("SimulatedSiteOption"))->trigger();
+    Choose("SimulatedSiteOption");
     QPointer<QWidget> before = window_->findChild<QWidget*>(QStringLiteral("FrmSimulatedSite"));
     qunsetenv("QUELLPAD_COM2");
     QTimer::singleShot(0, [] {
@@ -230,7 +214,7 @@ TEST_F(SimulatedDriveTest, APortBoundAnewInTheSettingsWindowShowsItsNewSite) {
         box->setCurrentIndex(box->findText(QStringLiteral("Simulated site")));
         settings->Save_Click();
     });
-    window_->findChild<QAction*>(QStringLiteral("Settings_Menu_Option"))->trigger();
+    Choose("Settings_Menu_Option");
 
     EXPECT_TRUE(before.isNull());
     auto* site = window_->findChild<QWidget*>(QStringLiteral("FrmSimulatedSite"));

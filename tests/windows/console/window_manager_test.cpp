@@ -163,13 +163,9 @@ TEST_F(WindowManagerTest, TheWindowAppearsOnceAtItsFinalSize) {
 TEST_F(WindowManagerTest, EveryWindowOpensWithinTheScreen) {
     // COM 1 on the simulated site, whose window then shows all its equipment.
     WriteSettings("2400\r\nn\r\nFalse\r\n1 2\r\nD\r\n1\r\n");
-    keyboard_ =
-        std::make_unique<Quellpad_Support_Func>([](int number) -> std::unique_ptr<SerialLine> {
-            return std::make_unique<site::SimulatedLine>(number);
-        });
-    window_ = std::make_unique<FrmMain>(*keyboard_);
-    window_->Form_Load();
-    window_->show();
+    LoadOn([](int number) -> std::unique_ptr<SerialLine> {
+        return std::make_unique<site::SimulatedLine>(number);
+    });
     Settled();
     const QRect screen = window_->screen()->availableGeometry();
     const QRect keyboard = window_->frameGeometry();

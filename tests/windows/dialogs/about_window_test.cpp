@@ -2,17 +2,9 @@
 #include "shown_messages.h"
 
 #include "dialogs/about.h"
-#include "dialogs/advanced_commands.h"
 #include "dialogs/build_version.h"
-#include "dialogs/extended_commands.h"
-#include "dialogs/menu_control.h"
-#include "dialogs/type_commands.h"
 
-#include <QAbstractButton>
-#include <QAccessible>
-#include <QComboBox>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 
 namespace quellpad::test {
@@ -35,37 +27,6 @@ TEST(AboutWindow, ShowsItsTitleAndTheBuildsVersion) {
     window.show();
     window.findChild<QPushButton*>(QStringLiteral("cmdOK"))->click();
     EXPECT_FALSE(window.isVisible());
-}
-
-class CommandWindowsKeyboardTest : public KeyboardFixture {};
-
-TEST_F(CommandWindowsKeyboardTest, EveryControlIsNamedAndEveryButtonReachableByKeyboard) {
-    LevelAdjusters levels;
-    FrmAdvancedCommands advanced(*keyboard_);
-    FrmExtendedCommands extended(*keyboard_, levels);
-    FrmTypeCmnds typed(*keyboard_);
-    frmMenuControl menu(*keyboard_);
-    frmAbout about;
-    for (QDialog* window :
-         std::initializer_list<QDialog*>{&advanced, &extended, &typed, &menu, &about}) {
-        const std::string name = window->objectName().toStdString();
-        EXPECT_FALSE(name.empty());
-        for (QWidget* control : window->findChildren<QWidget*>()) {
-            const bool operable = qobject_cast<QAbstractButton*>(control) ||
-                                  qobject_cast<QLineEdit*>(control) ||
-                                  qobject_cast<QComboBox*>(control);
-            if (!operable || control->objectName().startsWith(u"qt_")) {
-                continue;
-            }
-            const std::string what = name + "/" + control->objectName().toStdString();
-            EXPECT_FALSE(control->objectName().isEmpty()) << what;
-            // What a screen reader hears: the caption, or the buddy label's text.
-            const QAccessibleInterface* heard = QAccessible::queryAccessibleInterface(control);
-            ASSERT_NE(heard, nullptr) << what;
-            EXPECT_FALSE(heard->text(QAccessible::Name).isEmpty()) << what;
-            EXPECT_TRUE(control->focusPolicy() & Qt::TabFocus) << what;
-        }
-    }
 }
 
 } // namespace

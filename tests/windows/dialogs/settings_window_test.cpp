@@ -77,19 +77,22 @@ TEST_F(SettingsWindowTest, AValueMatchingNoButtonSelectsNone) {
     }
 }
 
+// The window opens on the baud rate in use, and the arrows choose as they move.
 TEST_F(SettingsWindowTest, EveryChoiceIsReachedByKeyboardTabBetweenGroupsArrowsWithin) {
+    WriteSettings("4800\r\nn\r\nFalse\r\n1 2\r\nD\r\nNone\r\n");
     frmSettings window(*keyboard_);
     window.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    Child<QRadioButton>(window, "BR2400")->setFocus();
+    ASSERT_NE(QApplication::focusWidget(), nullptr);
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), u"BR4800") << "the checked baud rate";
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
-    EXPECT_EQ(keyboard_->BaudRate, QStringLiteral("4800"));
+    EXPECT_EQ(keyboard_->BaudRate, QStringLiteral("9600"));
     QStringList visited;
     for (int i = 0; i < 5; ++i) {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         visited << QApplication::focusWidget()->objectName();
     }
-    EXPECT_EQ(visited, QStringList({"P_None", "RTS_CheckBox", "Save", "Cancel", "BR4800"}));
+    EXPECT_EQ(visited, QStringList({"P_None", "RTS_CheckBox", "Save", "Cancel", "BR9600"}));
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
     EXPECT_EQ(keyboard_->Parity, QStringLiteral("o"));
