@@ -1,6 +1,7 @@
 // Renders the bus tools offscreen for the README: the "Traffic" window listening to a bus
-// of three domes, or "Scan for Receivers" having found the site's cameras.
-// Usage: quellpad_bus_screenshot listen|scan OUTPUT.png
+// of three domes (one of them mute with listen-mute, which the listen line diagnoses), or
+// "Scan for Receivers" having found the site's cameras.
+// Usage: quellpad_bus_screenshot listen|listen-mute|scan OUTPUT.png
 #include "engine/keyboard_state.h"
 #include "protocol/frames.h"
 #include "protocol/vocabulary.h"
@@ -31,8 +32,10 @@ int Save(QWidget& window, const char* path) {
     return window.grab().save(QString::fromLocal8Bit(path)) ? 0 : 1;
 }
 
-// Three domes spoken to on a bus the window listens to, through a pseudo-terminal.
-int Listen(QApplication& app, quellpad::Quellpad_Support_Func& keyboard, const char* path) {
+// Three domes spoken to on a bus the window listens to, through a pseudo-terminal; with
+// `muted`, the dome at 200 obeys but never answers, and the listen line says so.
+int Listen(QApplication& app, quellpad::Quellpad_Support_Func& keyboard, const char* path,
+           bool muted) {
     int bus = -1;
     int device = -1;
     char name[256] = {};
@@ -55,7 +58,7 @@ int Listen(QApplication& app, quellpad::Quellpad_Support_Func& keyboard, const c
                 ? quellpad::protocol::BuildDFrame(address, 0, code::kQueryPan, 0, 0)
                 : quellpad::protocol::BuildDFrame(address, 0, quellpad::protocol::bit::kPanRight,
                                                   static_cast<std::uint8_t>(8 * (step % 8)), 0);
-        if (step % 4 == 3) {
+        if (step % 4 == 3 && !(muted && address == 200)) {
             bytes += quellpad::protocol::BuildDReply(address, code::kPanReply, 4500 + 100 * step);
         }
         ++step;
@@ -64,8 +67,8 @@ int Listen(QApplication& app, quellpad::Quellpad_Support_Func& keyboard, const c
         }
     });
     talk.start(40);
-    const int status =
-        quellpad::screenshots::SaveWhenSettled(window, QString::fromLocal8Bit(path), 2500);
+    const int status = quellpad::screenshots::SaveWhenSettled(window, QString::fromLocal8Bit(path),
+                                                              muted ? 6000 : 2500);
     close(bus);
     close(device);
     return status;
@@ -99,8 +102,9 @@ int Scan(QApplication& app, quellpad::Quellpad_Support_Func& keyboard, const cha
 } // namespace
 
 int main(int argc, char* argv[]) {
-    if (argc != 3 || (std::strcmp(argv[1], "listen") != 0 && std::strcmp(argv[1], "scan") != 0)) {
-        std::fprintf(stderr, "usage: %s listen|scan OUTPUT.png\n", argv[0]);
+    const std::string what = argc == 3 ? argv[1] : "";
+    if (what != "listen" && what != "listen-mute" && what != "scan") {
+        std::fprintf(stderr, "usage: %s listen|listen-mute|scan OUTPUT.png\n", argv[0]);
         return 2;
     }
     quellpad::screenshots::DrawOffscreen();
@@ -109,6 +113,6 @@ int main(int argc, char* argv[]) {
     quellpad::SerialLine& line = keyboard.Port(1);
     line.SetSettings(QStringLiteral("2400,n,8,1"));
     line.Open();
-    return std::strcmp(argv[1], "listen") == 0 ? Listen(app, keyboard, argv[2])
-                                               : Scan(app, keyboard, argv[2]);
+    return what != "scan" ? Listen(app, keyboard, argv[2], what == "listen-mute")
+                          : Scan(app, keyboard, argv[2]);
 }
