@@ -292,7 +292,7 @@ TEST(ServedLines, AControllerThatStopsSendingIsAnsweredAndTheNextStartsClean) {
     ASSERT_TRUE(WaitUntil(
         [&] { return !told.events.empty() && told.events.back().meaning == "controller left"; }));
     const int second = open();
-    ::write(second, "1Ma", 3);
+    ASSERT_EQ(::write(second, "1Ma", 3), 3);
     QByteArray unasked;
     WaitUntil(
         [&] {
