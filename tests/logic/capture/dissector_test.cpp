@@ -60,7 +60,12 @@ std::vector<std::string> Session(const QString& mode) {
             writes.push_back("12" + mnemonic);
             for (const char prefix : std::string("~d<>")) {
                 writes.push_back(std::string(1, prefix) + mnemonic);
-                writes.push_back("7" + std::string(1, prefix) + mnemonic);
+                // Appended piece by piece: GCC 12 at -O3 misreads "7" + std::string&& as an
+                // overlapping copy.
+                std::string numbered = "7";
+                numbered += prefix;
+                numbered += mnemonic;
+                writes.push_back(numbered);
             }
         }
     }
