@@ -131,6 +131,9 @@ TEST_F(CommandWindowsTest, ACommandWindowBlocksTheKeyboardButNotTheWindowsBeside
     auto* traffic = window_->findChild<QWidget*>(QStringLiteral("FrmTraffic"));
     ASSERT_NE(traffic, nullptr);
     auto* pause = traffic->findChild<QPushButton*>(QStringLiteral("PauseButton"));
+    // Clicked where the operator sees it: once the window is shown and laid out.
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(traffic));
+    QCoreApplication::processEvents();
     for (const char* item : {"AdvancedCommandsOption", "MenuControlOption"}) {
         const bool paused = pause->isChecked();
         const bool opened = WhileOpen([&] { Choose(item); },
