@@ -31,7 +31,7 @@ using namespace quellpad;
 // Polls a capture lasts at most: more than the diagnosis is given to decide.
 constexpr int kPolls = 80;
 
-struct Spec {
+struct Recipe {
     QString name; // the file's name
     QStringList faults;
     QStringList expected; // verdicts that are right
@@ -46,29 +46,29 @@ struct Spec {
 // One capture being made: a keyboard's peer on a served site, the tap's bytes written down.
 class Capture {
 public:
-    Capture(const Spec& spec, const QString& path)
-        : spec_(spec), site_({spec.cameras, false, false}, {spec.equipmentBaud}),
+    Capture(const Recipe& recipe, const QString& path)
+        : recipe_(recipe), site_({recipe.cameras, false, false}, {recipe.equipmentBaud}),
           peer_(site_, QStringLiteral("keyboard")), file_(path) {
         site::SiteFaults faults;
-        faults.seed = spec.seed;
-        for (const QString& text : spec.faults) {
+        faults.seed = recipe.seed;
+        for (const QString& text : recipe.faults) {
             site::SiteFault fault;
             if (site::ParseSiteFault(text, fault)) {
                 faults.faults.push_back(fault);
             }
         }
         site_.SetFaults(faults);
-        peer_.SetControllerFormat({spec.baud});
+        peer_.SetControllerFormat({recipe.baud});
         file_.open(QIODevice::WriteOnly | QIODevice::Truncate);
         out_.setDevice(&file_);
-        out_ << "# expect " << spec.expected.join(u',') << "\n# faults " << spec.faults.join(u' ')
-             << "\n# settings " << spec.baud << ",n,8,1\n";
+        out_ << "# expect " << recipe.expected.join(u',') << "\n# faults "
+             << recipe.faults.join(u' ') << "\n# settings " << recipe.baud << ",n,8,1\n";
         QObject::connect(
             &site_, &site_server::ServedSite::OnWire,
             [this](const QByteArray& bytes, const site::LineFormat& sent, bool inverted) {
                 // The listener has found the keyboard's settings.
                 const std::string heard =
-                    site::ReceivedAs(bytes.toStdString(), sent, {spec_.baud}, inverted);
+                    site::ReceivedAs(bytes.toStdString(), sent, {recipe_.baud}, inverted);
                 out_ << "b " << QByteArray::fromStdString(heard).toHex() << '\n';
             });
     }
@@ -79,10 +79,11 @@ public:
             return;
         }
         if (step_ > 0) {
-            out_ << "t " << spec_.pollSeconds << '\n';
+            out_ << "t " << recipe_.pollSeconds << '\n';
         }
-        const int camera = spec_.cameras[static_cast<std::size_t>(step_) % spec_.cameras.size()];
-        peer_.Hear(protocol::AsBytes(bus::PollFrame(spec_.language, camera)));
+        const int camera =
+            recipe_.cameras[static_cast<std::size_t>(step_) % recipe_.cameras.size()];
+        peer_.Hear(protocol::AsBytes(bus::PollFrame(recipe_.language, camera)));
         ++step_;
         if (Done()) {
             out_.flush();
@@ -90,7 +91,7 @@ public:
     }
 
 private:
-    Spec spec_;
+    Recipe recipe_;
     site_server::ServedSite site_;
     site_server::Peer peer_;
     QFile file_;
@@ -98,8 +99,8 @@ private:
     int step_ = 0;
 };
 
-std::vector<Spec> Specs(bool heldOut) {
-    std::vector<Spec> specs;
+std::vector<Recipe> Recipes(bool heldOut) {
+    std::vector<Recipe> recipes;
     std::mt19937 random(heldOut ? 9001 : 17);
     const std::vector<std::vector<int>> cameraSets =
         heldOut ? std::vector<std::vector<int>>{{2, 9, 31}, {40, 41, 42, 43}, {7, 120}}
@@ -131,26 +132,27 @@ std::vector<Spec> Specs(bool heldOut) {
             }
             for (const int baud : bauds) {
                 for (int repeat = 0; repeat < 2; ++repeat) {
-                    Spec spec;
-                    spec.language = language;
-                    spec.baud = baud;
-                    spec.equipmentBaud = baud;
-                    spec.cameras =
+                    Recipe recipe;
+                    recipe.language = language;
+                    recipe.baud = baud;
+                    recipe.equipmentBaud = baud;
+                    recipe.cameras =
                         cameraSets[static_cast<std::size_t>(index++) % cameraSets.size()];
-                    spec.seed = static_cast<std::uint32_t>(random());
-                    spec.pollSeconds =
+                    recipe.seed = static_cast<std::uint32_t>(random());
+                    recipe.pollSeconds =
                         (heldOut ? 0.15 : 0.1) + 0.05 * static_cast<double>(random() % 3);
-                    const int a = spec.cameras[random() % spec.cameras.size()];
-                    int c = spec.cameras[random() % spec.cameras.size()];
+                    const int a = recipe.cameras[random() % recipe.cameras.size()];
+                    int c = recipe.cameras[random() % recipe.cameras.size()];
                     if (c == a) {
-                        c = spec.cameras[(std::find(spec.cameras.begin(), spec.cameras.end(), a) -
-                                          spec.cameras.begin() + 1) %
-                                         static_cast<long>(spec.cameras.size())];
+                        c = recipe.cameras[(std::find(recipe.cameras.begin(), recipe.cameras.end(),
+                                                      a) -
+                                            recipe.cameras.begin() + 1) %
+                                           static_cast<long>(recipe.cameras.size())];
                     }
                     const int b = 250 - static_cast<int>(random() % 20);
                     QString fault = QString::fromLatin1(kind.fault);
                     if (fault == "settings") {
-                        spec.equipmentBaud =
+                        recipe.equipmentBaud =
                             bauds[(std::find(std::begin(bauds), std::end(bauds), baud) -
                                    std::begin(bauds) + 1 + random() % 3) %
                                   4];
@@ -161,19 +163,19 @@ std::vector<Spec> Specs(bool heldOut) {
                     fault.replace("=C", QStringLiteral("=%1").arg(c));
                     fault.replace("=N", QStringLiteral("=%1").arg(
                                             0.02 + 0.01 * static_cast<double>(random() % 4)));
-                    spec.faults = fault.split(u' ', Qt::SkipEmptyParts);
-                    spec.expected = QString::fromLatin1(kind.expected).split(u',');
-                    spec.name = QStringLiteral("%1-%2-%3-%4.cap")
-                                    .arg(QString::fromLatin1(kind.expected).replace(u',', u'+'))
-                                    .arg(language == protocol::Language::D ? "D" : "P")
-                                    .arg(baud)
-                                    .arg(spec.seed);
-                    specs.push_back(spec);
+                    recipe.faults = fault.split(u' ', Qt::SkipEmptyParts);
+                    recipe.expected = QString::fromLatin1(kind.expected).split(u',');
+                    recipe.name = QStringLiteral("%1-%2-%3-%4.cap")
+                                      .arg(QString::fromLatin1(kind.expected).replace(u',', u'+'))
+                                      .arg(language == protocol::Language::D ? "D" : "P")
+                                      .arg(baud)
+                                      .arg(recipe.seed);
+                    recipes.push_back(recipe);
                 }
             }
         }
     }
-    return specs;
+    return recipes;
 }
 
 int Generate(const QString& folder) {
@@ -182,8 +184,8 @@ int Generate(const QString& folder) {
     for (const bool heldOut : {false, true}) {
         const QString sub = folder + (heldOut ? "/held-out" : "/tuning");
         QDir().mkpath(sub);
-        for (const Spec& spec : Specs(heldOut)) {
-            captures.push_back(std::make_unique<Capture>(spec, sub + u'/' + spec.name));
+        for (const Recipe& recipe : Recipes(heldOut)) {
+            captures.push_back(std::make_unique<Capture>(recipe, sub + u'/' + recipe.name));
             ++count;
         }
     }
